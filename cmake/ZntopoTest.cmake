@@ -1,0 +1,17 @@
+# zntopo_test(<name> TOP <floor> SOURCES ... [LIBRARIES ...])
+#
+# Builds the test program <name>_test on the objects of every floor up to TOP.
+# Below api/, where the upward seam of the model is defined, the recording
+# fake of tests/support/ stands in for it.
+function(zntopo_test name)
+  cmake_parse_arguments(TEST "" "TOP" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name}_test ${TEST_SOURCES})
+  zntopo_link_floors(${name}_test ${TEST_TOP})
+  if(TEST_TOP MATCHES "^(model|store|cache)$")
+    target_link_libraries(${name}_test PRIVATE zntopo_fake_gateway)
+  endif()
+  target_link_libraries(${name}_test PRIVATE zntopo_test_support GTest::gmock GTest::gtest_main ${TEST_LIBRARIES})
+  target_compile_definitions(${name}_test PRIVATE
+    ZNTOPO_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZNTOPO_BUILD_DIR="${PROJECT_BINARY_DIR}")
+  gtest_discover_tests(${name}_test DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300 LABELS ${name})
+endfunction()
