@@ -1,0 +1,24 @@
+# What `cmake --install` puts in place for users of the library: the library, its public headers,
+# find_package(zntopo) and a pkg-config file.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS zntopo EXPORT zntopoTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+
+# The public headers: those of the floors that users meet, without the detail/ folders.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/zntopo/
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zntopo
+  FILES_MATCHING PATTERN "*.h"
+  PATTERN "detail" EXCLUDE)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zntopo)
+install(EXPORT zntopoTargets NAMESPACE zntopo:: DESTINATION ${package_dir})
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/zntopoConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/zntopoConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/zntopoConfigVersion.cmake
+  COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/zntopoConfig.cmake ${PROJECT_BINARY_DIR}/zntopoConfigVersion.cmake
+  DESTINATION ${package_dir})
+
+configure_file(${PROJECT_SOURCE_DIR}/cmake/zntopo.pc.in ${PROJECT_BINARY_DIR}/zntopo.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/zntopo.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
