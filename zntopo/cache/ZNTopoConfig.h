@@ -1,0 +1,94 @@
+#pragma once
+
+#include <atomic>
+
+#include "zntopo/platform/Export.h"
+
+namespace zntopo {
+
+/// The limits and switches of the topology cache, and what is loaded together with nodes.
+///
+/// A value, copied as a whole. Each field may be read and written by several threads at once,
+/// so that the live record of the cache can be changed while queries run; a copy of a record
+/// that is being changed can hold some fields of before and some of after.
+///
+/// Sizes are numbers of objects; a kind with a size of 0 or less is not cached at all.
+class ZNTOPO_EXPORT ZNTopoConfig {
+ public:
+  int getNodeCacheSize() const { return nodeCacheSize; }
+  void setNodeCacheSize(int size) { nodeCacheSize = size; }
+  int getInterfaceCacheSize() const { return interfaceCacheSize; }
+  void setInterfaceCacheSize(int size) { interfaceCacheSize = size; }
+  int getAddressCacheSize() const { return addressCacheSize; }
+  void setAddressCacheSize(int size) { addressCacheSize = size; }
+  int getHsrpCacheSize() const { return hsrpCacheSize; }
+  void setHsrpCacheSize(int size) { hsrpCacheSize = size; }
+  int getHSRPCacheSize() const { return hsrpCacheSize; }
+  void setHSRPCacheSize(int size) { hsrpCacheSize = size; }
+  int getVlanCacheSize() const { return vlanCacheSize; }
+  void setVlanCacheSize(int size) { vlanCacheSize = size; }
+  int getIfcCacheSize() const { return ifcCacheSize; }
+  void setIfcCacheSize(int size) { ifcCacheSize = size; }
+  int getSubnetCacheSize() const { return subnetCacheSize; }
+  void setSubnetCacheSize(int size) { subnetCacheSize = size; }
+
+  /// Has no effect: a kind is switched off by a size of 0.
+  bool toUseCache() const { return useCache; }
+  void setUseCache(bool use) { useCache = use; }
+
+  /// Whether nodes are loaded together with their VLANs, containers and layer-2 connections.
+  bool toLoadNodeVlanInfo() const { return loadNodeVlanInfo; }
+  void setLoadNodeVlanInfo(bool load) { loadNodeVlanInfo = load; }
+  bool toLoadNodeIfcInfo() const { return loadNodeIfcInfo; }
+  void setLoadNodeIfcInfo(bool load) { loadNodeIfcInfo = load; }
+  bool toLoadNodeL2ConnectionInfo() const { return loadNodeL2ConnectionInfo; }
+  void setLoadNodeL2ConnectionInfo(bool load) { loadNodeL2ConnectionInfo = load; }
+
+  /// Whether the object that was used longest ago leaves a full cache; without it the object
+  /// with the lowest identifier does, even if it is the newest.
+  bool getEnableFIFOCacheSwap() const { return enableFIFOCacheSwap; }
+  void setEnableFIFOCacheSwap(bool enable) { enableFIFOCacheSwap = enable; }
+  /// Whether objects leave a full cache at all; without it the sizes do not bound anything.
+  bool getEnableCacheSwap() const { return enableCacheSwap; }
+  void setEnableCacheSwap(bool enable) { enableCacheSwap = enable; }
+  /// The same for addresses, which leave only if both switches are on.
+  bool getEnableAddressCacheSwap() const { return enableAddressCacheSwap; }
+  void setEnableAddressCacheSwap(bool enable) { enableAddressCacheSwap = enable; }
+
+ private:
+  /// A copyable number or truth value that threads may read and write at once.
+  template <typename T>
+  class Field {
+   public:
+    Field(T value) : value_(value) {}  // NOLINT(google-explicit-constructor)
+    Field(const Field& other) : value_(T(other)) {}
+    Field& operator=(const Field& other) { return *this = T(other); }
+    Field& operator=(T value) {
+      value_.store(value, std::memory_order_relaxed);
+      return *this;
+    }
+    operator T() const {  // NOLINT(google-explicit-constructor)
+      return value_.load(std::memory_order_relaxed);
+    }
+
+   private:
+    std::atomic<T> value_;
+  };
+
+  Field<int> nodeCacheSize = 10000;
+  Field<int> interfaceCacheSize = 15000;
+  Field<int> addressCacheSize = 15000;
+  Field<int> hsrpCacheSize = 500;
+  Field<int> vlanCacheSize = 500;
+  Field<int> ifcCacheSize = 500;
+  Field<int> subnetCacheSize = 500;
+  Field<bool> useCache = true;
+  Field<bool> loadNodeVlanInfo = true;
+  Field<bool> loadNodeIfcInfo = true;
+  Field<bool> loadNodeL2ConnectionInfo = true;
+  Field<bool> enableFIFOCacheSwap = false;
+  Field<bool> enableCacheSwap = true;
+  Field<bool> enableAddressCacheSwap = true;
+};
+
+}  // namespace zntopo
