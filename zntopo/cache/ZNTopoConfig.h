@@ -21,8 +21,6 @@ class ZNTOPO_EXPORT ZNTopoConfig {
   void setInterfaceCacheSize(int size) { interfaceCacheSize = size; }
   int getAddressCacheSize() const { return addressCacheSize; }
   void setAddressCacheSize(int size) { addressCacheSize = size; }
-  int getHsrpCacheSize() const { return hsrpCacheSize; }
-  void setHsrpCacheSize(int size) { hsrpCacheSize = size; }
   int getHSRPCacheSize() const { return hsrpCacheSize; }
   void setHSRPCacheSize(int size) { hsrpCacheSize = size; }
   int getVlanCacheSize() const { return vlanCacheSize; }
