@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <string>
 
 #include "zntopo/platform/Export.h"
@@ -7,6 +9,9 @@
 namespace zntopo {
 
 /// Logs the entry to and the exit from a scope at MC_INFO: "+name\n" and "-name\n".
+///
+/// Each end asks for itself whether the line is heard, so a level that is lowered within the
+/// scope shows the exit alone. A name of up to 95 characters costs no allocation.
 class ZNTOPO_EXPORT LogFunction {
  public:
   explicit LogFunction(const char* name);
@@ -14,6 +19,13 @@ class ZNTOPO_EXPORT LogFunction {
   ~LogFunction();
   LogFunction(const LogFunction&) = delete;
   LogFunction& operator=(const LogFunction&) = delete;
+
+ private:
+  LogFunction(const char* name, std::size_t length);
+
+  const char* myName;
+  std::unique_ptr<char[]> long_;
+  char short_[96];
 };
 
 }  // namespace zntopo

@@ -37,8 +37,9 @@ class ZNTOPO_EXPORT ObjID {
   /// Keeps the low 32 bits.
   ObjID(const int64& value);  // NOLINT(google-explicit-constructor)
   /// As the signed form of the same width.
-  ObjID(const unsigned& value);       // NOLINT(google-explicit-constructor)
-  ObjID(const unsigned long& value);  // NOLINT(google-explicit-constructor)
+  ObjID(const unsigned& value);            // NOLINT(google-explicit-constructor)
+  ObjID(const unsigned long& value);       // NOLINT(google-explicit-constructor)
+  ObjID(const unsigned long long& value);  // NOLINT(google-explicit-constructor)
   /// From a text, by the rules above; a null pointer is null.
   ObjID(const char* text);         // NOLINT(google-explicit-constructor)
   ObjID(const std::string& text);  // NOLINT(google-explicit-constructor)
@@ -48,6 +49,7 @@ class ZNTOPO_EXPORT ObjID {
 
   ObjID& operator=(const ObjID& other);
   ObjID& operator=(ObjID&& other) noexcept;
+  /// As the constructor of the same argument.
   ObjID& operator=(const unsigned long& value);
 
   /// True for the kind E_Null alone: the number 0 is not null.
@@ -55,7 +57,7 @@ class ZNTOPO_EXPORT ObjID {
   ObjType getIDType() const { return _objType; }
   /// A number: value rem 2048. A text: the sum of its characters rem 2048. A UUID: its hash.
   unsigned long getHash() const;
-  /// The number; what atol yields for a text; 0 for the others.
+  /// The number; what atol yields for a text, saturating at 32 bits; 0 for the others.
   long getLongValue() const;
   /// The text form, "NULL" for the null identifier.
   std::string getStrValue() const;
@@ -70,8 +72,10 @@ class ZNTOPO_EXPORT ObjID {
   friend ZNTOPO_EXPORT bool operator<(const ObjID& left, const ObjID& right);
 
  private:
-  void CreateObj(const char* text, std::size_t length);
+  void CreateObj(const char* text);
   void copyFrom(const ObjID& other);
+  void moveFrom(ObjID& other) noexcept;
+  void setLong(long value);
 
   union myId {
     std::int32_t _lid;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "zntopo/core/ObjID.h"
 
 namespace zntopo {

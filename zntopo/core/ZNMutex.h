@@ -14,6 +14,7 @@ class ZNTOPO_EXPORT ZNMutex {
 
   ZNMutex();
   ZNMutex(const ZNMutex& other);
+  /// Makes a new platform mutex. The old one is left alive, for a thread that may hold it.
   ZNMutex& operator=(const ZNMutex& other);
   ~ZNMutex();
 
@@ -27,16 +28,20 @@ class ZNTOPO_EXPORT ZNMutex {
   pthread_mutex_t* myMutex;
 };
 
-/// Holds a ZNMutex for a scope.
+/// Holds a ZNMutex for a scope; a null pointer holds nothing.
 class MutexLockInternal {
  public:
-  explicit MutexLockInternal(ZNMutex& mutex) : _pM(&mutex) { _pM->lock(); }
-  explicit MutexLockInternal(ZNMutex* mutex) : _pM(mutex) { _pM->lock(); }
-  ~MutexLockInternal() { _pM->unlock(); }
+  explicit MutexLockInternal(ZNMutex& mutex) : MutexLockInternal(&mutex) {}
+  explicit MutexLockInternal(ZNMutex* mutex) : _pM(mutex) {
+    if (_pM) _pM->lock();
+  }
+  ~MutexLockInternal() {
+    if (_pM) _pM->unlock();
+  }
   MutexLockInternal(const MutexLockInternal&) = delete;
 
  private:
-  MutexLockInternal& operator=(const MutexLockInternal&) = default;
+  MutexLockInternal& operator=(const MutexLockInternal&) = delete;
 
   ZNMutex* _pM;
 };
@@ -51,7 +56,8 @@ class ZNTOPO_EXPORT ZNConditionVar {
 
   void broadcast();
   void signal_new();
-  /// Waits with the mutex held by the caller.
+  /// Waits with the mutex held by the caller. It may wake without a signal, so the caller tests
+  /// its condition anew.
   void wait(ZNMutex& mutex);
 
  private:

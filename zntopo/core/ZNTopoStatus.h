@@ -1,5 +1,7 @@
 #pragma once
 
+#include "zntopo/platform/Export.h"
+
 namespace zntopo {
 
 /// The outcome of an operation. The numbers are exported values and never change.
@@ -62,5 +64,8 @@ enum ZNTopoStatus : int {
   ZN_API_SQL_CONSTRAINT_VIOLATION = 57,
   ZN_API_NONUNIQUE_NAME = 58,
 };
+
+/// The name of an enumerator, as "ZN_API_NO_PATH"; "" for a number that has none.
+ZNTOPO_EXPORT const char* statusName(ZNTopoStatus status);
 
 }  // namespace zntopo

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "zntopo/platform/Export.h"
@@ -45,7 +46,7 @@ class ZNTOPO_EXPORT MessageList_t {
   void Add(const Message_t& message);
   /// The number of messages.
   int GetMessageCount() const;
-  /// The message at an index from 0 to GetMessageCount() - 1.
+  /// The message at an index from 0 to GetMessageCount() - 1; an empty one for another index.
   const Message_t& GetMessage(int index) const;
   /// All texts in order, each with an end of line behind it; empty for an empty list.
   std::string Format(FormatFlags_e flags) const;

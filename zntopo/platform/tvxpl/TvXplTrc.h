@@ -11,7 +11,7 @@ namespace TvXplTrc {
 /// One traced subject, known by its trace name.
 class TraceObj_t {
  public:
-  explicit TraceObj_t(const char* name) : name_(name) {}
+  constexpr explicit TraceObj_t(const char* name) : name_(name) {}
 
   /// True if a trace of this category would be written anywhere.
   bool IsActive(int category) const;
@@ -27,14 +27,14 @@ class TraceObj_t {
 /// be used before and after every other static object.
 class TraceWrapper_t {
  public:
-  constexpr explicit TraceWrapper_t(const char* name) : name_(name) {}
+  constexpr explicit TraceWrapper_t(const char* name) : object_(name) {}
 
-  /// Makes the trace object; done by the first use as well.
+  /// Opens the trace; done by the first use as well.
   void InitObject() const;
-  operator const TraceObj_t&() const;  // NOLINT(google-explicit-constructor)
+  operator const TraceObj_t&() const { return object_; }  // NOLINT(google-explicit-constructor)
 
  private:
-  const char* name_;
+  TraceObj_t object_;
 };
 
 /// Marks entry to and exit from a block. Costs one test when the trace is off.
@@ -47,7 +47,7 @@ class BlockTrace_t {
   BlockTrace_t& operator=(const BlockTrace_t&) = delete;
 
  private:
-  const TraceWrapper_t* wrapper_ = nullptr;  // null while the trace is off
+  const TraceObj_t* object_ = nullptr;  // null while the trace is off
   const char* function_;
   int category_;
   const char* file_;
