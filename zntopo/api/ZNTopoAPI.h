@@ -1,0 +1,336 @@
+#pragma once
+
+#include <list>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "zntopo/api/BatchInfo.h"
+#include "zntopo/api/ZNAuditTrail.h"
+#include "zntopo/api/ZNTopoFilter.h"
+#include "zntopo/api/ZNTopologyInfo.h"
+#include "zntopo/cache/ZNTopoConfig.h"
+#include "zntopo/cache/ZNTopologyState.h"
+#include "zntopo/core/ObjID.h"
+#include "zntopo/core/ZNRefPtr.h"
+#include "zntopo/core/ZNTopoAPIStatus.h"
+#include "zntopo/model/EntityType.h"
+#include "zntopo/model/TopoDBType.h"
+#include "zntopo/model/ZNAddress.h"
+#include "zntopo/model/ZNConnData.h"
+#include "zntopo/model/ZNConnection.h"
+#include "zntopo/model/ZNEntity.h"
+#include "zntopo/model/ZNHSRP.h"
+#include "zntopo/model/ZNIfc.h"
+#include "zntopo/model/ZNInterface.h"
+#include "zntopo/model/ZNNode.h"
+#include "zntopo/model/ZNSubnet.h"
+#include "zntopo/model/ZNVlan.h"
+#include "zntopo/platform/Export.h"
+
+namespace zntopo {
+
+class ZNTopoAPI_Impl;
+
+/// The queries of the library on one table set of the store: what applications use.
+///
+/// All instances share one cache and one pool of connections, so an instance is cheap: make one
+/// for a call, or take a shared one from ZNTopoAPIDefaultFactory.
+///
+/// Nothing is thrown. Every query resets the status that it is given, and tells its outcome in
+/// it: ZN_API_DB_NOT_READY while the model may not be read, ZN_API_DB_CONNECTION_FAILURE and
+/// the ZN_API_SQL_... codes when the store fails, and what each operation says. On a failure the
+/// result is what stood at that moment: an empty or partial container, or a null handle.
+/// Containers belong to the caller; the objects in them are shared with the cache and with
+/// other callers. A route distinguisher of -1 means none.
+///
+/// Several threads may query one instance at once. The operations with XML filters (Parse...,
+/// ...ByTopoFilter, getNodesByRXName, getDefaultFileFilterName) keep their filters in the
+/// instance and are for one thread at a time.
+class ZNTOPO_EXPORT ZNTopoAPI {
+ public:
+  using ObjIDSet = std::set<ObjID>;
+  using OwnedIDList = std::unique_ptr<std::list<ObjID>>;
+  using OwnedNodeList = std::unique_ptr<std::list<ZNRefPtr<ZNNode>>>;
+  using OwnedInterfaceList = std::unique_ptr<std::list<ZNRefPtr<ZNInterface>>>;
+  using OwnedAddressVector = std::unique_ptr<std::vector<ZNRefPtr<ZNAddress>>>;
+  using OwnedSubnetList = std::unique_ptr<std::list<ZNRefPtr<ZNSubnet>>>;
+  using OwnedVlanList = std::unique_ptr<std::list<ZNRefPtr<ZNVlan>>>;
+  using OwnedIfcList = std::unique_ptr<std::list<ZNRefPtr<ZNIfc>>>;
+  using OwnedIfcInfoMap = std::unique_ptr<std::map<ObjID, ZNRefPtr<std::list<ZNIfcInfo>>>>;
+  using OwnedHSRPList = std::unique_ptr<std::list<ZNRefPtr<ZNHSRP>>>;
+  using OwnedConnectionList = std::unique_ptr<std::list<ZNConnection>>;
+  using OwnedConnDataVector = std::unique_ptr<std::vector<ZNRefPtr<ZNConnData>>>;
+  using OwnedAuditTrailVector = std::unique_ptr<std::vector<ZNRefPtr<ZNAuditTrail>>>;
+
+  /// What the identifier given to getHSRPObjIDsByIFAddressObjID() names.
+  enum GetHSRPObjIDsByIFAddressObjID_ObjType : int {
+    HSRP_Address = 0,
+    HSRP_Interface = 1,
+    HSRP_TrackInterface = 2
+  };
+
+  /// On the active tables.
+  ZNTopoAPI();
+  explicit ZNTopoAPI(TopoDBType theDBType);
+  /// Takes ownership of theImpl; with a null one, makes one for theDBType.
+  ZNTopoAPI(ZNTopoAPI_Impl* theImpl, TopoDBType theDBType);
+  virtual ~ZNTopoAPI();
+  ZNTopoAPI(const ZNTopoAPI&) = delete;
+
+  /// @name Process-wide settings
+  /// @{
+  /// Replaces the configuration of the one cache.
+  static void setTopoConfiguration(const ZNTopoConfig& theConfig);
+  /// The live record.
+  static ZNTopoConfig& getTopoConfiguration();
+  /// Sets the sizes of the cache, numbers of objects. Nothing changes if one of the first six
+  /// is negative; the last is ignored.
+  static void setCacheSize(int theNumOfNodes, int theNumOfInterfaces, int theNumOfAddresses,
+                           int theNumOfSubnets, int theNumOfVlans, int theNumOfHSRPs,
+                           int theNumOfIfcs);
+  /// Ends the notification side. Cache and pool live on until the process ends.
+  static void release();
+  /// "300".
+  std::string getTopoAPIVersion() const;
+  /// "300".
+  std::string getTopoSchemaVersion() const;
+  /// @}
+
+  /// @name State and cache
+  /// @{
+  /// The state row of the store, read anew and without a look at readiness. An empty or
+  /// half-filled row is no error: it gives UNKNOWN.
+  ZNTopologyState getTopologyState(ZNTopoAPIStatus& theStatus);
+  /// ZN_API_NOT_SUPPORTED_OPERATION, always; the status argument stays as it is.
+  ZNTopoStatus refreshTopology(ZNTopoAPIStatus& theStatus);
+  /// False if the cache's address map is unsound. Says nothing about readiness.
+  bool isCacheValid();
+  /// Empties the cache, containers excepted. The next query reads the store's state.
+  void clearCache();
+  /// Loads whole kinds of objects ahead of the queries. Returns the status of what failed first.
+  ZNTopoAPIStatus preLoadTopoCache(bool loadSwitchNode, bool loadRouterNode, bool loadVlan,
+                                   bool loadHSRP, bool loadConnectedInterfaces);
+  /// Changes a status of a cached object, in the cache alone.
+  void updateCacheObjectStatus(const ObjID& theObjID, bool isAddress, EntityType theEntityType,
+                               int tvwStatus, long statusChangeTimeUTC,
+                               ZNEntity::EntityStatusType entStatusType, ZNTopoAPIStatus& theStatus,
+                               bool isQRMID);
+  /// The counters of the stored topology. ZN_API_DB_NOT_READY while the model is not ready.
+  ZNTopologyInfo getTopologyInfo(ZNTopoAPIStatus& theStatus);
+  /// What discovery did to its objects between two times, seconds UTC; 0 leaves a side open.
+  OwnedAuditTrailVector getAuditTrail(long actionStartTime, long actionEndTime,
+                                      ZNAuditAction::Type actionType,
+                                      ZNAuditTrail::ObjectType objType, ZNTopoAPIStatus& theStatus);
+  /// @}
+
+  /// An object of any kind. Tries nodes, interfaces, HSRP groups, subnets and VLANs in this
+  /// order; null if all fail, with the status of the last attempt.
+  ZNRefPtr<ZNEntity> getEntityByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+
+  /// @name Nodes
+  /// @{
+  /// ZN_API_INVALID_ID for a null identifier and for whatever else goes wrong.
+  ZNRefPtr<ZNNode> getNodeByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  /// The same by the legacy identifier.
+  ZNRefPtr<ZNNode> getNodeByQRMObjID(const ObjID& theQRMObjID, ZNTopoAPIStatus& theStatus);
+  /// Nodes by their identifiers, or all of them.
+  ///
+  /// A request that the cache can serve wholly gives the cached nodes. Any other gives only the
+  /// nodes that were read from the store, and the cached ones count as not found.
+  /// @param theNotFoundIDs what was not delivered; of a request of more than 50 identifiers,
+  ///        what the last batch did not deliver.
+  /// @param toGetInterfaces has no effect.
+  /// @param isQRMID the identifiers are legacy identifiers.
+  /// @param getAllNodes ignores theNodeIDs; only then ipLevel and aRD restrict the result.
+  /// Errors: ZN_API_EMPTY_OBJID_LIST for no identifiers.
+  OwnedNodeList getNodesByObjIDList(const ObjIDSet& theNodeIDs, ObjIDSet& theNotFoundIDs,
+                                    ZNTopoAPIStatus& theStatus, bool toGetInterfaces, bool isQRMID,
+                                    bool getAllNodes, ZNEntity::IPLevel ipLevel, int aRD);
+  /// The one node of a text: an identifier, an IPv4 address, a name with a full stop, an IPv6
+  /// address, or else the beginning of a name.
+  ///
+  /// Without a route distinguisher an address is looked for among the public IPv4 addresses and
+  /// the IPv6 addresses, with one among the private ones of that domain. The text goes into
+  /// statements unescaped. Errors: ZN_API_ILLEGAL_INPUT for an empty text,
+  /// ZN_API_OBJ_NOT_EXIST, ZN_API_NONUNIQUE_NAME.
+  ZNRefPtr<ZNNode> getNodeByName(const std::string& theName, ZNTopoAPIStatus& theStatus, int theRD);
+  /// The nodes of an identifier, or of a pattern of names or IPv4 addresses.
+  /// Errors: ZN_API_ILLEGAL_INPUT for an empty text, ZN_API_OBJ_NOT_EXIST.
+  OwnedNodeList getNodesByRXName(const std::string& theName, ZNTopoAPIStatus& theStatus, int theRD);
+  /// A null handle, always; use getNodeByName(). The status stays as it is.
+  ZNRefPtr<ZNNode> getNodeByMmgtAddr(const std::string& theIP, int theRD,
+                                     ZNTopoAPIStatus& theStatus);
+  /// @}
+
+  /// @name Interfaces
+  /// @{
+  /// ZN_API_INVALID_ID for a null identifier and for whatever else goes wrong.
+  ZNRefPtr<ZNInterface> getInterfaceByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  /// Interfaces by their identifiers, or all that have a layer-2 connection. Cached ones come
+  /// first. Of a request of more than 50 identifiers, theNotFoundIDs is that of the last batch.
+  /// Errors: ZN_API_EMPTY_OBJID_LIST.
+  OwnedInterfaceList getInterfacesByObjIDList(const ObjIDSet& theIFIDs, ObjIDSet& theNotFoundIDs,
+                                              ZNTopoAPIStatus& theStatus, bool isQRMID,
+                                              bool getAllConnectedInterfaces);
+  /// The first interface of a name on a node, or of a description on any node.
+  /// Errors: ZN_API_ILLEGAL_INPUT, ZN_API_OBJ_NOT_EXIST, ZN_API_INVALID_ID.
+  ZNRefPtr<ZNInterface> getInterfaceByIfName(const std::string& theName,
+                                             const std::string& theNodeName,
+                                             ZNTopoAPIStatus& theStatus);
+  /// The first interface that owns an IPv4 address: the public one without a route
+  /// distinguisher. Errors: ZN_API_ILLEGAL_INPUT, ZN_API_OBJ_NOT_EXIST, ZN_API_INVALID_ID.
+  ZNRefPtr<ZNInterface> getInterfaceByIPV4(const std::string& theIP, ZNTopoAPIStatus& theStatus,
+                                           int theRD);
+  /// @}
+
+  /// @name Addresses
+  /// @{
+  /// Errors: ZN_API_INVALID_ID for a null or unknown identifier.
+  ZNRefPtr<ZNAddress> getAddressByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  /// Addresses by their identifiers, cached ones first; or all of a type.
+  /// Errors: ZN_API_EMPTY_OBJID_LIST, ZN_API_INVALID_ID.
+  OwnedAddressVector getAddrsByObjIDs(const std::list<ObjID>& theAddrObjIDs,
+                                      ZNTopoAPIStatus& theStatus, bool getAllAddresses,
+                                      ZNAddress::AddressType addrType);
+  ZNRefPtr<ZNAddress> getAddressByQRMObjID(const ObjID& theQRMObjID, ZNTopoAPIStatus& theStatus);
+  /// As getAddressByObjID(); ZN_API_INVALID_ID for an address that is not a monitored one.
+  ZNRefPtr<MonitoredInetAddressIPv6> getMonitoredIPv6AddressByObjID(const ObjID& theObjID,
+                                                                    ZNTopoAPIStatus& theStatus);
+  ZNRefPtr<MonitoredInetAddressIPv6> getMonitoredIPv6AddressByQRMObjID(const ObjID& theQRMObjID,
+                                                                       ZNTopoAPIStatus& theStatus);
+  /// The IPv6 addresses whose DNS name fits a pattern of the store's "like".
+  OwnedIDList getInetAddressIPv6IDsFromDNSExpression(const std::string& theExpression,
+                                                     ZNTopoAPIStatus& theStatus);
+  /// The DNS names of an IPv6 address. Errors: ZN_API_INVALID_ID for a null identifier.
+  std::unique_ptr<std::list<std::string>> resolveIPv6ToDNS(const ObjID& theObjID,
+                                                           ZNTopoAPIStatus& theStatus);
+  /// The first address of a text. Errors: ZN_API_ILLEGAL_INPUT, ZN_API_OBJ_NOT_EXIST.
+  ZNRefPtr<ZNAddress> getAddressByIP(const std::string& theIP, ZNTopoAPIStatus& theStatus,
+                                     int theRD);
+  /// @}
+
+  /// @name Subnets
+  /// @{
+  ZNRefPtr<ZNSubnet> getSubnetByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  OwnedSubnetList getSubnetsByObjIDList(const ObjIDSet& theSubnetIDs, ZNTopoAPIStatus& theStatus,
+                                        bool isQRMID, bool getAllSubnets, ZNEntity::IPLevel ipLevel,
+                                        int aRD);
+  ZNRefPtr<ZNSubnet> getSubnetByQRMObjID(const ObjID& theQRMObjID, ZNTopoAPIStatus& theStatus);
+  /// @}
+
+  /// @name VLANs, containers and HSRP groups
+  /// @{
+  ZNRefPtr<ZNVlan> getVlanByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  OwnedVlanList getVlansByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
+                                    ZNTopoAPIStatus& theStatus, bool getAllVlans, int aRD);
+  ZNRefPtr<ZNIfc> getIfcByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  OwnedIfcList getIfcsByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
+                                  ZNTopoAPIStatus& theStatus, bool getAll, int aRD);
+  OwnedIfcList getIfcsByType(const int& theIfcType, ZNTopoAPIStatus& theStatus, int aRD);
+  /// What containers hold, by node (useNodeAsKey) or by container; of all types with an
+  /// IFCType of 0. No identifiers give an empty map.
+  OwnedIfcInfoMap getIfcInfosByObjIDList(const ObjIDSet& theObjIDs, ZNTopoAPIStatus& theStatus,
+                                         bool useNodeAsKey, bool getAll, int IFCType);
+  OwnedHSRPList getHSRPsByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
+                                    ZNTopoAPIStatus& theStatus, bool getAllHSRPs, int aRD);
+  OwnedIDList getHSRPObjIDsByIFAddressObjID(const ObjID& theObjID,
+                                            GetHSRPObjIDsByIFAddressObjID_ObjType objType,
+                                            ZNTopoAPIStatus& theStatus);
+  /// @}
+
+  /// @name Attribute filters
+  /// Paging is not carried out: the batch is not looked at.
+  /// @{
+  OwnedIDList getNodeIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
+                                 BatchInfo* theBatch = nullptr);
+  OwnedNodeList getNodesByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
+                                 BatchInfo* theBatch = nullptr);
+  OwnedIDList getSubnetIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
+                                   BatchInfo* theBatch = nullptr);
+  OwnedIDList getAddressIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
+                                    BatchInfo* theBatch = nullptr);
+  OwnedIDList getEntityIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
+                                   BatchInfo* theBatch = nullptr);
+  /// @}
+
+  /// @name Connectivity
+  /// @{
+  /// The layer-2 connections within numHops of a node, each once.
+  /// Errors: those of getNodeByName(), ZN_API_INVALID_NUM_HOPS for 0 and less,
+  /// ZN_API_INCOMPLETE_NEIGHBOR_INFO with a partial list when maxNumNodes nodes are reached.
+  OwnedConnectionList getNodeNeighbors(const std::string& theNodeName, ZNTopoAPIStatus& theStatus,
+                                       int numHops, int maxNumNodes);
+  /// The interfaces that a frame crosses from one address to another.
+  /// @param theMaxDepth how many links at most.
+  /// @param toCrossRouter whether the way may pass through a router.
+  /// Errors: ZN_API_UNKNOWN_IP, ZN_API_NO_PATH, ZN_API_PATH_PROCESSING_ERROR.
+  OwnedInterfaceList getL2Path(const std::string& srcIP, const std::string& destIP, int theMaxDepth,
+                               ZNTopoAPIStatus& theStat, ZNAddress::AddressType addrType,
+                               bool toCrossRouter);
+  /// The same between two nodes, for the first pair of connected interfaces that has a path.
+  /// Errors: ZN_API_OBJ_NOT_EXIST, ZN_API_NO_PATH, ZN_API_PATH_PROCESSING_ERROR.
+  OwnedInterfaceList getL2PathBetweenNodes(const std::string& srcNodeName,
+                                           const std::string& destNodeName, int theMaxDepth,
+                                           ZNTopoAPIStatus& theStat,
+                                           ZNAddress::AddressType addrType, bool toCrossRouter);
+  /// The links between the interfaces of a path.
+  /// Errors: ZN_API_PATH_PROCESSING_ERROR for an empty path.
+  OwnedConnDataVector convertPathInterfaceListToConnDataList(
+      const std::list<ZNRefPtr<ZNInterface>>& ifList, ZNTopoAPIStatus& theStat);
+  /// The subnets within theNumHops subnet hops of an IPv6 node. The batch is not looked at.
+  OwnedIDList getNSubnetConnectivity(int theNumHops, const ObjID& theStartNodeID,
+                                     const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
+                                     BatchInfo* theBatch = nullptr);
+  /// The layer-2 connections around a set of nodes, one hop out.
+  OwnedConnectionList getConnectivity(const ObjIDSet& theNodeIdList, ObjIDSet& theNotFoundIDs,
+                                      ZNTopoAPIStatus& theStat, bool includeHopNodeFlag,
+                                      bool isQRMID);
+  /// @}
+
+  /// @name XML filters
+  /// The int results are numbers of ZNTopoStatus.
+  /// @{
+  int ParseDefaultFile(ZNTopoAPIStatus& theStatus);
+  int ParseXmlFile(const std::string& aFileName, ZNTopoAPIStatus& theStatus);
+  int ParseXmlString(const std::string& aXmlString, ZNTopoAPIStatus& theStatus);
+  std::map<std::string, std::pair<EntityType, std::string>> getDefaultFileFilterName(
+      ZNTopoAPIStatus& theStatus);
+  OwnedIDList getNodeIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  OwnedIDList getInterfaceIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  OwnedIDList getAddresseIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  OwnedIDList getObjIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  OwnedNodeList getNodesByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  OwnedInterfaceList getInterfacesByTopoFilter(const std::string& aFilter,
+                                               ZNTopoAPIStatus& theStatus);
+  OwnedAddressVector getAddressesByTopoFilter(const std::string& aFilter,
+                                              ZNTopoAPIStatus& theStatus);
+  OwnedNodeList ParseAndGetNodesByTopoFilter(const std::string& aXmlString,
+                                             const std::string& aFilter,
+                                             ZNTopoAPIStatus& theStatus);
+  OwnedInterfaceList ParseAndGetInterfacesByTopoFilter(const std::string& aXmlString,
+                                                       const std::string& aFilter,
+                                                       ZNTopoAPIStatus& theStatus);
+  OwnedAddressVector ParseAndGetAddressesByTopoFilter(const std::string& aXmlString,
+                                                      const std::string& aFilter,
+                                                      ZNTopoAPIStatus& theStatus);
+  /// @}
+
+ protected:
+  ZNTopoAPI_Impl* getImpl() const { return _impl; }
+
+ private:
+  ZNTopoAPI& operator=(const ZNTopoAPI&) = delete;
+
+  ZNTopoAPI_Impl* _impl;
+};
+
+}  // namespace zntopo
+
+/// "NT": the platform that this build counts as.
+extern "C" ZNTOPO_EXPORT const char* _TVgetURL_OS();
+/// 0: the number of the consolidated patch.
+extern "C" ZNTOPO_EXPORT int _TVgetConsolidatedPatchNum();

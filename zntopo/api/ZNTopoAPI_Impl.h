@@ -1,0 +1,379 @@
+#pragma once
+
+#include <list>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "zntopo/api/ZNTopoAPI.h"
+#include "zntopo/cache/ZNTopoCache.h"
+#include "zntopo/model/TopologyAttributeType.h"
+#include "zntopo/model/UserDefVar.h"
+#include "zntopo/platform/Export.h"
+#include "zntopo/platform/tvdbil/TvDbil.h"
+
+namespace zntopo {
+
+/// All query code on the tables of one set, behind the facade ZNTopoAPI, which tells what its
+/// operations do.
+///
+/// Several threads may query one instance at once: its table names are set once, and what is
+/// shared lies in the cache under the cache's lock.
+class ZNTOPO_EXPORT ZNTopoAPI_Impl {
+ public:
+  using ObjIDSet = ZNTopoAPI::ObjIDSet;
+  using OwnedIDList = ZNTopoAPI::OwnedIDList;
+  using OwnedNodeList = ZNTopoAPI::OwnedNodeList;
+  using OwnedInterfaceList = ZNTopoAPI::OwnedInterfaceList;
+  using OwnedAddressVector = ZNTopoAPI::OwnedAddressVector;
+  using OwnedSubnetList = ZNTopoAPI::OwnedSubnetList;
+  using OwnedVlanList = ZNTopoAPI::OwnedVlanList;
+  using OwnedIfcList = ZNTopoAPI::OwnedIfcList;
+  using OwnedIfcInfoMap = ZNTopoAPI::OwnedIfcInfoMap;
+  using OwnedHSRPList = ZNTopoAPI::OwnedHSRPList;
+  using OwnedConnectionList = ZNTopoAPI::OwnedConnectionList;
+  using OwnedConnDataVector = ZNTopoAPI::OwnedConnDataVector;
+  using OwnedAuditTrailVector = ZNTopoAPI::OwnedAuditTrailVector;
+  using OwnedUserVarMap = std::unique_ptr<std::map<ObjID, ZNRefPtr<std::vector<UserDefVar>>>>;
+  using OwnedConnDataMap =
+      std::unique_ptr<std::map<ObjID, ZNRefPtr<std::vector<ZNRefPtr<ZNConnData>>>>>;
+  using OwnedVlanInfoMap = std::unique_ptr<std::map<ObjID, ZNRefPtr<std::list<ZNVlanInfo>>>>;
+  using OwnedHSRPInfoMap = std::unique_ptr<std::map<ObjID, ZNRefPtr<std::list<ZNHSRPAddressInfo>>>>;
+  using OwnedInterfaceIDMap = std::unique_ptr<std::map<ObjID, ZNRefPtr<std::set<ObjID>>>>;
+  using OwnedAddressMap =
+      std::unique_ptr<std::map<ObjID, ZNRefPtr<std::vector<ZNRefPtr<ZNAddress>>>>>;
+  using OwnedEntityVector = std::unique_ptr<std::vector<ZNRefPtr<ZNEntity>>>;
+
+  /// How many identifiers go into one statement.
+  static constexpr int NUM_NODE_PER_CALL = 50;
+  static constexpr int NUM_INTERFACE_PER_CALL = 50;
+
+  /// The one cache, made when the library is loaded and never destroyed. Code that can run
+  /// while libraries are being loaded takes cache().
+  static ZNTopoCache* const myCache;
+  /// The one cache, made on the first call.
+  static ZNTopoCache* cache();
+
+  ZNTopoAPI_Impl();
+  explicit ZNTopoAPI_Impl(TopoDBType theDBType);
+  virtual ~ZNTopoAPI_Impl();
+  ZNTopoAPI_Impl(const ZNTopoAPI_Impl&) = delete;
+  ZNTopoAPI_Impl& operator=(const ZNTopoAPI_Impl&) = delete;
+
+  // Frame: ZNTopoAPI_Impl.cpp.
+  ZNTopoCache* getTopoCache() const;
+  TopoDBType getDBType() const { return dbType_; }
+  /// These hold no information; infer nothing from them.
+  bool isValid() const { return false; }
+  ZNTopoAPIStatus getAPIStatus() const { return ZNTopoAPIStatus(); }
+  bool isLastGetVlansValid() const { return false; }
+  bool isLastGetIfcsValid() const { return false; }
+  /// The table of a kind of objects, "ERROR" for a kind that has none.
+  std::string findTableNameFromEntityType(EntityType theType) const;
+  static std::set<ObjID> ConvertObjIDListToSet(const std::list<ObjID>& theList);
+  /// The maker of the store's engine, in theVendor.
+  void getVendor(TvDbil::DbilRdbmsVendor& theVendor, ZNTopoAPIStatus& theStatus);
+  /// An empty pointer: there is no dump of the cache's contents.
+  std::unique_ptr<std::list<std::string>> dumpCache() const;
+  ZNTopologyState getTopologyState(ZNTopoAPIStatus& theStatus);
+  ZNTopoStatus refreshTopology(ZNTopoAPIStatus& theStatus);
+  bool isCacheValid() const;
+  void clearCache();
+  /// The store's TOPOLOGYREADYCHANGETIME that the cache belongs to, seconds; 0 if unknown.
+  long getCacheTimeStamp() const;
+
+  // Later floors of the cache: ZNTopoAPI_NotYet.cpp.
+  ZNTopoAPIStatus preLoadTopoCache(bool loadSwitchNode, bool loadRouterNode, bool loadVlan,
+                                   bool loadHSRP, bool loadConnectedInterfaces, bool loadIfcs);
+  void updateCacheObjectStatus(const ObjID& theObjID, bool isAddress, EntityType theEntityType,
+                               int tvwStatus, long statusChangeTimeUTC,
+                               ZNEntity::EntityStatusType entStatusType, ZNTopoAPIStatus& theStatus,
+                               bool isQRMID);
+  void updateCacheObjectAttribute(const ObjID& objIDArg, EntityType theEntType,
+                                  TopologyAttributeType theAttrType, int theAttrVal,
+                                  const ObjID& theAddrID, ZNTopoAPIStatus& theStatus);
+  void refreshCacheObject(const ObjID& theObjID, bool isAddress, EntityType theEntityType,
+                          int tvwStatus, long statusChangeTimeUTC, ZNTopoAPIStatus& theStatus);
+  static void release();
+
+  // Nodes: ZNTopoAPI_Node.cpp.
+  ZNRefPtr<ZNNode> getNodeByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  ZNRefPtr<ZNNode> getNodeByQRMObjID(const ObjID& theQRMObjID, ZNTopoAPIStatus& theStatus);
+  OwnedNodeList getNodesByObjIDList(const ObjIDSet& theNodeIDs, ObjIDSet& theNotFoundIDs,
+                                    ZNTopoAPIStatus& theStatus, bool toGetInterfaces, bool isQRMID,
+                                    bool getAllNodes, ZNEntity::IPLevel ipLevel, int aRD);
+  /// One statement, whatever the number of identifiers. Does not ask for readiness.
+  OwnedNodeList getNodesByObjIDList_Int(const ObjIDSet& theNodeIDs, ObjIDSet& theNotFoundIDs,
+                                        ZNTopoAPIStatus& theStatus, bool toGetInterfaces,
+                                        bool isQRMID, bool getAllNodes, ZNEntity::IPLevel ipLevel,
+                                        int aRD);
+  /// Runs the big select of nodes; the tables must give the node table the alias NODE.
+  OwnedNodeList getNodesByWhere(const std::string& theSQLWhere, const std::string& tbls,
+                                ZNTopoAPIStatus& theStatus, bool getAllNodes);
+  ZNRefPtr<ZNNode> getNodeByName(const std::string& theName, ZNTopoAPIStatus& theStatus, int theRD);
+  OwnedNodeList getNodesByRXName(const std::string& theName, ZNTopoAPIStatus& theStatus, int theRD);
+  /// Runs a statement with one column of identifiers; NULL values are left out.
+  OwnedIDList getObjIDListFromSQL(const std::string& theSQL, ZNTopoAPIStatus& theStatus);
+
+  // What hangs on objects, by their identifiers: ZNTopoAPI_NodeLoaders.cpp.
+  OwnedUserVarMap getUserDefVarsByObjIDList(const std::list<ObjID>& theObjIDList,
+                                            ZNTopoAPIStatus& theStatus);
+  /// With E_Unknown the variables of the identifiers, else those of all objects of the kind.
+  OwnedUserVarMap getUserDefVarsByObjIDList_Int(const std::list<ObjID>& theObjIDList,
+                                                ZNTopoAPIStatus& theStatus, EntityType eType);
+  /// The layer-2 connections of nodes; the keys are the identifiers asked for.
+  OwnedConnDataMap getConnDatasByNodeObjIDList(const std::list<ObjID>& theObjIDList,
+                                               ZNTopoAPIStatus& theStatus, bool getAll);
+  OwnedConnDataMap getConnDatasByNodeObjIDList_Int(const std::list<ObjID>& theObjIDList,
+                                                   ZNTopoAPIStatus& theStatus, bool getAll);
+  /// The VLANs of nodes, or the nodes of VLANs.
+  OwnedVlanInfoMap getVlanInfosByObjIDList(const std::list<ObjID>& theObjIDList,
+                                           ZNTopoAPIStatus& theStatus, bool useNodeAsKey,
+                                           bool getAll);
+  OwnedVlanInfoMap getVlanInfosByObjIDList_Int(const std::list<ObjID>& theObjIDList,
+                                               ZNTopoAPIStatus& theStatus, bool useNodeAsKey,
+                                               bool getAll);
+  /// The containers of nodes, or the nodes of containers.
+  OwnedIfcInfoMap getIfcInfosByObjIDList(const ObjIDSet& theObjIDs, ZNTopoAPIStatus& theStatus,
+                                         bool useNodeAsKey, bool getAll, int IFCType);
+  OwnedIfcInfoMap getIfcInfosByObjIDList_Int(const std::list<ObjID>& theObjIDList,
+                                             ZNTopoAPIStatus& theStatus, bool useNodeAsKey,
+                                             bool getAll, int IFCType);
+
+  // Interfaces: ZNTopoAPI_Interface.cpp.
+  ZNRefPtr<ZNInterface> getInterfaceByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  OwnedInterfaceList getInterfacesByObjIDList(const ObjIDSet& theIFIDs, ObjIDSet& theNotFoundIDs,
+                                              ZNTopoAPIStatus& theStatus, bool isQRMID,
+                                              bool getAllConnectedInterfaces);
+  OwnedInterfaceList getInterfacesByObjIDList_Int(const ObjIDSet& theIFIDs,
+                                                  ObjIDSet& theNotFoundIDs,
+                                                  ZNTopoAPIStatus& theStatus, bool isQRMID,
+                                                  bool getAllConnectedInterfaces);
+  /// All interfaces of nodes, read from the store.
+  OwnedInterfaceList getInterfacesByNodeObjIDList(const std::list<ObjID>& theNodeIDs,
+                                                  ZNTopoAPIStatus& theStatus);
+  /// The identifiers of the interfaces of nodes, by node.
+  OwnedInterfaceIDMap getInterfaceIDsByNodeObjIDList(const std::list<ObjID>& theNodeIDs,
+                                                     ZNTopoAPIStatus& theStatus);
+  ZNRefPtr<ZNInterface> getInterfaceByIfName(const std::string& theName,
+                                             const std::string& theNodeName,
+                                             ZNTopoAPIStatus& theStatus);
+  ZNRefPtr<ZNInterface> getInterfaceByIPV4(const std::string& theIP, ZNTopoAPIStatus& theStatus,
+                                           int theRD);
+  /// Asks for the interfaces of a container and answers with an empty set, always.
+  std::set<ObjID> getInterfacesByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  /// The mesh that an interface is in, null if it is in none. Does not ask for readiness.
+  ObjID getMeshID(ObjID theIFObjID, ZNTopoAPIStatus& theStatus);
+  /// Ends in ZN_API_EMPTY_OBJID_LIST, always.
+  std::list<ZNRefPtr<ZNInterface>> getMeshInterfaces(const ObjID& theObjID,
+                                                     ZNTopoAPIStatus& theStatus);
+
+  // Addresses: ZNTopoAPI_Address.cpp.
+  ZNRefPtr<ZNAddress> getAddressByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  OwnedAddressVector getAddrsByObjIDs(const std::list<ObjID>& theAddrObjIDs,
+                                      ZNTopoAPIStatus& theStatus, bool getAllAddresses,
+                                      ZNAddress::AddressType addrType);
+  ZNRefPtr<ZNAddress> getAddressByQRMObjID(const ObjID& theQRMObjID, ZNTopoAPIStatus& theStatus);
+  ZNRefPtr<MonitoredInetAddressIPv6> getMonitoredIPv6AddressByObjID(const ObjID& theObjID,
+                                                                    ZNTopoAPIStatus& theStatus);
+  ZNRefPtr<MonitoredInetAddressIPv6> getMonitoredIPv6AddressByQRMObjID(const ObjID& theQRMObjID,
+                                                                       ZNTopoAPIStatus& theStatus);
+  OwnedIDList getInetAddressIPv6IDsFromDNSExpression(const std::string& theExpression,
+                                                     ZNTopoAPIStatus& theStatus);
+  std::unique_ptr<std::list<std::string>> resolveIPv6ToDNS(const ObjID& theObjID,
+                                                           ZNTopoAPIStatus& theStatus);
+  ZNRefPtr<ZNAddress> getAddressByIP(const std::string& theIP, ZNTopoAPIStatus& theStatus,
+                                     int theRD);
+
+  // Connectivity: zntopo/connectivity/.
+  OwnedConnectionList getNodeNeighbors(const std::string& theNodeName, ZNTopoAPIStatus& theStatus,
+                                       int numHops, int maxNumNodes);
+  OwnedInterfaceList getL2Path(const std::string& srcIP, const std::string& destIP, int theMaxDepth,
+                               ZNTopoAPIStatus& theStat, ZNAddress::AddressType addrType,
+                               bool toCrossRouter);
+  OwnedInterfaceList getL2PathBetweenNodes(const std::string& srcNodeName,
+                                           const std::string& destNodeName, int theMaxDepth,
+                                           ZNTopoAPIStatus& theStat,
+                                           ZNAddress::AddressType addrType, bool toCrossRouter);
+  OwnedInterfaceList getL2PathBetweenInterfaces(
+      ZNRefPtr<ZNNode> SrcNode, ZNRefPtr<ZNInterface> theSrcInterface, ZNRefPtr<ZNNode> DestNode,
+      ZNRefPtr<ZNInterface> theDestInterface, int theMaxDepth, ZNTopoAPIStatus& theStat,
+      ZNAddress::AddressType addrType, bool toCrossRouter);
+  OwnedConnDataVector convertPathInterfaceListToConnDataList(
+      const std::list<ZNRefPtr<ZNInterface>>& ifList, ZNTopoAPIStatus& theStat);
+  OwnedConnectionList getConnectivity(const ObjIDSet& theNodeIdList, ObjIDSet& theNotFoundIDs,
+                                      ZNTopoAPIStatus& theStat, bool includeHopNodeFlag,
+                                      bool isQRMID);
+  OwnedIDList getNSubnetConnectivity(int theNumHops, const ObjID& theStartNodeID,
+                                     const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
+
+  // Subnets.
+  ZNRefPtr<ZNSubnet> getSubnetByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  ZNRefPtr<ZNSubnet> getSubnetByQRMObjID(const ObjID& theQRMObjID, ZNTopoAPIStatus& theStatus);
+  OwnedSubnetList getSubnetsByObjIDList(const ObjIDSet& theSubnetIDs, ZNTopoAPIStatus& theStatus,
+                                        bool isQRMID, bool getAllSubnets, ZNEntity::IPLevel ipLevel,
+                                        int aRD);
+
+  // VLANs, containers and HSRP groups.
+  ZNRefPtr<ZNVlan> getVlanByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  OwnedVlanList getVlansByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
+                                    ZNTopoAPIStatus& theStatus, bool getAllVlans, int aRD);
+  ZNRefPtr<ZNIfc> getIfcByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  OwnedIfcList getIfcsByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
+                                  ZNTopoAPIStatus& theStatus, bool getAll, int aRD);
+  OwnedIfcList getIfcsByType(const int& theIfcType, ZNTopoAPIStatus& theStatus, int aRD);
+  ZNTopoAPIStatus getIfcDataByObjID(const ObjID& theIfcID, int& ifcType, int& appsId,
+                                    bool& isOrdered, bool& cleanUpOnEmpty);
+  ZNTopoAPIStatus getIfcAssocInfosByObjID(const ObjID& theIfcID,
+                                          std::list<ZNRefPtr<ZNIfcAssocInfo>>& theList);
+  OwnedHSRPList getHSRPsByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
+                                    ZNTopoAPIStatus& theStatus, bool getAllHSRPs, int aRD);
+  OwnedHSRPInfoMap getHSRPInfosByObjIDList(const std::list<ObjID>& theObjIDList,
+                                           ZNTopoAPIStatus& theStatus, bool getAllHSRPs);
+  OwnedIDList getHSRPObjIDsByIFAddressObjID(
+      const ObjID& theObjID, ZNTopoAPI::GetHSRPObjIDsByIFAddressObjID_ObjType objType,
+      ZNTopoAPIStatus& theStatus);
+
+  // Attribute filters.
+  OwnedIDList getNodeIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
+  OwnedNodeList getNodesByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
+  OwnedIDList getSubnetIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
+  OwnedIDList getEntityIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
+  OwnedIDList getAddressIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
+  /// An empty pointer: there is never a next page. The status stays as it is.
+  OwnedIDList getAddressIDsByFilterNext(ZNTopoAPIStatus& theStatus);
+
+  // Updates of the store. They touch neither the cache nor an object, and tell nobody.
+  ZNTopoAPIStatus setHSRPAddressInfo(const ZNHSRPAddressInfo& anInfo);
+  ZNTopoAPIStatus setNWInterfaceState(const ObjID& theObjID, int newAttrVal, int attributeType);
+  ZNTopoAPIStatus setAddressState(const ObjID& theObjID, int newAttrVal);
+  ZNTopoAPIStatus setNWNodeStatus(const ObjID& theObjID, int newStatus, int statType);
+  ZNTopoAPIStatus setEntityStatus(const ObjID& theObjID, int newStatus, int statusChangeTimeUTC,
+                                  ZNEntity::EntityStatusType statType, EntityType entType);
+  ZNTopoAPIStatus setL2DomainIdOfNode(ZNNode& aNode, int& id);
+  ZNTopoAPIStatus setL2DomainIdOfInterface(ZNInterface& aInterface, int& id);
+  ZNTopoAPIStatus setNWIfcAssocInfoState(const ObjID& leftIfcObjID, const ObjID& rightIfcObjID,
+                                         int assocType, int state);
+
+  // Audit trail and statistics.
+  OwnedAuditTrailVector getAuditTrail(long actionStartTime, long actionEndTime,
+                                      ZNAuditAction::Type actionType,
+                                      ZNAuditTrail::ObjectType objType, ZNTopoAPIStatus& theStatus);
+  ZNTopologyInfo getTopologyInfo(ZNTopoAPIStatus& theStatus);
+  int getStatistic(const std::string& theSQL, ZNTopoAPIStatus& theStatus);
+  int get_String_Int_Map(const std::string& theSQL, std::map<std::string, int>& theMap,
+                         ZNTopoAPIStatus& theStatus);
+
+  // XML filters.
+  int ParseDefaultFile(ZNTopoAPIStatus& theStatus);
+  int ParseXmlFile(const std::string& aFileName, ZNTopoAPIStatus& theStatus);
+  int ParseXmlString(const std::string& aXmlString, ZNTopoAPIStatus& theStatus);
+  std::map<std::string, std::pair<EntityType, std::string>> getDefaultFileFilterName(
+      ZNTopoAPIStatus& theStatus);
+  OwnedIDList getNodeIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  OwnedIDList getInterfaceIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  OwnedIDList getAddresseIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  OwnedIDList getObjIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  OwnedNodeList getNodesByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  OwnedInterfaceList getInterfacesByTopoFilter(const std::string& aFilter,
+                                               ZNTopoAPIStatus& theStatus);
+  OwnedAddressVector getAddressesByTopoFilter(const std::string& aFilter,
+                                              ZNTopoAPIStatus& theStatus);
+  OwnedNodeList ParseAndGetNodesByTopoFilter(const std::string& aXmlString,
+                                             const std::string& aFilter,
+                                             ZNTopoAPIStatus& theStatus);
+  OwnedInterfaceList ParseAndGetInterfacesByTopoFilter(const std::string& aXmlString,
+                                                       const std::string& aFilter,
+                                                       ZNTopoAPIStatus& theStatus);
+  OwnedAddressVector ParseAndGetAddressesByTopoFilter(const std::string& aXmlString,
+                                                      const std::string& aFilter,
+                                                      ZNTopoAPIStatus& theStatus);
+
+ protected:
+  /// The gate that query operations pass first: false, with the status set, if the active
+  /// tables may not be read. The working tables are not subject to readiness.
+  bool validate(ZNTopoAPIStatus& theStatus);
+  void setUpTblNames(TopoDBType theDBType);
+  /// Renders a list of messages, 3000 characters of it at most, into the auxiliary text.
+  void addErrorListMessage(TvXplMsg::MessageList_t& theMessages, ZNTopoAPIStatus& theStatus);
+
+  /// Hand an object to the cache.
+  void useNode(const ZNRefPtr<ZNNode>& theNode);
+  void useInterface(const ZNRefPtr<ZNInterface>& theInterface);
+  void useAddress(const ZNRefPtr<ZNAddress>& theAddress);
+  void useSubnet(const ZNRefPtr<ZNSubnet>& theSubnet);
+  void useVlan(const ZNRefPtr<ZNVlan>& theVlan);
+  void useIfc(const ZNRefPtr<ZNIfc>& theIfc);
+  void useHSRP(const ZNRefPtr<ZNHSRP>& theHSRP);
+
+  // Interfaces and addresses.
+  /// @param mode 0 by identifiers, 1 by nodes, 2 all connected interfaces (not cached).
+  OwnedInterfaceList getInterfacesByWhereQuery(const std::string& partOfWhere,
+                                               ZNTopoAPIStatus& theStatus, int mode,
+                                               const std::list<ObjID>& aNodeList);
+  OwnedAddressVector getAddressesByWhereClause(const std::string& theWhereClause,
+                                               const std::string& tblNames,
+                                               ZNTopoAPIStatus& theStatus);
+  /// @param mode 0 by owners, 1 by the owners' nodes, 2 and above of all interfaces.
+  OwnedAddressMap getAddrsByAssociatedObjIDList(const std::list<ObjID>& theObjIDList,
+                                                ZNTopoAPIStatus& theStatus, int mode);
+  OwnedIDList getObjIDs(const std::string& sql, ZNTopoAPIStatus& theStatus);
+
+  // Connectivity.
+  /// A walk of numHops rings from the nodes given; with theUpdateFlag false, on these alone.
+  OwnedConnectionList getNeighbors2(const std::list<ZNRefPtr<ZNNode>>& theNodeList, int numHops,
+                                    int maxNumNodes, bool& maxNodesExceeded, bool theUpdateFlag);
+  /// The next ring; its nodes enter theSet.
+  OwnedNodeList createNewNodeList(const std::list<ZNRefPtr<ZNNode>>& theProcList,
+                                  std::set<ObjID>& theSet);
+  bool processedNode(const ObjID& theObjID, const std::set<ObjID>& theSet);
+  ZNRefPtr<ZNNode> findPath(const std::list<ZNRefPtr<ZNNode>>& startNodeList,
+                            ZNRefPtr<ZNNode>& endNode, int theHop, int theMaxDepth,
+                            std::list<ZNRefPtr<ZNConnData>>& theDataPath,
+                            std::set<ObjID>& theVisitedNodes, ZNTopoAPIStatus& theStat,
+                            bool toCrossRouter);
+  void getSubnetConnectivity(OwnedIDList& theList, int theNumHops,
+                             const ZNRefPtr<ZNNode>& theStartNode, const ZNTopoFilter& theFilter);
+  bool doesSubnetPassFilter(const ObjID& theSubnetID, const ZNTopoFilter& theFilter);
+  void prepareProcessingList(const std::set<ObjID>& theSubnetIDSet,
+                             std::list<ZNRefPtr<ZNNode>>& theNodeList,
+                             std::map<ObjID, ZNRefPtr<ZNNode>>& theNodeMap);
+
+  // Entities, subnets and containers.
+  OwnedEntityVector getEntitiesByWhereClause(std::string& theWhereClause,
+                                             ZNTopoAPIStatus& theStatus, bool loadUDV);
+  OwnedEntityVector getIfcEntitiesByWhereClause(std::string& theWhereClause,
+                                                ZNTopoAPIStatus& theStatus, bool loadUDVs);
+  std::list<SubnetEndPoint> getSubnetEndPoints(ZNEntity& theEntity, ZNTopoAPIStatus& theStatus);
+  std::unique_ptr<std::map<ObjID, ZNRefPtr<std::list<SubnetEndPoint>>>>
+  getSubnetEndPointsByObjIDList(const std::list<ObjID>& theSubnetIDs, ZNTopoAPIStatus& theStatus);
+
+  // The names of the tables of this instance's set.
+  std::string nwentityTbl_;
+  std::string nwnodeTbl_;
+  std::string nwinterfaceTbl_;
+  std::string nwvlanTbl_;
+  std::string nwifcTbl_;
+  std::string nwifcctmTbl_;
+  std::string nwifcascTbl_;
+  std::string nwhsrpTbl_;
+  std::string nwinterfaceassociationTbl_;
+  std::string containmentTbl_;
+  std::string addressTbl_;
+  std::string interfacepropertyTbl_;
+  std::string nodepropertyTbl_;
+  std::string addressmappingTbl_;
+  std::string userdefvarTbl_;
+  std::string hsrpaddressTbl_;
+  std::string stateTbl_;
+  std::string nwtopoaudittrailTbl_;
+
+  TopoDBType dbType_;
+  /// Working storage of neighbour walking, for one thread at a time.
+  std::map<std::string, ZNRefPtr<ZNNode>> myNodeMap;
+};
+
+}  // namespace zntopo
