@@ -14,15 +14,16 @@
 #include "zntopo/model/UserDefVar.h"
 #include "zntopo/platform/Export.h"
 #include "zntopo/platform/tvdbil/TvDbil.h"
+#include "zntopo/store/TableSet.h"
 
 namespace zntopo {
 
 /// All query code on the tables of one set, behind the facade ZNTopoAPI, which tells what its
-/// operations do.
+/// operations do. Its base are the names of the tables of its set.
 ///
 /// Several threads may query one instance at once: its table names are set once, and what is
 /// shared lies in the cache under the cache's lock.
-class ZNTOPO_EXPORT ZNTopoAPI_Impl {
+class ZNTOPO_EXPORT ZNTopoAPI_Impl : protected TableSet {
  public:
   using ObjIDSet = ZNTopoAPI::ObjIDSet;
   using OwnedIDList = ZNTopoAPI::OwnedIDList;
@@ -350,26 +351,6 @@ class ZNTOPO_EXPORT ZNTopoAPI_Impl {
   std::list<SubnetEndPoint> getSubnetEndPoints(ZNEntity& theEntity, ZNTopoAPIStatus& theStatus);
   std::unique_ptr<std::map<ObjID, ZNRefPtr<std::list<SubnetEndPoint>>>>
   getSubnetEndPointsByObjIDList(const std::list<ObjID>& theSubnetIDs, ZNTopoAPIStatus& theStatus);
-
-  // The names of the tables of this instance's set.
-  std::string nwentityTbl_;
-  std::string nwnodeTbl_;
-  std::string nwinterfaceTbl_;
-  std::string nwvlanTbl_;
-  std::string nwifcTbl_;
-  std::string nwifcctmTbl_;
-  std::string nwifcascTbl_;
-  std::string nwhsrpTbl_;
-  std::string nwinterfaceassociationTbl_;
-  std::string containmentTbl_;
-  std::string addressTbl_;
-  std::string interfacepropertyTbl_;
-  std::string nodepropertyTbl_;
-  std::string addressmappingTbl_;
-  std::string userdefvarTbl_;
-  std::string hsrpaddressTbl_;
-  std::string stateTbl_;
-  std::string nwtopoaudittrailTbl_;
 
   TopoDBType dbType_;
   /// Working storage of neighbour walking, for one thread at a time.
