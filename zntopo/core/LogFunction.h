@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -21,7 +20,7 @@ class ZNTOPO_EXPORT LogFunction {
   LogFunction& operator=(const LogFunction&) = delete;
 
  private:
-  LogFunction(const char* name, std::size_t length);
+  void enter(const char* name);
 
   const char* myName;
   std::unique_ptr<char[]> long_;

@@ -1,0 +1,207 @@
+#include "zntopo/core/ObjID.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+
+#include "zntopo/core/ltos.h"
+#include "zntopo/platform/tv/MS_Uuid.h"
+
+namespace zntopo {
+
+namespace {
+
+constexpr int kHashRange = 2048;
+
+std::int32_t saturated(long value) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(
+      std::clamp(value, static_cast<long>(Limits::min()), static_cast<long>(Limits::max())));
+}
+
+// What atol yields where long has 32 bits.
+std::int32_t numberOf(const char* text) { return saturated(std::strtol(text, nullptr, 10)); }
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+char* duplicate(const char* text) {
+  const std::size_t size = std::strlen(text) + 1;
+  auto* const copy = new char[size];
+  std::memcpy(copy, text, size);
+  return copy;
+}
+
+// A word of 32 bits, as the hash of a number or a text has been since long had them.
+unsigned long asWord(std::int32_t value) { return static_cast<std::uint32_t>(value); }
+
+unsigned long hashOfText(const char* text) {
+  std::uint32_t sum = 0;
+  for (; *text; ++text) sum += static_cast<std::uint32_t>(static_cast<signed char>(*text));
+  return asWord(static_cast<std::int32_t>(sum) % kHashRange);
+}
+
+std::string textOf(const MS_Uuid& uuid) {
+  char buffer[MS_Uuid::kTextSize];
+  return uuid.as_asciiz(buffer);
+}
+
+}  // namespace
+
+ObjID::ObjID() noexcept : _objType(E_Null) { _id._sid = nullptr; }
+ObjID::ObjID(const long& value) : ObjID() { setLong(value); }
+ObjID::ObjID(const int& value) : ObjID() { setLong(value); }
+ObjID::ObjID(const int64& value) : ObjID() { setLong(static_cast<std::int32_t>(value)); }
+ObjID::ObjID(const unsigned& value) : ObjID(static_cast<int>(value)) {}
+ObjID::ObjID(const unsigned long& value) : ObjID(static_cast<long>(value)) {}
+ObjID::ObjID(const unsigned long long& value) : ObjID(static_cast<int64>(value)) {}
+ObjID::ObjID(const char* text) : ObjID() { CreateObj(text); }
+ObjID::ObjID(const std::string& text) : ObjID() { CreateObj(text.c_str()); }
+ObjID::ObjID(const ObjID& other) : ObjID() { copyFrom(other); }
+ObjID::ObjID(ObjID&& other) noexcept : ObjID() { moveFrom(other); }
+ObjID::~ObjID() { clear(); }
+
+ObjID& ObjID::operator=(const ObjID& other) {
+  if (this != &other) {
+    ObjID copy(other);
+    clear();
+    moveFrom(copy);
+  }
+  return *this;
+}
+
+ObjID& ObjID::operator=(ObjID&& other) noexcept {
+  if (this != &other) {
+    clear();
+    moveFrom(other);
+  }
+  return *this;
+}
+
+ObjID& ObjID::operator=(const unsigned long& value) {
+  clear();
+  setLong(static_cast<long>(value));
+  return *this;
+}
+
+unsigned long ObjID::getHash() const {
+  switch (_objType) {
+    case E_Long:
+      return asWord(_id._lid % kHashRange);
+    case E_MsUuid:
+      return _id._msid->hash();
+    case E_String:
+      return hashOfText(_id._sid);
+    case E_Null:
+      break;
+  }
+  return 0;
+}
+
+long ObjID::getLongValue() const {
+  switch (_objType) {
+    case E_Long:
+      return _id._lid;
+    case E_String:
+      return numberOf(_id._sid);
+    case E_MsUuid:
+    case E_Null:
+      break;
+  }
+  return 0;
+}
+
+std::string ObjID::getStrValue() const { return _objType == E_Null ? "NULL" : toString(); }
+
+std::string ObjID::toString() const {
+  switch (_objType) {
+    case E_Long:
+      return ltos(_id._lid);
+    case E_MsUuid:
+      return textOf(*_id._msid);
+    case E_String:
+      return _id._sid;
+    case E_Null:
+      break;
+  }
+  return {};
+}
+
+ObjID::operator std::string() const { return getStrValue(); }
+
+void ObjID::clear() {
+  if (_objType == E_MsUuid) delete _id._msid;
+  if (_objType == E_String) delete[] _id._sid;
+  _id._sid = nullptr;
+  _objType = E_Null;
+}
+
+void ObjID::CreateObj(const char* text) {
+  constexpr std::size_t kUuidLength = MS_Uuid::kTextSize - 1;
+  const std::size_t length = text ? std::strlen(text) : 0;
+  if (length == 0) return;
+  if (length == kUuidLength) {
+    // The dash at 18 is not asked for; and 36 digits are a text, not a number.
+    if (text[8] == '-' && text[13] == '-' && text[23] == '-') {
+      _id._msid = new MS_Uuid(text);
+      _objType = E_MsUuid;
+      return;
+    }
+  } else if (std::all_of(text, text + length, isDigit)) {
+    setLong(numberOf(text));
+    return;
+  }
+  _id._sid = duplicate(text);
+  _objType = E_String;
+}
+
+void ObjID::copyFrom(const ObjID& other) {
+  _id = other._id;
+  if (other._objType == E_MsUuid) _id._msid = new MS_Uuid(*other._id._msid);
+  if (other._objType == E_String) _id._sid = duplicate(other._id._sid);
+  _objType = other._objType;
+}
+
+void ObjID::moveFrom(ObjID& other) noexcept {
+  _id = other._id;
+  _objType = other._objType;
+  other._id._sid = nullptr;
+  other._objType = E_Null;
+}
+
+void ObjID::setLong(long value) {
+  _id._lid = saturated(value);
+  _objType = E_Long;
+}
+
+bool operator==(const ObjID& left, const ObjID& right) {
+  if (left._objType != right._objType) return false;
+  switch (left._objType) {
+    case ObjID::E_Long:
+      return left._id._lid == right._id._lid;
+    case ObjID::E_MsUuid:
+      return *left._id._msid == *right._id._msid;
+    case ObjID::E_String:
+      return std::strcmp(left._id._sid, right._id._sid) == 0;
+    case ObjID::E_Null:
+      break;
+  }
+  return true;
+}
+
+bool operator<(const ObjID& left, const ObjID& right) {
+  if (left._objType != right._objType) return false;
+  switch (left._objType) {
+    case ObjID::E_Long:
+      return left._id._lid < right._id._lid;
+    case ObjID::E_MsUuid:
+      return *left._id._msid < *right._id._msid;
+    case ObjID::E_String:
+      return std::strcmp(left._id._sid, right._id._sid) < 0;
+    case ObjID::E_Null:
+      break;
+  }
+  return false;
+}
+
+}  // namespace zntopo
