@@ -1,0 +1,37 @@
+#pragma once
+
+#include <set>
+#include <string>
+
+#include "zntopo/core/MCLog.h"
+#include "zntopo/core/ObjID.h"
+#include "zntopo/model/ZNConnData.h"
+
+/// @file
+/// Small things that the walks over layer-2 connections share.
+
+namespace zntopo::detail {
+
+/// The node at the other end of a record, seen from the node that owns it.
+inline const ObjID& farEnd(const ZNConnData& data) {
+  return data.isNodeSide() ? data.getDestNodeObjID() : data.getSrcNodeObjID();
+}
+
+/// Inserts an identifier into a working set, which never holds the null one.
+inline void insertObjID(std::set<ObjID>& set, const ObjID& id) {
+  if (!id.isNull()) set.insert(id);
+}
+
+/// An identifier for a log line; nothing is made of it if nobody would see the line.
+inline std::string shown(MCDebugLevel level, const ObjID& id) {
+  return MCLog::isHeard(level) ? id.getStrValue() : std::string();
+}
+
+/// Logs a line that is kept as data: "%s" in it, if it is there, stands for the value.
+inline void logLine(MCDebugLevel level, std::string line, const std::string& value) {
+  const std::size_t mark = line.find("%s");
+  if (mark != std::string::npos) line.replace(mark, 2, value);
+  MCLog::log(level, "%s", line.c_str());
+}
+
+}  // namespace zntopo::detail
