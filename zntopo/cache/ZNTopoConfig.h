@@ -1,7 +1,6 @@
 #pragma once
 
-#include <atomic>
-
+#include "zntopo/model/AtomicField.h"
 #include "zntopo/platform/Export.h"
 
 namespace zntopo {
@@ -54,39 +53,20 @@ class ZNTOPO_EXPORT ZNTopoConfig {
   void setEnableAddressCacheSwap(bool enable) { enableAddressCacheSwap = enable; }
 
  private:
-  /// A copyable number or truth value that threads may read and write at once.
-  template <typename T>
-  class Field {
-   public:
-    Field(T value) : value_(value) {}  // NOLINT(google-explicit-constructor)
-    Field(const Field& other) : value_(T(other)) {}
-    Field& operator=(const Field& other) { return *this = T(other); }
-    Field& operator=(T value) {
-      value_.store(value, std::memory_order_relaxed);
-      return *this;
-    }
-    operator T() const {  // NOLINT(google-explicit-constructor)
-      return value_.load(std::memory_order_relaxed);
-    }
-
-   private:
-    std::atomic<T> value_;
-  };
-
-  Field<int> nodeCacheSize = 10000;
-  Field<int> interfaceCacheSize = 15000;
-  Field<int> addressCacheSize = 15000;
-  Field<int> hsrpCacheSize = 500;
-  Field<int> vlanCacheSize = 500;
-  Field<int> ifcCacheSize = 500;
-  Field<int> subnetCacheSize = 500;
-  Field<bool> useCache = true;
-  Field<bool> loadNodeVlanInfo = true;
-  Field<bool> loadNodeIfcInfo = true;
-  Field<bool> loadNodeL2ConnectionInfo = true;
-  Field<bool> enableFIFOCacheSwap = false;
-  Field<bool> enableCacheSwap = true;
-  Field<bool> enableAddressCacheSwap = true;
+  AtomicField<int> nodeCacheSize = 10000;
+  AtomicField<int> interfaceCacheSize = 15000;
+  AtomicField<int> addressCacheSize = 15000;
+  AtomicField<int> hsrpCacheSize = 500;
+  AtomicField<int> vlanCacheSize = 500;
+  AtomicField<int> ifcCacheSize = 500;
+  AtomicField<int> subnetCacheSize = 500;
+  AtomicField<bool> useCache = true;
+  AtomicField<bool> loadNodeVlanInfo = true;
+  AtomicField<bool> loadNodeIfcInfo = true;
+  AtomicField<bool> loadNodeL2ConnectionInfo = true;
+  AtomicField<bool> enableFIFOCacheSwap = false;
+  AtomicField<bool> enableCacheSwap = true;
+  AtomicField<bool> enableAddressCacheSwap = true;
 };
 
 }  // namespace zntopo
