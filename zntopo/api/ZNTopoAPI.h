@@ -18,6 +18,7 @@
 #include "zntopo/core/ZNRefPtr.h"
 #include "zntopo/core/ZNTopoAPIStatus.h"
 #include "zntopo/model/EntityType.h"
+#include "zntopo/model/MonitoredInetAddressIPv6.h"
 #include "zntopo/model/TopoDBType.h"
 #include "zntopo/model/ZNAddress.h"
 #include "zntopo/model/ZNConnData.h"
