@@ -1,6 +1,7 @@
 #pragma once
 
-#include <initializer_list>
+#include <strings.h>
+
 #include <map>
 #include <optional>
 #include <string>
@@ -28,6 +29,8 @@ struct ZNDBTestAccess {
   static int connectionCount();
   /// The number of idle connections.
   static std::size_t idleCount();
+  /// The number of connections that would not open or were retired.
+  static std::size_t lostCount();
   /// True if nobody holds the pool's lock.
   static bool isUnlocked();
   /// A connection without a platform connection behind it.
@@ -54,8 +57,15 @@ class Value {
   std::variant<std::monostate, long long, double, std::string> value_;
 };
 
+/// Column names are the same in any case.
+struct ColumnNameLess {
+  bool operator()(const std::string& left, const std::string& right) const {
+    return strcasecmp(left.c_str(), right.c_str()) < 0;
+  }
+};
+
 /// Values by column name.
-using Values = std::map<std::string, Value>;
+using Values = std::map<std::string, Value, ColumnNameLess>;
 
 /// A fresh topology store for the life of this object: the schema is in it and nothing else,
 /// TV_TOPO_STORE names it, and the pool is forgotten at both ends. One at a time in a process.
