@@ -5,11 +5,24 @@ include(CMakePackageConfigHelpers)
 install(TARGETS zntopo EXPORT zntopoTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
-# The public headers: those of the floors that users meet, without the detail/ folders.
+# The public headers: what programs that embed the library meet. The store's floor, the platform's
+# floors but for the two headers named here, and detail/ folders are the library's own.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/zntopo/
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zntopo
   FILES_MATCHING PATTERN "*.h"
-  PATTERN "detail" EXCLUDE)
+  PATTERN "detail" EXCLUDE
+  PATTERN "platform" EXCLUDE
+  PATTERN "store" EXCLUDE
+  PATTERN "connectivity" EXCLUDE
+  PATTERN "TopologyGateway.h" EXCLUDE
+  PATTERN "Trace.h" EXCLUDE
+  PATTERN "ZNTopoAPI_Impl.h" EXCLUDE
+  PATTERN "ZNTopoAPIImplFactory.h" EXCLUDE)
+foreach(header Export.h tv/MS_Uuid.h tvxpl/TvXplMsg.h)
+  get_filename_component(folder platform/${header} DIRECTORY)
+  install(FILES ${PROJECT_SOURCE_DIR}/zntopo/platform/${header}
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zntopo/${folder})
+endforeach()
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zntopo)
 install(EXPORT zntopoTargets NAMESPACE zntopo:: DESTINATION ${package_dir})
