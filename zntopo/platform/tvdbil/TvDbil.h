@@ -92,7 +92,8 @@ class DbConnection_t {
 
   bool IsValid() const;
   DbilRdbmsVendor GetVendor() const;
-  /// What the engine calls itself: "SQLite", "PostgreSQL", ...; empty if the connection is not valid.
+  /// What the engine calls itself: "SQLite", "PostgreSQL", ...; empty if the connection is not
+  /// valid.
   std::string GetEngineName() const;
 
   /// Starts a transaction. A connection that the server has dropped is opened again first.

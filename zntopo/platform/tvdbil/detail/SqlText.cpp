@@ -1,0 +1,194 @@
+#include "zntopo/platform/tvdbil/detail/SqlText.h"
+
+#include <cstddef>
+
+namespace TvDbil::detail {
+namespace {
+
+bool isBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool startsName(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
+         static_cast<unsigned char>(c) >= 0x80;
+}
+
+/// Walks over a text token by token.
+class Lexer {
+ public:
+  Lexer(std::string_view text, const SqlDialect& dialect) : text_(text), dialect_(dialect) {}
+
+  bool atEnd() const { return at_ >= text_.size(); }
+  std::size_t position() const { return at_; }
+  char current() const { return peek(0); }
+
+  /// Passes one blank or comment; false if there is none here.
+  bool passGap() {
+    if (!atEnd() && isBlank(current())) {
+      ++at_;
+      return true;
+    }
+    return passLineComment() || passBlockComment();
+  }
+
+  /// Passes a quoted thing, a name or a single character.
+  void passToken() {
+    const char c = current();
+    if (c == '\'' || c == '"') {
+      passQuoted(c, false);
+    } else if (dialect_.foreignQuotes && c == '`') {
+      passQuoted(c, false);
+    } else if (dialect_.foreignQuotes && c == '[') {
+      passBehind("]");
+    } else if (startsName(c)) {
+      passName();
+    } else if (!(dialect_.dollarQuotes && c == '$' && passDollarQuoted())) {
+      ++at_;
+    }
+  }
+
+ private:
+  char peek(std::size_t ahead) const {
+    return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0';
+  }
+
+  bool passLineComment() {
+    if (current() != '-' || peek(1) != '-') return false;
+    const std::size_t end = text_.find_first_of("\r\n", at_);
+    at_ = end == std::string_view::npos ? text_.size() : end;
+    return true;
+  }
+
+  bool passBlockComment() {
+    if (current() != '/' || peek(1) != '*') return false;
+    at_ += 2;
+    for (int depth = 1; depth > 0 && !atEnd(); ++at_) {
+      if (current() == '*' && peek(1) == '/') {
+        --depth;
+        ++at_;
+      } else if (dialect_.nestedComments && current() == '/' && peek(1) == '*') {
+        ++depth;
+        ++at_;
+      }
+    }
+    return true;
+  }
+
+  void passBehind(std::string_view mark) {
+    const std::size_t found = text_.find(mark, at_);
+    at_ = found == std::string_view::npos ? text_.size() : found + mark.size();
+  }
+
+  // A doubled quote needs no care: the text ends and the next one begins at once.
+  void passQuoted(char quote, bool escapes) {
+    for (++at_; !atEnd() && current() != quote; ++at_) {
+      if (escapes && current() == '\\') ++at_;
+    }
+    at_ = at_ < text_.size() ? at_ + 1 : text_.size();
+  }
+
+  void passName() {
+    const std::size_t start = at_;
+    while (!atEnd() && (startsName(current()) || isDigit(current()) || current() == '$')) ++at_;
+    const std::string_view name = text_.substr(start, at_ - start);
+    if (dialect_.escapeTexts && (name == "E" || name == "e") && current() == '\'') {
+      passEscapeText();
+    }
+  }
+
+  // A text goes on in the same manner in the next line, and right behind a doubled quote.
+  void passEscapeText() {
+    std::size_t next = at_;
+    do {
+      at_ = next;
+      passQuoted('\'', true);
+      next = continuation();
+    } while (next != std::string_view::npos);
+  }
+
+  std::size_t continuation() {
+    const std::size_t end = at_;
+    while (!atEnd() && passGap()) {
+    }
+    const std::size_t next = at_;
+    at_ = end;
+    const std::string_view gap = text_.substr(end, next - end);
+    const bool joined = gap.empty() || gap.find_first_of("\r\n") != std::string_view::npos;
+    return joined && next < text_.size() && text_[next] == '\'' ? next : std::string_view::npos;
+  }
+
+  bool passDollarQuoted() {
+    std::size_t end = at_ + 1;
+    if (end < text_.size() && startsName(text_[end])) {
+      while (end < text_.size() && (startsName(text_[end]) || isDigit(text_[end]))) ++end;
+    }
+    if (end >= text_.size() || text_[end] != '$') return false;
+    const std::string_view tag = text_.substr(at_, end + 1 - at_);
+    at_ = end + 1;
+    passBehind(tag);
+    return true;
+  }
+
+  std::string_view text_;
+  const SqlDialect& dialect_;
+  std::size_t at_ = 0;
+};
+
+/// The length of the UTF-8 sequence at the front of a text that is not empty; 0 if malformed.
+std::size_t sequenceLength(std::string_view text) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned first = byte(0);
+  if (first < 0x80) return 1;
+  const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+  if (first < 0xC2 || first > 0xF4 || text.size() < length) return 0;
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((byte(i) & 0xC0) != 0x80) return 0;
+  }
+  const unsigned second = byte(1);
+  // Longer than needed, a surrogate, or beyond U+10FFFF.
+  if ((first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F) ||
+      (first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F)) {
+    return 0;
+  }
+  return length;
+}
+
+}  // namespace
+
+std::vector<SqlStatement> splitStatements(std::string_view text, const SqlDialect& dialect) {
+  std::vector<SqlStatement> statements;
+  Lexer lexer(text, dialect);
+  bool open = false;
+  std::size_t start = 0;
+  while (!lexer.atEnd()) {
+    if (lexer.passGap()) continue;
+    if (lexer.current() == ';') {
+      open = false;
+      lexer.passToken();
+      continue;
+    }
+    if (!open) {
+      statements.emplace_back();
+      start = lexer.position();
+      open = true;
+    }
+    if (lexer.current() == '?') ++statements.back().parameters;
+    lexer.passToken();
+    statements.back().text = text.substr(start, lexer.position() - start);
+  }
+  return statements;
+}
+
+bool isUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = sequenceLength(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
+}  // namespace TvDbil::detail

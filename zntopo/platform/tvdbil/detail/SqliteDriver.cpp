@@ -1,0 +1,237 @@
+#include "zntopo/platform/tvdbil/detail/SqliteDriver.h"
+
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "zntopo/platform/tvdbil/detail/ErrorCodes.h"
+#include "zntopo/platform/tvdbil/detail/Statement.h"
+
+namespace TvDbil::detail {
+namespace {
+
+constexpr int kBusyTimeoutMs = 5000;
+
+struct CloseDatabase {
+  void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+};
+using Database = std::unique_ptr<sqlite3, CloseDatabase>;
+
+struct FinalizeStatement {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Handle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+/// Tells the database's last error.
+DbilReturnCode tell(MessageList_t& messages, sqlite3* database, const std::string& what) {
+  const int result = sqlite3_extended_errcode(database);
+  addError(messages,
+           "SQLite " + std::to_string(result) + ": " + sqlite3_errmsg(database) + "; " + what);
+  return codeOfSqlite(result);
+}
+
+DbilReturnCode run(MessageList_t& messages, sqlite3* database, const char* sql) {
+  const int result = sqlite3_exec(database, sql, nullptr, nullptr, nullptr);
+  if (result == SQLITE_OK) return DBIL_SUCCESS;
+  return tell(messages, database, std::string("statement: ") + sql);
+}
+
+class SqliteConnection : public Connection {
+ public:
+  explicit SqliteConnection(Database database) : database_(std::move(database)) {}
+
+  bool isOpen() const override { return true; }
+  std::string engineName() const override { return "SQLite"; }
+  const SqlDialect& dialect() const override { return kSqliteDialect; }
+  std::unique_ptr<Statement> makeStatement(std::shared_ptr<Connection> self) override;
+  sqlite3* database() const { return database_.get(); }
+
+ protected:
+  DbilReturnCode start(MessageList_t& messages) override {
+    return run(messages, database(), "BEGIN");
+  }
+  DbilReturnCode commit(MessageList_t& messages) override {
+    return run(messages, database(), "COMMIT");
+  }
+  DbilReturnCode rollback(MessageList_t& messages) override {
+    return transactionSurvives() ? run(messages, database(), "ROLLBACK") : DBIL_SUCCESS;
+  }
+  bool isAlive() override { return true; }
+  // A full disk, for one, makes SQLite roll back by itself.
+  bool transactionSurvives() override { return sqlite3_get_autocommit(database()) == 0; }
+
+ private:
+  Database database_;
+};
+
+class SqliteStatement : public Statement {
+ public:
+  SqliteStatement(const std::shared_ptr<Connection>& connection, sqlite3* database)
+      : Statement(connection), database_(database) {}
+
+ protected:
+  DbilReturnCode prepare(MessageList_t& messages, std::string_view text) override {
+    sqlite3_stmt* prepared = nullptr;
+    const int result = sqlite3_prepare_v2(database_, text.data(), static_cast<int>(text.size()),
+                                          &prepared, nullptr);
+    prepared_.reset(prepared);
+    return result == SQLITE_OK ? DBIL_SUCCESS : fail(messages);
+  }
+
+  DbilReturnCode execute(MessageList_t& messages) override {
+    for (const auto& [position, parm] : parms()) {
+      if (bind(position, parm) != SQLITE_OK) return fail(messages);
+    }
+    return step(messages);
+  }
+
+  int columnCount() override { return sqlite3_column_count(prepared_.get()); }
+  bool knowsColumnsEarly() const override { return true; }
+  int parameterCount(int) override { return sqlite3_bind_parameter_count(prepared_.get()); }
+
+  // Exec() has made the first step, so that its failures show there.
+  DbilReturnCode next(MessageList_t& messages) override {
+    if (!rowIsWaiting_ && !isDone_) {
+      const DbilReturnCode stepped = step(messages);
+      if (stepped != DBIL_SUCCESS) return stepped;
+    }
+    if (!rowIsWaiting_) return DBIL_NO_DATA;
+    rowIsWaiting_ = false;
+    DbilReturnCode code = DBIL_SUCCESS;
+    for (const auto& [number, column] : columns()) {
+      if (store(number - 1, column) != DBIL_SUCCESS) code = DBIL_SUCCESS_WITH_INFO;
+    }
+    return code;
+  }
+
+  void closeCursor() override {
+    rowIsWaiting_ = false;
+    if (prepared_ != nullptr) sqlite3_reset(prepared_.get());
+  }
+
+  void freeHandle() override { prepared_.reset(); }
+
+ private:
+  DbilReturnCode fail(MessageList_t& messages) {
+    return tell(messages, database_, "statement: " + sql());
+  }
+
+  // A row may be stepped to when the caller's variable is gone, so texts are copied.
+  int bind(int position, const BoundParm& parm) {
+    if (parm.number != nullptr) return sqlite3_bind_int(prepared_.get(), position, *parm.number);
+    if (parm.text == nullptr) return sqlite3_bind_null(prepared_.get(), position);
+    return sqlite3_bind_text(prepared_.get(), position, parm.text, -1, SQLITE_TRANSIENT);
+  }
+
+  DbilReturnCode step(MessageList_t& messages) {
+    const int result = sqlite3_step(prepared_.get());
+    rowIsWaiting_ = result == SQLITE_ROW;
+    isDone_ = result == SQLITE_DONE;
+    if (rowIsWaiting_) return DBIL_SUCCESS;
+    const DbilReturnCode code = isDone_ ? DBIL_SUCCESS : fail(messages);
+    // Without this its locks would last as long as the statement.
+    sqlite3_reset(prepared_.get());
+    return code;
+  }
+
+  DbilReturnCode store(int index, const BoundColumn& column) {
+    sqlite3_stmt* row = prepared_.get();
+    switch (sqlite3_column_type(row, index)) {
+      case SQLITE_NULL:
+        return storeNull(column);
+      case SQLITE_INTEGER:
+        return storeInteger(column, sqlite3_column_int64(row, index));
+      case SQLITE_FLOAT:
+        return storeReal(column, sqlite3_column_double(row, index));
+      default: {
+        const void* data = sqlite3_column_blob(row, index);
+        const int length = sqlite3_column_bytes(row, index);
+        return storeText(column, std::string_view(static_cast<const char*>(data),
+                                                  static_cast<std::size_t>(length)));
+      }
+    }
+  }
+
+  sqlite3* database_;
+  Handle prepared_;
+  bool rowIsWaiting_ = false;
+  bool isDone_ = false;
+};
+
+std::unique_ptr<Statement> SqliteConnection::makeStatement(std::shared_ptr<Connection> self) {
+  return std::make_unique<SqliteStatement>(self, database());
+}
+
+// An empty name or ":memory:" is a store that only its own connection sees; a "file:" name can
+// say the same in many ways, so a store is named by its path alone.
+bool isPath(const std::string& name) {
+  return !name.empty() && name != ":memory:" && name.compare(0, 5, "file:") != 0;
+}
+
+DbilReturnCode checkPath(MessageList_t& messages, const std::string& path) {
+  if (isPath(path)) return DBIL_SUCCESS;
+  addError(messages, "\"" + path +
+                         "\" does not name a store: in-memory stores and URIs are not "
+                         "supported; give the path of a file");
+  return DBIL_ERROR;
+}
+
+Database openFile(MessageList_t& messages, const std::string& path) {
+  sqlite3* opened = nullptr;
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+  const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+  Database database(opened);
+  if (result == SQLITE_OK) return database;
+  if (opened != nullptr) tell(messages, opened, "store: " + path);
+  return nullptr;
+}
+
+DbilReturnCode configure(MessageList_t& messages, sqlite3* database) {
+  sqlite3_extended_result_codes(database, 1);
+  sqlite3_busy_timeout(database, kBusyTimeoutMs);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  // The first one also reads the file, and so finds out whether it is a store at all.
+  for (const char* sql : {"PRAGMA schema_version", "PRAGMA foreign_keys = ON",
+                          "PRAGMA case_sensitive_like = ON", "PRAGMA synchronous = NORMAL"}) {
+    const DbilReturnCode code = run(messages, database, sql);
+    if (code != DBIL_SUCCESS) return code;
+  }
+  // This is the file's own property. A file that can't be written, or that others use right now,
+  // keeps what it has.
+  sqlite3_exec(database, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
+  return DBIL_SUCCESS;
+}
+
+}  // namespace
+
+std::shared_ptr<Connection> openSqlite(MessageList_t& messages, const std::string& path) {
+  if (checkPath(messages, path) != DBIL_SUCCESS) return nullptr;
+  Database database = openFile(messages, path);
+  if (database == nullptr || configure(messages, database.get()) != DBIL_SUCCESS) {
+    addError(messages, "The store \"" + path + "\" can't be opened");
+    return nullptr;
+  }
+  return std::make_shared<SqliteConnection>(std::move(database));
+}
+
+DbilReturnCode createSqlite(MessageList_t& messages, const std::string& path) {
+  if (checkPath(messages, path) != DBIL_SUCCESS) return DBIL_ERROR;
+  const int file = ::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
+  if (file < 0) {
+    addError(messages, "The store \"" + path + "\" can't be created: " + std::strerror(errno));
+    return DBIL_ERROR;
+  }
+  ::close(file);
+  const Database database = openFile(messages, path);
+  if (database != nullptr && configure(messages, database.get()) == DBIL_SUCCESS) {
+    return DBIL_SUCCESS;
+  }
+  ::unlink(path.c_str());
+  return DBIL_ERROR;
+}
+
+}  // namespace TvDbil::detail
