@@ -1,0 +1,57 @@
+// A lookup must cost nothing but the search and the handle.
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <new>
+
+#include "tests/cache/CachedKinds.h"
+
+namespace {
+thread_local long allocations = 0;
+}
+
+void* operator new(std::size_t size) {
+  ++allocations;
+  if (void* const block = std::malloc(size ? size : 1)) return block;
+  throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept { std::free(block); }
+void operator delete(void* block, std::size_t) noexcept { std::free(block); }
+
+namespace zntopo::test {
+namespace {
+
+template <typename K>
+class AllocationTest : public testing::Test {};
+
+TYPED_TEST_SUITE(AllocationTest, AllKinds, KindNames);
+
+TYPED_TEST(AllocationTest, ALookupThatHitsAllocatesNothing) {
+  ZNTopoCache cache;
+  const ObjID ids[] = {"10000000-0000-0000-0000-000000000001",
+                       "10000000-0000-0000-0000-000000000002"};
+  for (const ObjID& id : ids) TypeParam::use(cache, TypeParam::make(id));
+  typename TypeParam::Handle found;
+  TypeParam::find(cache, ids[0], found);  // whatever is made on first use
+  const long before = allocations;
+  const bool isFound = TypeParam::find(cache, ids[1], found);
+  const long after = allocations;
+  EXPECT_TRUE(isFound);
+  EXPECT_EQ(before, after);
+}
+
+TEST(LegacyAllocationTest, ALookupByLegacyIdentifierAllocatesNothing) {
+  ZNTopoCache cache;
+  cache.useNode(makeEntity<ZNNode>("n", 7));
+  ZNRefPtr<ZNNode> found;
+  cache.inNodeQRMIDCache(7, found);
+  const long before = allocations;
+  const bool isFound = cache.inNodeQRMIDCache(7, found);
+  const long after = allocations;
+  EXPECT_TRUE(isFound);
+  EXPECT_EQ(before, after);
+}
+
+}  // namespace
+}  // namespace zntopo::test
