@@ -1,0 +1,302 @@
+// Interfaces by identifier, by node, by name and by address. The big select is in
+// ZNTopoAPI_InterfaceByWhere.cpp.
+
+#include "zntopo/api/ZNTopoAPI_Impl.h"
+#include "zntopo/api/detail/Batches.h"
+#include "zntopo/api/detail/Grouping.h"
+#include "zntopo/api/detail/InterfaceSql.h"
+#include "zntopo/api/detail/OperationScope.h"
+#include "zntopo/api/detail/QueryText.h"
+#include "zntopo/core/MCLog.h"
+#include "zntopo/core/ObjIDLookup.h"
+#include "zntopo/store/StoreAccess.h"
+
+namespace zntopo {
+
+namespace {
+
+using InterfaceList = std::list<ZNRefPtr<ZNInterface>>;
+
+/// What the lookup by identifier and the one by legacy identifier differ in.
+struct IDKind {
+  bool (ZNTopoCache::*inCache)(const ObjID&, ZNRefPtr<ZNInterface>&) const;
+  const char* foundLog;  // ends before the identifier
+  const char* foundLogEnd;
+  const ObjID& (ZNEntity::*idOf)() const;
+};
+
+constexpr IDKind kByID = {&ZNTopoCache::inInterfaceIDCache, "FOUND IF = ", " IN CACHE! \n",
+                          &ZNEntity::getObjID};
+constexpr IDKind kByQRMID = {&ZNTopoCache::inInterfaceQRMIDCache,
+                             "FOUND IF = ", " IN QRM ID CACHE! \n", &ZNEntity::getQRMObjID};
+
+/// Adds to theNotFoundIDs what was asked for and is not in the list.
+void collectNotFound(const std::set<ObjID>& theIFIDs, const InterfaceList& found,
+                     const IDKind& kind, std::set<ObjID>& theNotFoundIDs) {
+  std::set<ObjID> foundIDs;
+  for (const ZNRefPtr<ZNInterface>& interface : found) {
+    const ObjID& id = ((*interface).*kind.idOf)();
+    if (!id.isNull()) foundIDs.insert(id);
+  }
+  if (foundIDs.size() >= theIFIDs.size()) return;
+  for (const ObjID& id : theIFIDs) {
+    if (!containsObjID(foundIDs, id)) theNotFoundIDs.insert(theNotFoundIDs.end(), id);
+  }
+}
+
+std::list<ObjID> withoutNulls(const std::list<ObjID>& ids) {
+  std::list<ObjID> kept;
+  for (const ObjID& id : ids) {
+    if (!id.isNull()) kept.push_back(id);
+  }
+  return kept;
+}
+
+void logStatus(const ZNTopoAPIStatus& status) {
+  MCLog::log(MC_CRITICAL, "Msg:%s, Aux:%s\n", status.getStatusMsg().c_str(),
+             status.getAuxMsg().c_str());
+}
+
+enum InterfaceIDColumn : int { IFID_NodeObjID, IFID_ObjID };
+constexpr Column kInterfaceIDColumns[] = {textColumn("NodeObjID", 37), textColumn("ObjID", 37)};
+constexpr AccessTexts kInterfaceIDTexts = {
+    .column = {ZN_API_SQL_BIND_COLUMN_ERROR,
+               "Problem binding values for getInterfaceIDsByNodeObjIDList"},
+    .executing = {"Executing SQL: %s\n"},
+    .executed = {"Execution done \n"},
+};
+
+constexpr Column kMeshColumns[] = {textColumn("ContainerObjId", 66)};
+constexpr AccessTexts kMeshTexts = {
+    .column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for getMeshID"},
+};
+
+constexpr Column kContainedColumns[] = {textColumn("ContainedObjId", 66)};
+constexpr AccessTexts kContainedTexts = {
+    .column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for getInterfacesByObjID"},
+};
+
+/// The first interface that a statement names; nobody asks whether it names one alone.
+ZNRefPtr<ZNInterface> firstInterfaceOf(ZNTopoAPI_Impl& api, const std::string& sql,
+                                       ZNTopoAPIStatus& theStatus) {
+  MCLog::log(MC_INFO, "SQL is %s \n", sql.c_str());
+  const auto ids = api.getObjIDListFromSQL(sql, theStatus);
+  if (!theStatus.isOK()) return {};
+  if (ids->empty()) {
+    detail::setFailure(theStatus, ZN_API_OBJ_NOT_EXIST, "No object found with the given IP");
+    MCLog::log(MC_INFO, "Error: No Interface found \n");
+    return {};
+  }
+  return api.getInterfaceByObjID(ids->front(), theStatus);
+}
+
+}  // namespace
+
+ZNRefPtr<ZNInterface> ZNTopoAPI_Impl::getInterfaceByObjID(const ObjID& theObjID,
+                                                          ZNTopoAPIStatus& theStatus) {
+  const detail::OperationScope scope("getInterfaceByObjID");
+  theStatus.reset();
+  if (theObjID.isNull()) {
+    detail::setFailure(theStatus, ZN_API_INVALID_ID, "Null Interface ID");
+    return {};
+  }
+  std::set<ObjID> notFoundIDs;
+  const auto found = getInterfacesByObjIDList({theObjID}, notFoundIDs, theStatus, false, false);
+  if (!found->empty()) return found->front();
+  detail::setFailure(theStatus, ZN_API_INVALID_ID,
+                     "The ObjID: " + theObjID.getStrValue() + " is not a valid ObjID in RZ ");
+  return {};
+}
+
+ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByObjIDList(
+    const ObjIDSet& theIFIDs, ObjIDSet& theNotFoundIDs, ZNTopoAPIStatus& theStatus, bool isQRMID,
+    bool getAllConnectedInterfaces) {
+  const detail::OperationScope scope("getInterfacesByObjIDList");
+  theStatus.reset();
+  auto theList = std::make_unique<InterfaceList>();
+  if (!validate(theStatus)) return theList;
+  if (getAllConnectedInterfaces) {
+    return getInterfacesByObjIDList_Int(theIFIDs, theNotFoundIDs, theStatus, isQRMID, true);
+  }
+  if (theIFIDs.empty()) {
+    detail::setFailure(theStatus, ZN_API_EMPTY_OBJID_LIST, "The InterfaceObjIDList is empty");
+    return theList;
+  }
+  detail::forEachBatch<ObjIDSet>(theIFIDs, NUM_INTERFACE_PER_CALL, [&](const ObjIDSet& batch) {
+    const auto part =
+        getInterfacesByObjIDList_Int(batch, theNotFoundIDs, theStatus, isQRMID, false);
+    if (!theStatus.isOK()) return false;
+    theList->splice(theList->end(), *part);
+    return true;
+  });
+  return theList;
+}
+
+ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByObjIDList_Int(
+    const ObjIDSet& theIFIDs, ObjIDSet& theNotFoundIDs, ZNTopoAPIStatus& theStatus, bool isQRMID,
+    bool getAllConnectedInterfaces) {
+  const detail::OperationScope scope("getInterfacesByObjIDList_Int");
+  theNotFoundIDs.clear();
+  auto theList = std::make_unique<InterfaceList>();
+  if (getAllConnectedInterfaces) {
+    MCLog::log(MC_INFO, "Retrieve all connected interface .. \n");
+    theList =
+        getInterfacesByWhereQuery(detail::whereConnected(), theStatus, detail::ALL_CONNECTED, {});
+    MCLog::log(MC_INFO, "The NotFoundID list size = %d\n", 0);
+    return theList;
+  }
+  if (theIFIDs.empty()) {
+    MCLog::log(MC_CRITICAL, "getInterfacesByObjIDLIst() - empty list ! \n");
+    return theList;
+  }
+  const IDKind& kind = isQRMID ? kByQRMID : kByID;
+  std::list<ObjID> ifsToReadFromDB;
+  for (const ObjID& id : theIFIDs) {
+    if (id.isNull()) continue;
+    ZNRefPtr<ZNInterface> cached;
+    if ((cache()->*kind.inCache)(id, cached)) {
+      MCLog::log(MC_INFO, "%s%s%s", kind.foundLog, id.getStrValue().c_str(), kind.foundLogEnd);
+      useInterface(cached);
+      theList->push_back(cached);
+    } else {
+      ifsToReadFromDB.push_back(id);
+    }
+  }
+  if (theList->size() == theIFIDs.size()) {
+    MCLog::log(MC_INFO, "Found all Interface in cache ! \n");
+    return theList;
+  }
+  // Unlike nodes, interfaces merge: the cached ones first, those of the store behind.
+  const auto theNewIFList =
+      getInterfacesByWhereQuery(detail::whereInterfaceIDs(ifsToReadFromDB, isQRMID), theStatus,
+                                detail::INTERFACES_BY_ID, ifsToReadFromDB);
+  theList->splice(theList->end(), *theNewIFList);
+  if (theList->size() < theIFIDs.size()) {
+    collectNotFound(theIFIDs, *theList, kind, theNotFoundIDs);
+  }
+  MCLog::log(MC_INFO, "The NotFoundID list size = %d\n", static_cast<int>(theNotFoundIDs.size()));
+  return theList;
+}
+
+ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByNodeObjIDList(
+    const std::list<ObjID>& theNodeIDs, ZNTopoAPIStatus& theStatus) {
+  const detail::OperationScope scope("getInterfacesByNodeObjIDList");
+  theStatus.reset();
+  if (theNodeIDs.empty()) {
+    MCLog::log(MC_TRACE_L2, "getInterfacesByNodesObjIDLIst() has empty Node ID list \n");
+    return std::make_unique<InterfaceList>();
+  }
+  return getInterfacesByWhereQuery(detail::whereInterfacesOfNodes(withoutNulls(theNodeIDs)),
+                                   theStatus, detail::INTERFACES_BY_NODE, theNodeIDs);
+}
+
+ZNTopoAPI_Impl::OwnedInterfaceIDMap ZNTopoAPI_Impl::getInterfaceIDsByNodeObjIDList(
+    const std::list<ObjID>& theNodeIDs, ZNTopoAPIStatus& theStatus) {
+  const detail::OperationScope scope("getInterfaceIDsByNodeObjIDList");
+  theStatus.reset();
+  auto theMap = std::make_unique<std::map<ObjID, ZNRefPtr<std::set<ObjID>>>>();
+  runQuery(detail::interfaceIDsOfNodesSql(*this, theNodeIDs), kInterfaceIDColumns,
+           kInterfaceIDTexts, theStatus, [&](const Row& row) {
+             MCLog::log(MC_INFO, "Fetch Node : %s, IF: %s \n", row.text(IFID_NodeObjID),
+                        row.text(IFID_ObjID));
+             if (!row.isPresent(IFID_NodeObjID) || !row.isPresent(IFID_ObjID)) {
+               MCLog::log(MC_CRITICAL, "Node or IF ID is null ! Skip \n");
+               return true;
+             }
+             if (auto* ids = detail::groupOf(*theMap, ObjID(row.text(IFID_NodeObjID)))) {
+               ids->insert(ObjID(row.text(IFID_ObjID)));
+             }
+             return true;
+           });
+  return theMap;
+}
+
+ZNRefPtr<ZNInterface> ZNTopoAPI_Impl::getInterfaceByIPV4(const std::string& theIP,
+                                                         ZNTopoAPIStatus& theStatus, int theRD) {
+  const detail::OperationScope scope("getInterfaceByIPV4");
+  theStatus.reset();
+  if (theIP.empty()) {
+    detail::setFailure(theStatus, ZN_API_ILLEGAL_INPUT, "Null IP Address");
+    MCLog::log(MC_INFO, "Error: Null IP Address\n");
+    return {};
+  }
+  return firstInterfaceOf(*this, detail::ownersOfIPv4Sql(*this, theIP, theRD), theStatus);
+}
+
+ZNRefPtr<ZNInterface> ZNTopoAPI_Impl::getInterfaceByIfName(const std::string& theName,
+                                                           const std::string& theNodeName,
+                                                           ZNTopoAPIStatus& theStatus) {
+  const detail::OperationScope scope("getInterfaceByIfName");
+  theStatus.reset();
+  if (theName.empty() || theNodeName.empty()) {
+    detail::setFailure(theStatus, ZN_API_ILLEGAL_INPUT, "Null IfName or NodeName input");
+    MCLog::log(MC_INFO, "Error: Null IfName or NodeName input\n");
+    return {};
+  }
+  return firstInterfaceOf(*this, detail::interfacesByNameSql(*this, theName, theNodeName),
+                          theStatus);
+}
+
+ObjID ZNTopoAPI_Impl::getMeshID(ObjID theIFObjID, ZNTopoAPIStatus& theStatus) {
+  const detail::OperationScope scope("getMeshID");
+  MCLog::log(MC_TRACE_L2, "Entering getMeshID() \n");
+  theStatus.reset();
+  ObjID theID;
+  const bool ran = runQuery(detail::meshSql(*this, theIFObjID), kMeshColumns, kMeshTexts, theStatus,
+                            [&](const Row& row) {
+                              if (row.isPresent(0)) theID = ObjID(row.text(0));
+                              return true;
+                            });
+  if (!ran) return theID;
+  if (theID.isNull()) {
+    MCLog::log(MC_TRACE_L2, "getMeshID():theID is NULL\n");
+  } else {
+    MCLog::log(MC_TRACE_L2, "getMeshID():theID is %s \n", theID.getStrValue().c_str());
+  }
+  MCLog::log(MC_TRACE_L2, "Exiting getMeshID() \n");
+  return theID;
+}
+
+std::set<ObjID> ZNTopoAPI_Impl::getInterfacesByObjID(const ObjID& theObjID,
+                                                     ZNTopoAPIStatus& theStatus) {
+  const detail::OperationScope scope("getInterfacesByObjID");
+  MCLog::log(MC_TRACE_L2, "Entering getInterfacesByObjID() \n");
+  theStatus.reset();
+  StoreAccess access(theStatus, kContainedTexts);
+  if (!access.isConnected() || !validate(theStatus)) return {};
+  // The result is built from a list of entities that nothing fills, so the set of texts that the
+  // statement gives goes nowhere. Callers live with the empty answer.
+  std::set<std::string> theIFs;
+  access.run(detail::containedInterfacesSql(*this, theObjID), kContainedColumns,
+             [&](const Row& row) {
+               theIFs.insert(row.text(0));
+               return true;
+             });
+  return {};
+}
+
+std::list<ZNRefPtr<ZNInterface>> ZNTopoAPI_Impl::getMeshInterfaces(const ObjID& theObjID,
+                                                                   ZNTopoAPIStatus& theStatus) {
+  const detail::OperationScope scope("getMeshInterfaces");
+  MCLog::log(MC_TRACE_L2, "Entering getMeshInterfaces() \n");
+  theStatus.reset();
+  const StoreAccess access(theStatus);
+  if (!access.isConnected()) return {};
+
+  const std::set<ObjID> idList = getInterfacesByObjID(theObjID, theStatus);
+  if (!theStatus.isOK()) {
+    MCLog::log(MC_CRITICAL, "Error in getInterfacesByObjID(() \n");
+    logStatus(theStatus);
+    return {};
+  }
+  std::set<ObjID> theNotFoundIDs;
+  const auto theList = getInterfacesByObjIDList(idList, theNotFoundIDs, theStatus, false, false);
+  if (!theStatus.isOK()) {
+    MCLog::log(MC_CRITICAL, "Error in getInterfacesByObjIDList() \n");
+    logStatus(theStatus);
+    return {};
+  }
+  return *theList;
+}
+
+}  // namespace zntopo

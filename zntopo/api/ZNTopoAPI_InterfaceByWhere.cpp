@@ -1,0 +1,104 @@
+// The big select of interfaces, and what hangs on them.
+
+#include "zntopo/api/ZNTopoAPI_Impl.h"
+#include "zntopo/api/detail/InterfaceRow.h"
+#include "zntopo/api/detail/InterfaceSql.h"
+#include "zntopo/api/detail/OperationScope.h"
+#include "zntopo/core/MCLog.h"
+#include "zntopo/core/ObjIDLookup.h"
+
+namespace zntopo {
+
+namespace {
+
+using InterfaceList = std::list<ZNRefPtr<ZNInterface>>;
+
+constexpr AccessTexts kTexts = {
+    .column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for Interface"},
+};
+
+/// What a read notes beside the interfaces.
+struct Notes {
+  std::list<ObjID> ifsWithAddress;
+  std::list<ObjID> ifsWithDynamicProperty;
+  bool endedEarly = false;
+};
+
+void note(const Row& row, int column, std::list<ObjID>& ids) {
+  if (row.isPresent(column) && row.integer(column) != 0) {
+    ids.push_back(ObjID(row.text(detail::IF_ObjId)));
+  }
+}
+
+/// Calls set with each interface that has an entry in the map.
+template <typename Map, typename Setter>
+void distribute(const InterfaceList& interfaces, const Map& map, const Setter& set) {
+  for (const ZNRefPtr<ZNInterface>& interface : interfaces) {
+    const auto entry = findObjID(map, interface->getObjID());
+    if (entry != map.end() && !entry->second.isNull()) set(*interface, *entry->second);
+  }
+}
+
+}  // namespace
+
+ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByWhereQuery(
+    const std::string& partOfWhere, ZNTopoAPIStatus& theStatus, int mode,
+    const std::list<ObjID>& aNodeList) {
+  const detail::OperationScope scope("getInterfacesByWhereQuery");
+  theStatus.reset();
+  auto theList = std::make_unique<InterfaceList>();
+  Notes notes;
+  const std::string sql = detail::interfaceSelect(*this, partOfWhere);
+  MCLog::log(MC_INFO, "SQL Statement: %s \n", sql.c_str());
+  const auto onRow = [&](const Row& row) {
+    if (row.integer(detail::IF_EntityType) != E_Interface) {
+      MCLog::log(MC_INFO, "getInterfacesByWhereQuery - EntityType != E_Interface ! ");
+      return true;
+    }
+    note(row, detail::IF_hasAddress, notes.ifsWithAddress);
+    note(row, detail::IF_hasDynamicProperty, notes.ifsWithDynamicProperty);
+    if (!detail::hasCriticalInterfaceData(row)) {
+      MCLog::log(MC_INFO, "Received NULL values for critical data\n");
+      MCLog::log(MC_INFO, "Unable to create Interface!\n");
+      notes.endedEarly = true;
+      return false;
+    }
+    MCLog::log(MC_INFO, "Creating Interface Entity\n");
+    theList->push_back(detail::interfaceFromRow(row, dbType_));
+    return true;
+  };
+  // The connection is held while the loaders take theirs.
+  StoreAccess access(theStatus, kTexts);
+  if (!access.isConnected()) return theList;
+  if (!access.run(sql, detail::kInterfaceColumns, onRow) || notes.endedEarly) return theList;
+
+  if (!notes.ifsWithDynamicProperty.empty()) {
+    const auto theVars = getUserDefVarsByObjIDList(notes.ifsWithDynamicProperty, theStatus);
+    if (!theStatus.isOK()) {
+      MCLog::log(MC_MAJOR, "Failed in getUserDefVarsByObjIDLIst \n");
+      return theList;
+    }
+    distribute(*theList, *theVars, [](ZNInterface& interface, const std::vector<UserDefVar>& vars) {
+      interface.setUserVars(vars);
+    });
+  }
+  if (!notes.ifsWithAddress.empty()) {
+    if (mode == detail::INTERFACES_BY_NODE)
+      MCLog::log(MC_INFO, "Get all addresses using Node Id\n");
+    const auto theAddresses = getAddrsByAssociatedObjIDList(
+        mode == detail::INTERFACES_BY_NODE ? aNodeList : notes.ifsWithAddress, theStatus, mode);
+    if (!theStatus.isOK()) {
+      MCLog::log(MC_MAJOR, "Failed in getAddrByAssociatedObjIDList \n");
+      return theList;
+    }
+    distribute(*theList, *theAddresses,
+               [](ZNInterface& interface, const std::vector<ZNRefPtr<ZNAddress>>& addresses) {
+                 interface.setAddresses(addresses);
+               });
+  }
+  if (mode == detail::ALL_CONNECTED) return theList;
+  for (const ZNRefPtr<ZNInterface>& interface : *theList) useInterface(interface);
+  return theList;
+}
+
+}  // namespace zntopo
