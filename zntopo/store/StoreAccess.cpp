@@ -19,7 +19,7 @@ void replaceMark(std::string& text, const char* mark, const std::string& value) 
 }
 
 void logLine(const LogLine& line, const std::string& sql, DbilReturnCode_t code) {
-  if (!line.text) return;
+  if (!line.text || !MCLog::isHeard(line.level)) return;
   std::string text = line.text;
   replaceMark(text, "%d", std::to_string(static_cast<int>(code)));
   replaceMark(text, "%s", sql);

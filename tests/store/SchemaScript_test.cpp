@@ -1,0 +1,111 @@
+#include "zntopo/store/SchemaScript.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "tests/support/TestEngine.h"
+
+namespace zntopo {
+namespace {
+
+using test::Engine;
+using test::TestEngine;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::string fileText(const std::string& name) {
+  std::ifstream stream(std::string(ZNTOPO_SOURCE_DIR) + "/data/schema/" + name);
+  std::stringstream text;
+  text << stream.rdbuf();
+  return text.str();
+}
+
+TEST(SplitSchemaScriptTest, SemicolonsEndStatements) {
+  EXPECT_THAT(splitSchemaScript("create table a (b);\n\n create table c (d)\n;"),
+              ElementsAre("create table a (b)", "create table c (d)"));
+}
+
+TEST(SplitSchemaScriptTest, TheLastStatementNeedsNoSemicolon) {
+  EXPECT_THAT(splitSchemaScript("select 1; select 2"), ElementsAre("select 1", "select 2"));
+}
+
+TEST(SplitSchemaScriptTest, CommentsAndEmptyStatementsAreLeftOut) {
+  EXPECT_THAT(splitSchemaScript("-- a; comment\n;; select 1 -- behind; it\n + 1;-- the end"),
+              ElementsAre("select 1 \n + 1"));
+}
+
+TEST(SplitSchemaScriptTest, QuotesKeepSemicolonsAndDashes) {
+  EXPECT_THAT(splitSchemaScript("select 'a;b''--;' , \";\" ; select ';"),
+              ElementsAre("select 'a;b''--;' , \";\"", "select ';"));
+}
+
+TEST(SplitSchemaScriptTest, NothingGivesNothing) {
+  EXPECT_THAT(splitSchemaScript(""), IsEmpty());
+  EXPECT_THAT(splitSchemaScript(" \n-- only a comment"), IsEmpty());
+}
+
+TEST(SchemaScriptTest, TheLibraryCarriesTheScriptsOfTheDataFolder) {
+  EXPECT_EQ(schemaScript("SQLite"), fileText("sqlite.sql"));
+  EXPECT_EQ(schemaScript("PostgreSQL"), fileText("postgresql.sql"));
+  EXPECT_EQ(schemaScript("Another"), "");
+}
+
+class CreateSchemaTest : public testing::TestWithParam<Engine> {
+ protected:
+  void SetUp() override {
+    ZNTOPO_NEED_ENGINE(GetParam());
+    engine_ = std::make_unique<TestEngine>(GetParam());
+    TvDbil::DbSource_t source(messages_, engine_->store());
+    connection_ = std::make_unique<TvDbil::DbConnection_t>(messages_, &source);
+    ASSERT_TRUE(connection_->IsValid()) << messages_.Format(TvXplMsg::fRecurse_k);
+  }
+  void TearDown() override { connection_.reset(); }
+
+  bool hasTable(const std::string& name) {
+    TvXplMsg::MessageList_t messages;
+    TvDbil::DbStatement_t statement(messages, connection_.get());
+    const std::string sql = "select 1 from " + name;
+    return statement.BindSql(messages, sql.c_str()) == TvDbil::DBIL_SUCCESS &&
+           statement.Exec(messages) == TvDbil::DBIL_SUCCESS;
+  }
+
+  std::unique_ptr<TestEngine> engine_;
+  TvXplMsg::MessageList_t messages_;
+  std::unique_ptr<TvDbil::DbConnection_t> connection_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Engines, CreateSchemaTest, testing::ValuesIn(test::kEngines),
+                         test::EngineNames());
+
+TEST_P(CreateSchemaTest, AnEmptyStoreGetsEveryTable) {
+  EXPECT_EQ(createSchema(messages_, *connection_), TvDbil::DBIL_SUCCESS)
+      << messages_.Format(TvXplMsg::fRecurse_k);
+  EXPECT_FALSE(connection_->InTransaction());
+  for (const char* name : {"nwnode", "nwnode_update", "NWInterfaceAsc_update", "state"}) {
+    EXPECT_TRUE(hasTable(name)) << name;
+  }
+}
+
+TEST_P(CreateSchemaTest, AFailureLeavesNothingBehind) {
+  test::executeOn(engine_->store(), "create table userdefvar_update (somebody integer)");
+  EXPECT_NE(createSchema(messages_, *connection_), TvDbil::DBIL_SUCCESS);
+  EXPECT_THAT(messages_.Format(TvXplMsg::fRecurse_k), HasSubstr("userdefvar_update"));
+  EXPECT_FALSE(connection_->InTransaction());
+  EXPECT_FALSE(hasTable("nwentity"));
+}
+
+TEST(CreateSchemaOnNothingTest, AnEngineWithoutAScriptIsRefused) {
+  TvXplMsg::MessageList_t messages;
+  TvDbil::DbSource_t source(messages, "/nowhere/at/all.db");
+  TvDbil::DbConnection_t connection(messages, &source);
+  EXPECT_EQ(createSchema(messages, connection), TvDbil::DBIL_ERROR);
+  EXPECT_THAT(messages.Format(TvXplMsg::fRecurse_k),
+              HasSubstr("There is no schema for the engine \"\"."));
+}
+
+}  // namespace
+}  // namespace zntopo
