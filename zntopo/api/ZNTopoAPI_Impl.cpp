@@ -1,7 +1,5 @@
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 
-#include <iterator>
-
 #include "zntopo/api/detail/OperationScope.h"
 #include "zntopo/core/MCLog.h"
 #include "zntopo/store/StoreAccess.h"
@@ -81,6 +79,11 @@ bool ZNTopoAPI_Impl::isCacheValid() const { return cache()->isAddressIDMapValid(
 void ZNTopoAPI_Impl::clearCache() { cache()->clear(true); }
 
 long ZNTopoAPI_Impl::getCacheTimeStamp() const { return cache()->getTimeStamp(); }
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getAddressIDsByFilterNext(
+    ZNTopoAPIStatus& /*theStatus*/) {
+  return nullptr;
+}
 
 bool ZNTopoAPI_Impl::validate(ZNTopoAPIStatus& theStatus) {
   if (dbType_ == WorkingDB) return true;

@@ -1,0 +1,144 @@
+#include <algorithm>
+#include <limits>
+
+#include "zntopo/api/ZNTopoAPIDefaultFactory.h"
+#include "zntopo/api/ZNTopoAPIImplFactory.h"
+#include "zntopo/api/ZNTopoAPI_Impl.h"
+#include "zntopo/model/TopologyGateway.h"
+
+namespace zntopo {
+
+namespace {
+
+/// A time as the store holds it.
+int storeTime(long seconds) {
+  return static_cast<int>(
+      std::clamp<long>(seconds, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
+/// What topology objects ask of the API. Implementations and facades are made for one call.
+class TopologyGatewayImpl : public TopologyGateway {
+ public:
+  int getTopoMode(TopoDBType dbType) override {
+    return ZNTopoAPI_Impl(dbType).getTopoCache()->getTopoMode();
+  }
+
+  ZNTopoAPIStatus setEntityStatus(TopoDBType dbType, const ObjID& id, int newStatus,
+                                  long statusChangeTimeUTC, ZNEntity::EntityStatusType statusType,
+                                  EntityType entityType) override {
+    return ZNTopoAPI_Impl(dbType).setEntityStatus(id, newStatus, storeTime(statusChangeTimeUTC),
+                                                  statusType, entityType);
+  }
+
+  ZNTopoAPIStatus setAddressState(TopoDBType dbType, const ObjID& id, int state) override {
+    return ZNTopoAPI_Impl(dbType).setAddressState(id, state);
+  }
+
+  ZNTopoAPIStatus setNWNodeStatus(TopoDBType dbType, const ObjID& id, int newStatus,
+                                  int statusType) override {
+    return ZNTopoAPI_Impl(dbType).setNWNodeStatus(id, newStatus, statusType);
+  }
+
+  ZNTopoAPIStatus setNWInterfaceState(TopoDBType dbType, const ObjID& id, int newValue,
+                                      int attributeType) override {
+    return ZNTopoAPI_Impl(dbType).setNWInterfaceState(id, newValue, attributeType);
+  }
+
+  ZNTopoAPIStatus setHSRPAddressInfo(TopoDBType dbType, const ZNHSRPAddressInfo& info) override {
+    return ZNTopoAPI_Impl(dbType).setHSRPAddressInfo(info);
+  }
+
+  ZNTopoAPIStatus setL2DomainIdOfNode(TopoDBType dbType, ZNNode& node, int& id) override {
+    return ZNTopoAPI_Impl(dbType).setL2DomainIdOfNode(node, id);
+  }
+
+  ZNTopoAPIStatus setL2DomainIdOfInterface(TopoDBType dbType, ZNInterface& interface,
+                                           int& id) override {
+    return ZNTopoAPI_Impl(dbType).setL2DomainIdOfInterface(interface, id);
+  }
+
+  ZNTopoAPIStatus setNWIfcAssocInfoState(const ObjID& leftIfcObjID, const ObjID& rightIfcObjID,
+                                         int assocType, int state) override {
+    ZNTopoAPIStatus status;
+    const auto impl = ZNTopoAPIImplFactory().getImplInstance(status, ActiveDB);
+    if (impl.isNull()) return status;
+    return impl->setNWIfcAssocInfoState(leftIfcObjID, rightIfcObjID, assocType, state);
+  }
+
+  ZNTopoAPIStatus ensureNotificationClient() override { return noNotifications(); }
+
+  ZNTopoAPIStatus sendStatusNotification(const StatusChange& /*change*/) override {
+    return noNotifications();
+  }
+
+  ZNTopoAPIStatus sendAttributeNotification(const AttributeChange& /*change*/) override {
+    return noNotifications();
+  }
+
+  std::unique_ptr<AddressVector> getAddrsByObjIDs(const std::list<ObjID>& ids,
+                                                  ZNTopoAPIStatus& status) override {
+    return ZNTopoAPI().getAddrsByObjIDs(ids, status, false, ZNAddress::IPv4);
+  }
+
+  ZNRefPtr<ZNAddress> getAddressByObjID(TopoDBType dbType, const ObjID& id,
+                                        ZNTopoAPIStatus& status) override {
+    return ZNTopoAPI(dbType).getAddressByObjID(id, status);
+  }
+
+  ZNRefPtr<ZNAddress> getAddressByIP(const std::string& ip, ZNTopoAPIStatus& status,
+                                     int routeDistinguisher) override {
+    const auto api = ZNTopoAPIDefaultFactory().getRDInstance(status, ActiveDB);
+    return api.isNull() ? ZNRefPtr<ZNAddress>()
+                        : api->getAddressByIP(ip, status, routeDistinguisher);
+  }
+
+  ZNRefPtr<ZNNode> getNodeByObjID(TopoDBType dbType, const ObjID& id,
+                                  ZNTopoAPIStatus& status) override {
+    return ZNTopoAPI(dbType).getNodeByObjID(id, status);
+  }
+
+  ZNRefPtr<ZNInterface> getInterfaceByObjID(TopoDBType dbType, const ObjID& id,
+                                            ZNTopoAPIStatus& status) override {
+    return ZNTopoAPI(dbType).getInterfaceByObjID(id, status);
+  }
+
+  std::unique_ptr<InterfaceList> getInterfacesByObjIDList(const std::set<ObjID>& ids,
+                                                          std::set<ObjID>& notFound,
+                                                          ZNTopoAPIStatus& status) override {
+    return ZNTopoAPI().getInterfacesByObjIDList(ids, notFound, status, false, false);
+  }
+
+  std::unique_ptr<InterfaceList> getInterfacesByNodeObjIDList(TopoDBType dbType,
+                                                              const std::list<ObjID>& nodeIDs,
+                                                              ZNTopoAPIStatus& status) override {
+    return ZNTopoAPI_Impl(dbType).getInterfacesByNodeObjIDList(nodeIDs, status);
+  }
+
+  std::unique_ptr<IfcInfoMap> getIfcInfosByObjIDList(const std::set<ObjID>& nodeIDs,
+                                                     ZNTopoAPIStatus& status,
+                                                     int ifcType) override {
+    return ZNTopoAPI().getIfcInfosByObjIDList(nodeIDs, status, true, false, ifcType);
+  }
+
+  std::unique_ptr<std::list<ObjID>> getHSRPObjIDsByIFAddressObjID(
+      TopoDBType dbType, const ObjID& id, HSRPObjType objType, ZNTopoAPIStatus& status) override {
+    return ZNTopoAPI(dbType).getHSRPObjIDsByIFAddressObjID(
+        id, static_cast<ZNTopoAPI::GetHSRPObjIDsByIFAddressObjID_ObjType>(int{objType}), status);
+  }
+
+ private:
+  static ZNTopoAPIStatus noNotifications() {
+    ZNTopoAPIStatus status(ZN_API_NOT_SUPPORTED_OPERATION, "");
+    status.addAuxMsg("Notifications are not supported yet");
+    return status;
+  }
+};
+
+}  // namespace
+
+TopologyGateway& topologyGateway() {
+  static TopologyGateway* const theGateway = new TopologyGatewayImpl();
+  return *theGateway;
+}
+
+}  // namespace zntopo

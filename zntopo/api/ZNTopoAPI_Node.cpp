@@ -1,0 +1,275 @@
+#include "zntopo/api/ZNTopoAPI_Impl.h"
+#include "zntopo/api/detail/Batches.h"
+#include "zntopo/api/detail/NodeSql.h"
+#include "zntopo/api/detail/OperationScope.h"
+#include "zntopo/api/detail/QueryText.h"
+#include "zntopo/core/MCLog.h"
+#include "zntopo/core/ObjIDLookup.h"
+#include "zntopo/store/StoreAccess.h"
+
+namespace zntopo {
+
+using detail::NodeNameClass;
+using detail::OperationScope;
+using detail::setFailure;
+
+namespace {
+
+/// What differs between the two look-ups of one node by an identifier.
+struct SingleNodeTexts {
+  const char* nullID;
+  const char* beforeID;
+  const char* afterID;
+  bool isQRMID;
+};
+
+constexpr SingleNodeTexts kByObjID = {"Null Node ID", "The ObjID: ", " is not a valid ObjID in RZ ",
+                                      false};
+constexpr SingleNodeTexts kByQRMObjID = {"Null QRM Node ID",
+                                         "The QRMObjID: ", " is not a valid QRMObjID in RZ", true};
+
+ZNRefPtr<ZNNode> singleNode(ZNTopoAPI_Impl& api, const ObjID& id, const SingleNodeTexts& texts,
+                            ZNTopoAPIStatus& status) {
+  status.reset();
+  if (id.isNull()) {
+    setFailure(status, ZN_API_INVALID_ID, texts.nullID);
+    return {};
+  }
+  std::set<ObjID> notFound;
+  const auto nodes = api.getNodesByObjIDList({id}, notFound, status, false, texts.isQRMID, false,
+                                             ZNEntity::AllProtocol, -1);
+  if (!nodes->empty()) return nodes->front();
+  // Whatever kept the node from being read, the caller is told of the identifier.
+  setFailure(status, ZN_API_INVALID_ID, texts.beforeID + id.getStrValue() + texts.afterID);
+  return {};
+}
+
+const char* classLabel(NodeNameClass nameClass) {
+  switch (nameClass) {
+    case NodeNameClass::Uuid:
+      return "UUID";
+    case NodeNameClass::IPv4:
+      return "IPv4";
+    case NodeNameClass::FullDns:
+      return "full DNSName";
+    case NodeNameClass::IPv6:
+      return "IPV6 Address";
+    case NodeNameClass::PartialDns:
+      return "partial DNSName";
+  }
+  return "";
+}
+
+void setLoggedFailure(ZNTopoAPIStatus& status, ZNTopoStatus code, const std::string& text) {
+  MCLog::log(MC_INFO, "%s\n", text.c_str());
+  setFailure(status, code, text);
+}
+
+/// The one identifier of a list, or null with the status set.
+ObjID theOnlyID(const std::list<ObjID>& ids, const std::string& name, ZNTopoAPIStatus& status) {
+  if (ids.size() == 1) return ids.front();
+  if (ids.empty()) {
+    setLoggedFailure(status, ZN_API_OBJ_NOT_EXIST, "ObjID for node [" + name + "] not found.");
+  } else {
+    setLoggedFailure(status, ZN_API_NONUNIQUE_NAME, "Node [" + name + "] is not unique");
+  }
+  return {};
+}
+
+/// Hands out what the cache has and tells what it has not.
+class CachedNodes {
+ public:
+  CachedNodes(ZNTopoCache& cache, bool isQRMID) : cache_(cache), isQRMID_(isQRMID) {}
+
+  /// Appends the cached nodes to the result and returns the identifiers that are missing.
+  std::list<ObjID> take(const std::set<ObjID>& ids, std::list<ZNRefPtr<ZNNode>>& result) {
+    std::list<ObjID> missing;
+    for (const ObjID& id : ids) {
+      if (id.isNull()) continue;
+      ZNRefPtr<ZNNode> node;
+      if (!isCached(id, node)) {
+        missing.push_back(id);
+        continue;
+      }
+      MCLog::log(MC_INFO, "FOUND Node = %s IN CACHE! \n", id.getStrValue().c_str());
+      cache_.useNode(node);
+      result.push_back(node);
+    }
+    return missing;
+  }
+
+ private:
+  bool isCached(const ObjID& id, ZNRefPtr<ZNNode>& node) const {
+    return isQRMID_ ? cache_.inNodeQRMIDCache(id, node) : cache_.inNodeIDCache(id, node);
+  }
+
+  ZNTopoCache& cache_;
+  const bool isQRMID_;
+};
+
+/// The identifiers that were asked for and are not among the nodes.
+std::set<ObjID> notDelivered(const std::set<ObjID>& asked, const std::list<ZNRefPtr<ZNNode>>& nodes,
+                             bool isQRMID) {
+  std::set<ObjID> delivered;
+  for (const ZNRefPtr<ZNNode>& node : nodes) {
+    delivered.insert(isQRMID ? node->getQRMObjID() : node->getObjID());
+  }
+  std::set<ObjID> missing;
+  for (const ObjID& id : asked) {
+    if (!containsObjID(delivered, id)) missing.insert(missing.end(), id);
+  }
+  return missing;
+}
+
+constexpr Column kIDColumn[] = {textColumn("ObjID", 37)};
+
+constexpr AccessTexts kIDListTexts = {
+    .statement = {.status = ZN_API_SQL_BIND_STATEMENT_ERROR,
+                  .text = "Unable to bind SQL Statement: ",
+                  .withSql = true,
+                  .log = {"Failed to bind SQL Statement \n", MC_MAJOR}},
+    .column = {.status = ZN_API_SQL_BIND_COLUMN_ERROR,
+               .text = "Problem binding values for getObjIDListFromSQL()",
+               .log = {"Problem binding values for", MC_CRITICAL}},
+    .exec = {.status = ZN_API_SQL_EXEC_ERROR,
+             .text = "Problem Executing SQL Command",
+             .log = {"Problem executing SQL Command: %s\n", MC_CRITICAL}},
+    .preparing = {"SQL : %s \n"},
+};
+
+}  // namespace
+
+ZNRefPtr<ZNNode> ZNTopoAPI_Impl::getNodeByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus) {
+  const OperationScope scope("getNodeByObjID");
+  return singleNode(*this, theObjID, kByObjID, theStatus);
+}
+
+ZNRefPtr<ZNNode> ZNTopoAPI_Impl::getNodeByQRMObjID(const ObjID& theQRMObjID,
+                                                   ZNTopoAPIStatus& theStatus) {
+  const OperationScope scope("getNodeByQRMObjID");
+  return singleNode(*this, theQRMObjID, kByQRMObjID, theStatus);
+}
+
+ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList(
+    const ObjIDSet& theNodeIDs, ObjIDSet& theNotFoundIDs, ZNTopoAPIStatus& theStatus,
+    bool toGetInterfaces, bool isQRMID, bool getAllNodes, ZNEntity::IPLevel ipLevel, int aRD) {
+  const OperationScope scope("getNodesByObjIDList");
+  auto result = std::make_unique<std::list<ZNRefPtr<ZNNode>>>();
+  theStatus.reset();
+  if (!validate(theStatus)) return result;
+  if (getAllNodes || theNodeIDs.empty()) {
+    return getNodesByObjIDList_Int(theNodeIDs, theNotFoundIDs, theStatus, toGetInterfaces, isQRMID,
+                                   getAllNodes, ipLevel, aRD);
+  }
+  detail::forEachBatch<ObjIDSet>(theNodeIDs, NUM_NODE_PER_CALL, [&](const ObjIDSet& batch) {
+    const OwnedNodeList nodes = getNodesByObjIDList_Int(
+        batch, theNotFoundIDs, theStatus, toGetInterfaces, isQRMID, getAllNodes, ipLevel, -1);
+    if (!theStatus.isOK()) return false;
+    result->splice(result->end(), *nodes);
+    return true;
+  });
+  return result;
+}
+
+ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList_Int(
+    const ObjIDSet& theNodeIDs, ObjIDSet& theNotFoundIDs, ZNTopoAPIStatus& theStatus,
+    bool /*toGetInterfaces*/, bool isQRMID, bool getAllNodes, ZNEntity::IPLevel ipLevel, int aRD) {
+  const OperationScope scope("getNodesByObjIDList_Int");
+  auto result = std::make_unique<std::list<ZNRefPtr<ZNNode>>>();
+  theStatus.reset();
+  theNotFoundIDs.clear();
+  if (!getAllNodes && theNodeIDs.empty()) {
+    setFailure(theStatus, ZN_API_EMPTY_OBJID_LIST, "The NodeObjIDList is empty");
+    return result;
+  }
+  std::string condition;
+  if (getAllNodes) {
+    MCLog::log(MC_INFO, "RD = %d \n", aRD);
+    condition = detail::allNodesCondition(ipLevel, aRD);
+  } else {
+    const std::list<ObjID> missing = CachedNodes(*cache(), isQRMID).take(theNodeIDs, *result);
+    if (result->size() == theNodeIDs.size()) {
+      MCLog::log(MC_INFO, "Found all node in cache ! \n");
+      return result;
+    }
+    condition = detail::nodeIDCondition(missing, isQRMID);
+    MCLog::log(MC_INFO, "ObjIDs to be retrieve from DB : %s\n", condition.c_str());
+  }
+  MCLog::log(MC_INFO, "SQL Statement: %s \n", condition.c_str());
+  // What was read replaces what the cache had: the cached nodes count as not found.
+  result = getNodesByWhere(condition, detail::nodeTables(*this), theStatus, getAllNodes);
+  if (!getAllNodes) theNotFoundIDs = notDelivered(theNodeIDs, *result, isQRMID);
+  MCLog::log(MC_INFO, "The NotFoundID list size = %d\n", static_cast<int>(theNotFoundIDs.size()));
+  return result;
+}
+
+ZNRefPtr<ZNNode> ZNTopoAPI_Impl::getNodeByName(const std::string& theName,
+                                               ZNTopoAPIStatus& theStatus, int theRD) {
+  const OperationScope scope("getNodeByName");
+  theStatus.reset();
+  if (theName.empty()) {
+    setFailure(theStatus, ZN_API_ILLEGAL_INPUT, "Null Node Name");
+    MCLog::log(MC_INFO, "Error: input name is empty\n");
+    return {};
+  }
+  const NodeNameClass nameClass = detail::classifyNodeName(theName);
+  MCLog::log(MC_INFO, "Found %s = %s \n", classLabel(nameClass), theName.c_str());
+  ObjID id(theName);
+  if (nameClass != NodeNameClass::Uuid) {
+    const std::string sql = detail::nodeNameSelect(nameClass, *this, theName, theRD);
+    MCLog::log(MC_INFO, "SQL is %s \n", sql.c_str());
+    const OwnedIDList ids = getObjIDListFromSQL(sql, theStatus);
+    if (!theStatus.isOK()) return {};
+    id = theOnlyID(*ids, theName, theStatus);
+    if (!theStatus.isOK()) return {};
+  }
+  MCLog::log(MC_INFO, "ID:%s\n", id.getStrValue().c_str());
+  ObjIDSet notFound;
+  const OwnedNodeList nodes =
+      getNodesByObjIDList({id}, notFound, theStatus, true, false, false, ZNEntity::AllProtocol, -1);
+  if (!theStatus.isOK()) return {};
+  if (!nodes->empty()) return nodes->front();
+  setLoggedFailure(theStatus, ZN_API_OBJ_NOT_EXIST,
+                   "Node [" + theName + "] not found for objid [" + id.getStrValue() + "].");
+  return {};
+}
+
+ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByRXName(const std::string& theName,
+                                                               ZNTopoAPIStatus& theStatus,
+                                                               int theRD) {
+  const OperationScope scope("getNodesByRXName");
+  theStatus.reset();
+  if (theName.empty()) {
+    setFailure(theStatus, ZN_API_ILLEGAL_INPUT, "Null Node Name");
+    return std::make_unique<std::list<ZNRefPtr<ZNNode>>>();
+  }
+  const ObjID id(theName);
+  if (id.getIDType() == ObjID::E_MsUuid) {
+    MCLog::log(MC_INFO, "Found UUID = %s \n", theName.c_str());
+    ObjIDSet notFound;
+    return getNodesByObjIDList({id}, notFound, theStatus, false, false, false,
+                               ZNEntity::AllProtocol, -1);
+  }
+  const std::string filter = detail::nodeFilterDocument(theName, theRD);
+  MCLog::log(MC_INFO, "Filter is %s \n", filter.c_str());
+  OwnedNodeList nodes = ParseAndGetNodesByTopoFilter(filter, "op1", theStatus);
+  if (theStatus.isOK() && nodes->empty()) {
+    setFailure(theStatus, ZN_API_OBJ_NOT_EXIST, "No object found with the given name");
+    MCLog::log(MC_INFO, "Error: input name is empty\n");
+  }
+  return nodes;
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getObjIDListFromSQL(const std::string& theSQL,
+                                                                ZNTopoAPIStatus& theStatus) {
+  const OperationScope scope("getObjIDListFromSQL");
+  theStatus.reset();
+  auto result = std::make_unique<std::list<ObjID>>();
+  runQuery(theSQL, kIDColumn, kIDListTexts, theStatus, [&](const Row& row) {
+    if (row.isPresent(0)) result->emplace_back(row.text(0));
+    return true;
+  });
+  return result;
+}
+
+}  // namespace zntopo

@@ -1,0 +1,352 @@
+#include "zntopo/api/ZNTopoAPI_Impl.h"
+#include "zntopo/api/detail/QueryText.h"
+
+/// @file
+/// The operations that the library declares and does not carry out yet: each answers
+/// ZN_API_NOT_SUPPORTED_OPERATION, and its name in the auxiliary text.
+
+namespace zntopo {
+
+namespace {
+
+ZNTopoAPIStatus notYet(const char* operation) {
+  ZNTopoAPIStatus status;
+  detail::setFailure(status, ZN_API_NOT_SUPPORTED_OPERATION,
+                     std::string(operation) + " is not supported yet");
+  return status;
+}
+
+/// An empty container.
+template <typename Owned>
+Owned nothingYet(ZNTopoAPIStatus& status, const char* operation) {
+  status = notYet(operation);
+  return std::make_unique<typename Owned::element_type>();
+}
+
+}  // namespace
+
+// ---- the cache ----
+
+ZNTopoAPIStatus ZNTopoAPI_Impl::preLoadTopoCache(bool /*loadSwitchNode*/, bool /*loadRouterNode*/,
+                                                 bool /*loadVlan*/, bool /*loadHSRP*/,
+                                                 bool /*loadConnectedInterfaces*/,
+                                                 bool /*loadIfcs*/) {
+  return notYet(__func__);
+}
+
+void ZNTopoAPI_Impl::updateCacheObjectStatus(const ObjID& /*theObjID*/, bool /*isAddress*/,
+                                             EntityType /*theEntityType*/, int /*tvwStatus*/,
+                                             long /*statusChangeTimeUTC*/,
+                                             ZNEntity::EntityStatusType /*entStatusType*/,
+                                             ZNTopoAPIStatus& theStatus, bool /*isQRMID*/) {
+  theStatus = notYet(__func__);
+}
+
+void ZNTopoAPI_Impl::updateCacheObjectAttribute(const ObjID& /*objIDArg*/,
+                                                EntityType /*theEntType*/,
+                                                TopologyAttributeType /*theAttrType*/,
+                                                int /*theAttrVal*/, const ObjID& /*theAddrID*/,
+                                                ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+}
+
+void ZNTopoAPI_Impl::refreshCacheObject(const ObjID& /*theObjID*/, bool /*isAddress*/,
+                                        EntityType /*theEntityType*/, int /*tvwStatus*/,
+                                        long /*statusChangeTimeUTC*/, ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+}
+
+// ---- connectivity of subnets ----
+
+ZNTopoAPI_Impl::OwnedConnectionList ZNTopoAPI_Impl::getConnectivity(
+    const ObjIDSet& /*theNodeIdList*/, ObjIDSet& /*theNotFoundIDs*/, ZNTopoAPIStatus& theStat,
+    bool /*includeHopNodeFlag*/, bool /*isQRMID*/) {
+  return nothingYet<OwnedConnectionList>(theStat, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNSubnetConnectivity(
+    int /*theNumHops*/, const ObjID& /*theStartNodeID*/, const ZNTopoFilter& /*theFilter*/,
+    ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+// ---- subnets ----
+
+ZNRefPtr<ZNSubnet> ZNTopoAPI_Impl::getSubnetByObjID(const ObjID& /*theObjID*/,
+                                                    ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return {};
+}
+
+ZNRefPtr<ZNSubnet> ZNTopoAPI_Impl::getSubnetByQRMObjID(const ObjID& /*theQRMObjID*/,
+                                                       ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return {};
+}
+
+ZNTopoAPI_Impl::OwnedSubnetList ZNTopoAPI_Impl::getSubnetsByObjIDList(
+    const ObjIDSet& /*theSubnetIDs*/, ZNTopoAPIStatus& theStatus, bool /*isQRMID*/,
+    bool /*getAllSubnets*/, ZNEntity::IPLevel /*ipLevel*/, int /*aRD*/) {
+  return nothingYet<OwnedSubnetList>(theStatus, __func__);
+}
+
+// ---- VLANs, containers and HSRP groups ----
+
+ZNRefPtr<ZNVlan> ZNTopoAPI_Impl::getVlanByObjID(const ObjID& /*theObjID*/,
+                                                ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return {};
+}
+
+ZNTopoAPI_Impl::OwnedVlanList ZNTopoAPI_Impl::getVlansByObjIDList(const ObjIDSet& /*theObjIDs*/,
+                                                                  ObjIDSet& /*theNotFoundIDs*/,
+                                                                  ZNTopoAPIStatus& theStatus,
+                                                                  bool /*getAllVlans*/,
+                                                                  int /*aRD*/) {
+  return nothingYet<OwnedVlanList>(theStatus, __func__);
+}
+
+ZNRefPtr<ZNIfc> ZNTopoAPI_Impl::getIfcByObjID(const ObjID& /*theObjID*/,
+                                              ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return {};
+}
+
+ZNTopoAPI_Impl::OwnedIfcList ZNTopoAPI_Impl::getIfcsByObjIDList(const ObjIDSet& /*theObjIDs*/,
+                                                                ObjIDSet& /*theNotFoundIDs*/,
+                                                                ZNTopoAPIStatus& theStatus,
+                                                                bool /*getAll*/, int /*aRD*/) {
+  return nothingYet<OwnedIfcList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIfcList ZNTopoAPI_Impl::getIfcsByType(const int& /*theIfcType*/,
+                                                           ZNTopoAPIStatus& theStatus,
+                                                           int /*aRD*/) {
+  return nothingYet<OwnedIfcList>(theStatus, __func__);
+}
+
+ZNTopoAPIStatus ZNTopoAPI_Impl::getIfcDataByObjID(const ObjID& /*theIfcID*/, int& /*ifcType*/,
+                                                  int& /*appsId*/, bool& /*isOrdered*/,
+                                                  bool& /*cleanUpOnEmpty*/) {
+  return notYet(__func__);
+}
+
+ZNTopoAPIStatus ZNTopoAPI_Impl::getIfcAssocInfosByObjID(
+    const ObjID& /*theIfcID*/, std::list<ZNRefPtr<ZNIfcAssocInfo>>& /*theList*/) {
+  return notYet(__func__);
+}
+
+ZNTopoAPI_Impl::OwnedHSRPList ZNTopoAPI_Impl::getHSRPsByObjIDList(const ObjIDSet& /*theObjIDs*/,
+                                                                  ObjIDSet& /*theNotFoundIDs*/,
+                                                                  ZNTopoAPIStatus& theStatus,
+                                                                  bool /*getAllHSRPs*/,
+                                                                  int /*aRD*/) {
+  return nothingYet<OwnedHSRPList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedHSRPInfoMap ZNTopoAPI_Impl::getHSRPInfosByObjIDList(
+    const std::list<ObjID>& /*theObjIDList*/, ZNTopoAPIStatus& theStatus, bool /*getAllHSRPs*/) {
+  return nothingYet<OwnedHSRPInfoMap>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getHSRPObjIDsByIFAddressObjID(
+    const ObjID& /*theObjID*/, ZNTopoAPI::GetHSRPObjIDsByIFAddressObjID_ObjType /*objType*/,
+    ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+// ---- attribute filters ----
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNodeIDsByFilter(const ZNTopoFilter& /*theFilter*/,
+                                                               ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByFilter(const ZNTopoFilter& /*theFilter*/,
+                                                               ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedNodeList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getSubnetIDsByFilter(const ZNTopoFilter& /*theFilter*/,
+                                                                 ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getEntityIDsByFilter(const ZNTopoFilter& /*theFilter*/,
+                                                                 ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getAddressIDsByFilter(const ZNTopoFilter& /*theFilter*/,
+                                                                  ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+// ---- updates of the store ----
+
+ZNTopoAPIStatus ZNTopoAPI_Impl::setHSRPAddressInfo(const ZNHSRPAddressInfo& /*anInfo*/) {
+  return notYet(__func__);
+}
+
+ZNTopoAPIStatus ZNTopoAPI_Impl::setNWInterfaceState(const ObjID& /*theObjID*/, int /*newAttrVal*/,
+                                                    int /*attributeType*/) {
+  return notYet(__func__);
+}
+
+ZNTopoAPIStatus ZNTopoAPI_Impl::setAddressState(const ObjID& /*theObjID*/, int /*newAttrVal*/) {
+  return notYet(__func__);
+}
+
+ZNTopoAPIStatus ZNTopoAPI_Impl::setNWNodeStatus(const ObjID& /*theObjID*/, int /*newStatus*/,
+                                                int /*statType*/) {
+  return notYet(__func__);
+}
+
+ZNTopoAPIStatus ZNTopoAPI_Impl::setEntityStatus(const ObjID& /*theObjID*/, int /*newStatus*/,
+                                                int /*statusChangeTimeUTC*/,
+                                                ZNEntity::EntityStatusType /*statType*/,
+                                                EntityType /*entType*/) {
+  return notYet(__func__);
+}
+
+ZNTopoAPIStatus ZNTopoAPI_Impl::setL2DomainIdOfNode(ZNNode& /*aNode*/, int& /*id*/) {
+  return notYet(__func__);
+}
+
+ZNTopoAPIStatus ZNTopoAPI_Impl::setL2DomainIdOfInterface(ZNInterface& /*aInterface*/, int& /*id*/) {
+  return notYet(__func__);
+}
+
+ZNTopoAPIStatus ZNTopoAPI_Impl::setNWIfcAssocInfoState(const ObjID& /*leftIfcObjID*/,
+                                                       const ObjID& /*rightIfcObjID*/,
+                                                       int /*assocType*/, int /*state*/) {
+  return notYet(__func__);
+}
+
+// ---- audit trail and statistics ----
+
+ZNTopoAPI_Impl::OwnedAuditTrailVector ZNTopoAPI_Impl::getAuditTrail(
+    long /*actionStartTime*/, long /*actionEndTime*/, ZNAuditAction::Type /*actionType*/,
+    ZNAuditTrail::ObjectType /*objType*/, ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedAuditTrailVector>(theStatus, __func__);
+}
+
+ZNTopologyInfo ZNTopoAPI_Impl::getTopologyInfo(ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return {};
+}
+
+int ZNTopoAPI_Impl::getStatistic(const std::string& /*theSQL*/, ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return 0;
+}
+
+int ZNTopoAPI_Impl::get_String_Int_Map(const std::string& /*theSQL*/,
+                                       std::map<std::string, int>& /*theMap*/,
+                                       ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return 0;
+}
+
+// ---- XML filters ----
+
+int ZNTopoAPI_Impl::ParseDefaultFile(ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return theStatus.getStatus();
+}
+
+int ZNTopoAPI_Impl::ParseXmlFile(const std::string& /*aFileName*/, ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return theStatus.getStatus();
+}
+
+int ZNTopoAPI_Impl::ParseXmlString(const std::string& /*aXmlString*/, ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return theStatus.getStatus();
+}
+
+std::map<std::string, std::pair<EntityType, std::string>> ZNTopoAPI_Impl::getDefaultFileFilterName(
+    ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return {};
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNodeIDsByTopoFilter(const std::string& /*aFilter*/,
+                                                                   ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getInterfaceIDsByTopoFilter(
+    const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getAddresseIDsByTopoFilter(
+    const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getObjIDsByTopoFilter(const std::string& /*aFilter*/,
+                                                                  ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByTopoFilter(const std::string& /*aFilter*/,
+                                                                   ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedNodeList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByTopoFilter(
+    const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedInterfaceList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedAddressVector ZNTopoAPI_Impl::getAddressesByTopoFilter(
+    const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedAddressVector>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::ParseAndGetNodesByTopoFilter(
+    const std::string& /*aXmlString*/, const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedNodeList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::ParseAndGetInterfacesByTopoFilter(
+    const std::string& /*aXmlString*/, const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedInterfaceList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedAddressVector ZNTopoAPI_Impl::ParseAndGetAddressesByTopoFilter(
+    const std::string& /*aXmlString*/, const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedAddressVector>(theStatus, __func__);
+}
+
+// ---- entities ----
+
+ZNTopoAPI_Impl::OwnedEntityVector ZNTopoAPI_Impl::getEntitiesByWhereClause(
+    std::string& /*theWhereClause*/, ZNTopoAPIStatus& theStatus, bool /*loadUDV*/) {
+  return nothingYet<OwnedEntityVector>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedEntityVector ZNTopoAPI_Impl::getIfcEntitiesByWhereClause(
+    std::string& /*theWhereClause*/, ZNTopoAPIStatus& theStatus, bool /*loadUDVs*/) {
+  return nothingYet<OwnedEntityVector>(theStatus, __func__);
+}
+
+std::list<SubnetEndPoint> ZNTopoAPI_Impl::getSubnetEndPoints(ZNEntity& /*theEntity*/,
+                                                             ZNTopoAPIStatus& theStatus) {
+  theStatus = notYet(__func__);
+  return {};
+}
+
+std::unique_ptr<std::map<ObjID, ZNRefPtr<std::list<SubnetEndPoint>>>>
+ZNTopoAPI_Impl::getSubnetEndPointsByObjIDList(const std::list<ObjID>& /*theSubnetIDs*/,
+                                              ZNTopoAPIStatus& theStatus) {
+  return nothingYet<std::unique_ptr<std::map<ObjID, ZNRefPtr<std::list<SubnetEndPoint>>>>>(
+      theStatus, __func__);
+}
+
+// There is no notification side yet that could be ended.
+void ZNTopoAPI_Impl::release() {}
+
+}  // namespace zntopo

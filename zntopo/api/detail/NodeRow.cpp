@@ -1,0 +1,71 @@
+#include "zntopo/api/detail/NodeRow.h"
+
+namespace zntopo::detail {
+
+namespace {
+
+ObjectStatus statusOf(const Row& row, NodeColumn column) {
+  return row.isPresent(column) ? ObjectStatus(row.integer(column)) : ObjectStatus();
+}
+
+ZNNodeCapabilitySet capabilitiesOf(const Row& row) {
+  unsigned long mask = 0;
+  for (const NodeCapabilityBit& bit : kNodeCapabilityBits) {
+    const int value = row.integer(bit.column);
+    if (row.isPresent(bit.column) && (value >= 1 || (bit.countsNegative && value != 0))) {
+      mask |= bit.mask;
+    }
+  }
+  return ZNNodeCapabilitySet(mask);
+}
+
+ZNRefPtr<InetAddressIPv4> managementAddressOf(const Row& row, TopoDBType dbType) {
+  std::string address = "-";
+  std::string publicAddress = "-";
+  if (row.isPresent(N_V4ManagementAddress)) {
+    address = row.text(N_V4ManagementAddress);
+    publicAddress = row.text(N_PubV4ManagementAdd);
+  }
+  // The route distinguisher counts as 0 where it is NULL.
+  return new InetAddressIPv4(address, publicAddress, row.integer(N_V4ManagementAddressRD), dbType);
+}
+
+NodeProperty propertyOf(const Row& row, TopoDBType dbType) {
+  NodeProperty property;
+  property.capabilitySet = capabilitiesOf(row);
+  property.entityOid = row.text(N_SysOID);
+  property.V4MgmtAddress = managementAddressOf(row, dbType);
+  property.sysContact = row.text(N_sysContact);
+  property.sysLocation = row.text(N_sysLocation);
+  if (row.isPresent(N_L2DomainId)) property.L2DomainID = row.integer(N_L2DomainId);
+  if (row.isPresent(N_SNMPState)) {
+    property.mySnmpState = getSnmpStateFromInt(row.integer(N_SNMPState));
+  }
+  return property;
+}
+
+ZNEntity entityOf(const Row& row, TopoDBType dbType) {
+  const ObjID legacyID = row.isPresent(N_QRMObjId) ? ObjID(row.text(N_QRMObjId)) : ObjID(0);
+  const ZNEntity::IPLevel level = row.integer(N_IPLevel) == 6 ? ZNEntity::IPv6 : ZNEntity::IPv4;
+  return ZNEntity(row.text(N_ObjId), row.text(N_ZoneNumber), legacyID, row.text(N_EntityName),
+                  row.text(N_Description), E_Node, statusOf(row, N_Status),
+                  statusOf(row, N_V6CompoundStatus), statusOf(row, N_V6GlobalStatus),
+                  statusOf(row, N_V6SiteStatus), row.integer(N_CreateTimeUTC),
+                  row.integer(N_ChangeTimeUTC), row.integer(N_StatusChangeTimeUTC),
+                  row.integer(N_V4ManagementAddressRD), level, dbType);
+}
+
+}  // namespace
+
+bool isNodeRowComplete(const Row& row) {
+  return row.isPresent(N_ObjId) && row.isPresent(N_EntityName) && row.isPresent(N_IPLevel);
+}
+
+ZNRefPtr<ZNNode> makeNode(const Row& row, TopoDBType dbType) {
+  ZNRefPtr<ZNNode> node(new ZNNode(entityOf(row, dbType), propertyOf(row, dbType)));
+  // A copied entity has no parent: it is set on the node itself.
+  node->setPartOf(AssEndPoint("UNKNOWN", ObjID(), E_Unknown));
+  return node;
+}
+
+}  // namespace zntopo::detail
