@@ -1,5 +1,6 @@
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/api/detail/Batches.h"
+#include "zntopo/api/detail/Grouping.h"
 #include "zntopo/api/detail/NodeSql.h"
 #include "zntopo/api/detail/OperationScope.h"
 #include "zntopo/api/detail/QueryText.h"
@@ -9,22 +10,12 @@
 
 namespace zntopo {
 
+using detail::groupOf;
 using detail::OperationScope;
 
 namespace {
 
 void logEmptyList() { MCLog::log(MC_INFO, " empty ObjID list ! \n"); }
-
-/// The container under a key, made on first sight; null for an identifier that can't be a key
-/// of this map: the null one, or one of another kind than those that are there.
-template <typename T>
-T* containerOf(std::map<ObjID, ZNRefPtr<T>>& map, const ObjID& key) {
-  if (key.isNull()) return nullptr;
-  const auto entry = map.try_emplace(key).first;
-  if (entry->first != key) return nullptr;
-  if (entry->second.isNull()) entry->second = ZNRefPtr<T>(new T());
-  return entry->second.getObjectPointer();
-}
 
 /// Loads in batches; an entry that is there is not replaced by one of a later batch.
 template <typename OwnedMap, typename Identifiers, typename Load>
@@ -157,7 +148,7 @@ void addVlanInfo(const Row& row, bool useNodeAsKey, VlanInfoMap& map) {
   }
   const ObjID vlan(row.text(V_Container));
   const ObjID node(row.text(V_Node));
-  std::list<ZNVlanInfo>* const infos = containerOf(map, useNodeAsKey ? node : vlan);
+  std::list<ZNVlanInfo>* const infos = groupOf(map, useNodeAsKey ? node : vlan);
   if (!infos) return;
   const ZNVlanIFInfo member(row.text(V_Contained), row.text(V_Port), row.text(V_Card));
   for (ZNVlanInfo& info : *infos) {
@@ -198,7 +189,7 @@ using IfcInfoMap = ZNTopoAPI_Impl::OwnedIfcInfoMap::element_type;
 void addIfcInfo(const Row& row, bool useNodeAsKey, IfcInfoMap& map) {
   const ObjID container(row.text(I_Container));
   const ObjID node(row.text(I_Node));
-  std::list<ZNIfcInfo>* const infos = containerOf(map, useNodeAsKey ? node : container);
+  std::list<ZNIfcInfo>* const infos = groupOf(map, useNodeAsKey ? node : container);
   if (!infos) return;
   // The containment type goes in first: a member that was read shows it as its type.
   const ZNIfcIFInfo member(container, row.text(I_Interface), row.integer(I_ContainmentType),
@@ -241,7 +232,7 @@ ZNTopoAPI_Impl::OwnedUserVarMap ZNTopoAPI_Impl::getUserDefVarsByObjIDList_Int(
       std::move(map),
       detail::userVarSelect(*this, eType, findTableNameFromEntityType(eType), theObjIDList),
       kUserVarColumns, kUserVarTexts, theStatus, [&vars](const Row& row) {
-        if (auto* const owned = containerOf(vars, row.text(U_ObjID))) addUserVar(row, *owned);
+        if (auto* const owned = groupOf(vars, row.text(U_ObjID))) addUserVar(row, *owned);
         return true;
       });
 }
@@ -267,7 +258,7 @@ ZNTopoAPI_Impl::OwnedConnDataMap ZNTopoAPI_Impl::getConnDatasByNodeObjIDList_Int
     logEmptyList();
     return map;
   }
-  for (const ObjID& id : theObjIDList) containerOf(*map, id);
+  for (const ObjID& id : theObjIDList) groupOf(*map, id);
   ConnDataMap& connections = *map;
   return loadRows(std::move(map), detail::connDataSelect(*this, theObjIDList, getAll),
                   kConnDataColumns, kConnDataTexts, theStatus, [&connections](const Row& row) {

@@ -1,12 +1,10 @@
 #include "zntopo/api/detail/NodeRow.h"
 
+#include "zntopo/api/detail/RowValues.h"
+
 namespace zntopo::detail {
 
 namespace {
-
-ObjectStatus statusOf(const Row& row, NodeColumn column) {
-  return row.isPresent(column) ? ObjectStatus(row.integer(column)) : ObjectStatus();
-}
 
 ZNNodeCapabilitySet capabilitiesOf(const Row& row) {
   unsigned long mask = 0;
@@ -45,14 +43,13 @@ NodeProperty propertyOf(const Row& row, TopoDBType dbType) {
 }
 
 ZNEntity entityOf(const Row& row, TopoDBType dbType) {
-  const ObjID legacyID = row.isPresent(N_QRMObjId) ? ObjID(row.text(N_QRMObjId)) : ObjID(0);
-  const ZNEntity::IPLevel level = row.integer(N_IPLevel) == 6 ? ZNEntity::IPv6 : ZNEntity::IPv4;
-  return ZNEntity(row.text(N_ObjId), row.text(N_ZoneNumber), legacyID, row.text(N_EntityName),
-                  row.text(N_Description), E_Node, statusOf(row, N_Status),
-                  statusOf(row, N_V6CompoundStatus), statusOf(row, N_V6GlobalStatus),
-                  statusOf(row, N_V6SiteStatus), row.integer(N_CreateTimeUTC),
-                  row.integer(N_ChangeTimeUTC), row.integer(N_StatusChangeTimeUTC),
-                  row.integer(N_V4ManagementAddressRD), level, dbType);
+  return ZNEntity(row.text(N_ObjId), row.text(N_ZoneNumber), presentID(row, N_QRMObjId, ObjID(0)),
+                  row.text(N_EntityName), row.text(N_Description), E_Node,
+                  presentStatus(row, N_Status), presentStatus(row, N_V6CompoundStatus),
+                  presentStatus(row, N_V6GlobalStatus), presentStatus(row, N_V6SiteStatus),
+                  row.integer(N_CreateTimeUTC), row.integer(N_ChangeTimeUTC),
+                  row.integer(N_StatusChangeTimeUTC), row.integer(N_V4ManagementAddressRD),
+                  ipLevelOf(row, N_IPLevel), dbType);
 }
 
 }  // namespace
