@@ -43,6 +43,13 @@ class ReadinessTest : public testing::TestWithParam<Engine> {
   }
   ZNTopologyState state() { return cache.getTopologyState(status); }
 
+  /// A stand-in for the state table that fails for the row that it is to give.
+  std::string failingView(const std::string& otherColumns) {
+    const std::string failing = store->isPostgres() ? "1 / (random() * 0)::int"
+                                                    : "abs(-9223372036854775808 + random() * 0)";
+    return "create view state as select " + failing + " as TopologyReady, " + otherColumns;
+  }
+
   std::optional<TestStore> store;
   ZNTopoCache cache;
   ZNTopoCachePeer peer{cache};
@@ -144,33 +151,32 @@ TEST_P(ReadinessTest, TheStatementIsLogged) {
               Contains("getTopologyState SQL String: " + std::string(kStateSql) + " \n"));
 }
 
+// The embedded engine refuses such a statement when it is prepared, the server's driver hears of
+// it when the statement is executed.
 TEST_P(ReadinessTest, AStoreWithoutAStateTableIsToldInTheStatus) {
   store->execute("drop table state");
+  const ZNTopoStatus code =
+      store->isPostgres() ? ZN_API_SQL_EXEC_ERROR : ZN_API_SQL_BIND_STATEMENT_ERROR;
+  const std::string text = std::string(store->isPostgres() ? "Problem Executing SQL Command:"
+                                                           : "Unable to bind SQL Statement: ") +
+                           kStateSql + "\n";
   const ZNTopologyState read = state();
   EXPECT_EQ(ZNTopologyState::UNKNOWN, read.getTopoState());
-  EXPECT_EQ(ZN_API_SQL_BIND_STATEMENT_ERROR, status.getStatus());
-  const std::string text = "Unable to bind SQL Statement: " + std::string(kStateSql) + "\n";
+  EXPECT_EQ(code, status.getStatus());
   EXPECT_THAT(status.getAuxMsg(), StartsWith(text));
   EXPECT_GT(status.getAuxMsg().size(), text.size() + 1) << "the store's own words are missing";
   EXPECT_EQ(ZNTopoCache::ZN_DB_NOT_READY, cache.validate(status));
-  EXPECT_EQ(ZN_API_SQL_BIND_STATEMENT_ERROR, status.getStatus());
+  EXPECT_EQ(code, status.getStatus());
 }
 
 TEST_P(ReadinessTest, AStateTableThatFailsWhenReadIsToldInTheStatus) {
   store->execute("drop table state");
-  // Fails for each row that it is to give.
-  store->execute(store->isPostgres()
-                     ? "create view state as select 1 / (random() * 0)::int as TopologyReady, "
-                       "1 as DISCOCYCLECOMPLETE, 1 as MeshState, 1 as HSRPState, "
-                       "1 as ContainmentState, 1 as RelatedToState, 1 as TOPOLOGYREADYCHANGETIME, "
-                       "1 as DiscoZoneComplete, 1 as DiscoZoneInProgress, 1 as ChangeTime, "
-                       "1 as CreateTime, 1 as PrevDiscoEndTime"
-                     : "create view state as select abs(-9223372036854775808 + random() * 0) "
-                       "as TopologyReady, "
-                       "1 as DISCOCYCLECOMPLETE, 1 as MeshState, 1 as HSRPState, "
-                       "1 as ContainmentState, 1 as RelatedToState, 1 as TOPOLOGYREADYCHANGETIME, "
-                       "1 as DiscoZoneComplete, 1 as DiscoZoneInProgress, 1 as ChangeTime, "
-                       "1 as CreateTime, 1 as PrevDiscoEndTime");
+  store->execute(
+      failingView("1 as DISCOCYCLECOMPLETE, 1 as MeshState, 1 as HSRPState, "
+                  "1 as ContainmentState, 1 as RelatedToState, "
+                  "1 as TOPOLOGYREADYCHANGETIME, 1 as DiscoZoneComplete, "
+                  "1 as DiscoZoneInProgress, 1 as ChangeTime, 1 as CreateTime, "
+                  "1 as PrevDiscoEndTime"));
   EXPECT_EQ(ZNTopologyState::UNKNOWN, state().getTopoState());
   EXPECT_EQ(ZN_API_SQL_EXEC_ERROR, status.getStatus());
   EXPECT_THAT(status.getAuxMsg(),
@@ -411,7 +417,8 @@ TEST_P(ModelReadinessTest, ANullInEitherColumnIsNotReady) {
   }
 }
 
-TEST_P(ModelReadinessTest, AStoreWithoutAStateTableIsToldOnStandardErrorToo) {
+TEST_P(ModelReadinessTest, AStatementThatIsRefusedIsToldOnStandardErrorToo) {
+  if (store->isPostgres()) GTEST_SKIP() << "the server's driver hears of it at the execution";
   store->execute("drop table state");
   const CapturedLog log(MC_CRITICAL);
   read();
@@ -419,28 +426,29 @@ TEST_P(ModelReadinessTest, AStoreWithoutAStateTableIsToldOnStandardErrorToo) {
   EXPECT_EQ("Unable to obtain model readiness information, unable to bind sql!\n",
             status.getAuxMsg());
   EXPECT_THAT(standardError, StartsWith("Errors: "));
-  EXPECT_GT(standardError.size(), 12u);
+  EXPECT_GT(standardError.size(), 12u) << "the store's own words are missing";
   EXPECT_THAT(log.lines(), Contains("Unable to obtain model readiness statistics. Impact to Cache! "
                                     "The statement was null. \n"));
   EXPECT_EQ(0, ready);
   EXPECT_EQ(0, time);
 }
 
-TEST_P(ModelReadinessTest, AStateTableThatFailsWhenReadIsToldOnStandardErrorToo) {
+TEST_P(ModelReadinessTest, AnExecutionThatFailsIsToldOnStandardErrorToo) {
   store->execute("drop table state");
-  store->execute(store->isPostgres()
-                     ? "create view state as select 1 / (random() * 0)::int as TopologyReady, "
-                       "1 as TopologyReadyChangeTime"
-                     : "create view state as select abs(-9223372036854775808 + random() * 0) "
-                       "as TopologyReady, 1 as TopologyReadyChangeTime");
+  store->execute(failingView("1 as TopologyReadyChangeTime"));
   const CapturedLog log(MC_CRITICAL);
   read();
   EXPECT_EQ(ZN_API_SQL_EXEC_ERROR, status.getStatus());
   EXPECT_EQ("Unable to obtain model readiness information, unable to exec sql!\n",
             status.getAuxMsg());
   EXPECT_THAT(standardError, StartsWith("Errors: "));
-  EXPECT_THAT(log.lines(), Contains("Unable to obtain model readiness statistics. Impact to Cache! "
-                                    "Error: 3\n"));
+  EXPECT_GT(standardError.size(), 12u) << "the store's own words are missing";
+  // The engines tell this failure by different codes of their own.
+  EXPECT_THAT(log.lines(),
+              Contains(testing::MatchesRegex("Unable to obtain model readiness statistics. Impact "
+                                             "to Cache! Error: ([2-9]|1[0-2])\n")));
+  EXPECT_EQ(0, ready);
+  EXPECT_EQ(0, time);
 }
 
 TEST_P(ModelReadinessTest, AStoreOutOfReachIsToldInTheStatus) {
