@@ -417,8 +417,13 @@ TEST_P(ModelReadinessTest, ANullInEitherColumnIsNotReady) {
   }
 }
 
-TEST_P(ModelReadinessTest, AStatementThatIsRefusedIsToldOnStandardErrorToo) {
-  if (store->isPostgres()) GTEST_SKIP() << "the server's driver hears of it at the execution";
+// The server's driver hears of a statement that can't be prepared when it is executed.
+class RefusedReadinessTest : public ModelReadinessTest {};
+
+INSTANTIATE_TEST_SUITE_P(Engines, RefusedReadinessTest, testing::Values(Engine::Sqlite),
+                         EngineNames());
+
+TEST_P(RefusedReadinessTest, AStatementThatIsRefusedIsToldOnStandardErrorToo) {
   store->execute("drop table state");
   const CapturedLog log(MC_CRITICAL);
   read();
