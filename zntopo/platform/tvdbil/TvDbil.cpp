@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "zntopo/platform/tv/DataPath.h"
 #include "zntopo/platform/tvdbil/detail/Connection.h"
 #include "zntopo/platform/tvdbil/detail/OdbcConnection.h"
 #include "zntopo/platform/tvdbil/detail/SqliteDriver.h"
@@ -14,16 +15,10 @@ using detail::addError;
 using detail::BoundColumn;
 using detail::BoundParm;
 
-std::string variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? std::string() : value;
-}
-
 std::string storeOfEnvironment() {
-  const std::string store = variable("TV_TOPO_STORE");
-  if (!store.empty()) return store;
-  const std::string folder = variable("TV_DATA_PATH");
-  return (folder.empty() ? std::string(ZNTOPO_DATA_DIR) : folder) + "/topology.db";
+  const char* store = std::getenv("TV_TOPO_STORE");
+  if (store != nullptr && *store != '\0') return store;
+  return tv::dataDirectory() + "/topology.db";
 }
 
 DbilReturnCode noConnection(MessageList_t& messages) {

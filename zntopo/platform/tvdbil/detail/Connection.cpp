@@ -41,8 +41,13 @@ DbilReturnCode Connection::rollbackTransaction(MessageList_t& messages) {
     return DBIL_TRANSACTION_VIOLATION;
   }
   closeResults();
-  const DbilReturnCode code = rollback(messages);
-  // With a connection that was dropped the transaction is gone too, whatever the driver says.
+  DbilReturnCode code = isAlive() ? rollback(messages) : DBIL_ERROR;
+  if (!isAlive()) {
+    // Whatever the driver says: the server rolls back what it drops, and this connection is kept
+    // to be opened again.
+    addError(messages, "The connection is lost, and its transaction with it");
+    code = DBIL_ERROR;
+  }
   if (code == DBIL_SUCCESS || !isAlive()) endTransaction();
   return code;
 }

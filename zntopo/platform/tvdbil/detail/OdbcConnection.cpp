@@ -1,5 +1,9 @@
 #include "zntopo/platform/tvdbil/detail/OdbcConnection.h"
 
+#include <unistd.h>
+
+#include <iterator>
+
 #include "zntopo/platform/tvdbil/detail/ErrorCodes.h"
 #include "zntopo/platform/tvdbil/detail/OdbcStatement.h"
 
@@ -48,6 +52,11 @@ constexpr const OdbcEngine& kOther = *(std::end(kEngines) - 1);
 constexpr const char* kSqliteAttributes =
     "NoCreat=1;NoTXN=0;FKSupport=1;Timeout=5000;SyncPragma=NORMAL;JournalMode=WAL;";
 
+DbilReturnCode refuseMemory(MessageList_t& messages) {
+  addError(messages, "In-memory stores and URIs are not supported; give the path of a file");
+  return DBIL_ERROR;
+}
+
 SQLPOINTER asPointer(SQLULEN value) { return reinterpret_cast<SQLPOINTER>(value); }
 
 }  // namespace
@@ -73,8 +82,12 @@ DbilReturnCode OdbcConnection::connect(MessageList_t& messages) {
     addError(messages, "The ODBC driver manager can't be used");
     return DBIL_ERROR;
   }
+  // A SQLite URI: it can say "in memory" in ways that do not show afterwards.
+  if (isSqlite() && beginsWithWord(odbcAttribute(connectionString_, "Database"), "file:")) {
+    return refuseMemory(messages);
+  }
   SQLSetConnectAttr(link(), SQL_ATTR_LOGIN_TIMEOUT, asPointer(kLoginTimeoutSeconds), 0);
-  std::string text = completed();
+  std::string text = isSqlite() ? kSqliteAttributes + connectionString_ : connectionString_;
   const SQLRETURN result = SQLDriverConnect(
       link(), nullptr, reinterpret_cast<SQLCHAR*>(text.data()),
       static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
@@ -98,10 +111,8 @@ void OdbcConnection::disconnect() {
   environment_.reset();
 }
 
-std::string OdbcConnection::completed() const {
-  const std::string driver = odbcDriver(environment_.get(), connectionString_);
-  const bool isSqlite = containsWord(driver, kSqlite.name);
-  return isSqlite ? kSqliteAttributes + connectionString_ : connectionString_;
+bool OdbcConnection::isSqlite() const {
+  return containsWord(odbcDriver(environment_.get(), connectionString_), kSqlite.name);
 }
 
 void OdbcConnection::recognizeEngine() {
@@ -122,9 +133,9 @@ DbilReturnCode OdbcConnection::configure(MessageList_t& messages) {
   std::string file;
   const DbilReturnCode code =
       ask(messages, "SELECT file FROM pragma_database_list WHERE name = 'main'", &file);
-  if (code != DBIL_SUCCESS || !file.empty()) return code;
-  addError(messages, "In-memory stores are not supported; give the path of a file as Database");
-  return DBIL_ERROR;
+  if (code != DBIL_SUCCESS) return code;
+  if (!file.empty() && access(file.c_str(), F_OK) == 0) return DBIL_SUCCESS;
+  return refuseMemory(messages);
 }
 
 DbilReturnCode OdbcConnection::start(MessageList_t& messages) {
@@ -163,8 +174,11 @@ DbilReturnCode OdbcConnection::end(MessageList_t& messages, SQLSMALLINT how, con
 }
 
 bool OdbcConnection::transactionSurvives() {
-  if (isDropped_ || engine_->transaction == nullptr) return !isDropped_;
   MessageList_t ignored;
+  // SQLite has no question for it, but refuses a second BEGIN. Where it takes it, the driver's
+  // rollback finds the transaction that it expects.
+  if (engine_ == &kSqlite) return ask(ignored, "BEGIN", nullptr) != DBIL_SUCCESS;
+  if (isDropped_ || engine_->transaction == nullptr) return !isDropped_;
   std::string current;
   return ask(ignored, engine_->transaction, &current) == DBIL_SUCCESS && current == transaction_;
 }

@@ -38,7 +38,7 @@ class OdbcConnection : public Connection {
 
  private:
   void disconnect();
-  std::string completed() const;
+  bool isSqlite() const;
   void recognizeEngine();
   DbilReturnCode configure(MessageList_t& messages);
   DbilReturnCode setAutocommit(MessageList_t& messages, bool on);
