@@ -125,7 +125,9 @@ TEST_P(StoreAccessTest, ALongTextIsCutToItsBufferAndCountsAsARow) {
   std::vector<std::string> names;
   runQuery(kSql, kNode, kTexts, status_, [&](const Row& row) {
     names.emplace_back(row.text(kName));
-    if (names.size() == 1) EXPECT_EQ(row.indicator(kName), 24);
+    if (names.size() == 1) {
+      EXPECT_EQ(row.indicator(kName), 24);
+    }
     return true;
   });
   EXPECT_THAT(names, ElementsAre("a name ", "short"));
@@ -356,7 +358,7 @@ TEST(AddErrorListMessageTest, TheListBecomesAnAuxiliaryTextAndALineOfTheLog) {
   addErrorListMessage(messages, status);
   EXPECT_EQ(status.getStatus(), ZN_API_SQL_EXEC_ERROR);
   EXPECT_EQ(status.getAuxMsg(), "before\n" + messages.Format(TvXplMsg::fRecurse_k) + "\n");
-  EXPECT_THAT(log.lines(), Contains("second\n"));
+  EXPECT_THAT(log.lines(), Contains("first\n")) << "the list's first line, on a line of its own";
 }
 
 TEST(AddErrorListMessageTest, ALongListIsCutToItsBuffer) {

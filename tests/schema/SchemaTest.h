@@ -1,0 +1,34 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/TestStore.h"
+
+namespace zntopo::test {
+
+/// A store with the schema, on each engine.
+class SchemaTest : public testing::TestWithParam<Engine> {
+ protected:
+  void SetUp() override {
+    ZNTOPO_NEED_ENGINE(GetParam());
+    store_.emplace(GetParam());
+  }
+
+  std::optional<TestStore> store_;
+};
+
+/// True for the tables that both table sets share.
+inline bool standsOnce(const std::string& table) {
+  return table == "state" || table == "nwtopoaudittrail";
+}
+
+/// Calls a body with the name of a table in each table set.
+template <typename Body>
+void inBothSets(const std::string& table, const Body& body) {
+  body(table);
+  if (!standsOnce(table)) body(table + "_update");
+}
+
+}  // namespace zntopo::test
