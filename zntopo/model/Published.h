@@ -18,7 +18,9 @@ template <typename T>
 class Published {
  public:
   Published() = default;
-  Published(const Published& other) { assign(other.get()); }
+  Published(const Published& other) {
+    if (const T* const current = other.current_.load(std::memory_order_acquire)) assign(*current);
+  }
   Published& operator=(const Published& other) {
     if (this != &other) publish(other.get());
     return *this;

@@ -204,7 +204,6 @@ class ZNTOPO_EXPORT ZNEntity {
   void clear();
   void initFieldVector();
   std::vector<ZNRefPtr<ZNAddress>> getAddrsByObjIDList(const std::list<ObjID>& ids) const;
-  const ObjectStatus& overallByLevel() const;
   ZNTopoAPIStatus changeStatus(const StatusRow& row, const ObjectStatus& aStat, long changeTimeUTC,
                                bool updateDB);
 };

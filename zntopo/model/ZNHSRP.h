@@ -1,6 +1,7 @@
 #pragma once
 
 #include <list>
+#include <optional>
 #include <string>
 
 #include "zntopo/model/ZNEntity.h"
@@ -17,8 +18,8 @@ class ZNTOPO_EXPORT ZNHSRP : public ZNEntity {
   ZNHSRP();
   explicit ZNHSRP(const ZNEntity& ent);
   ZNHSRP(const ZNEntity& ent, const AddressInfoList& list);
-  ZNHSRP(const ZNHSRP& other) = default;
-  ZNHSRP& operator=(const ZNHSRP& other) = default;
+  ZNHSRP(const ZNHSRP& other);
+  ZNHSRP& operator=(const ZNHSRP& other);
   ~ZNHSRP() override;
 
   std::string toString() const override;
@@ -47,8 +48,13 @@ class ZNTOPO_EXPORT ZNHSRP : public ZNEntity {
  private:
   struct Update;
 
+  /// As setHSRPState(), without the tests of certainty and priority.
+  ZNTopoAPIStatus setHSRPStateHelper(ZNHSRPAddressInfo& anInfo, ZNHSRPAddressInfo::HSRPState aStat,
+                                     int aStatCertainty, bool updateDB, TopoDBType dbType);
   void recomputeAddressList();
   ZNTopoAPIStatus update(Update& change, bool updateDB);
+  std::optional<ZNTopoAPIStatus> apply(Update& change);
+  static void copyTo(ZNHSRPAddressInfo& info, const Update& change);
 
   AddressInfoList myActiveInfoList;
   AddressInfoList myStandByInfoList;

@@ -128,7 +128,9 @@ class ZNTOPO_EXPORT ZNNode : public ZNEntity {
 
  private:
   bool has(unsigned long mask) const { return myNodeProperty.capabilitySet.isCapabilitySet(mask); }
-  void getInterfaceIDs(std::unique_ptr<InterfaceList>& out) const;
+  void copyOwnFields(const ZNNode& other);
+  /// Loads the identifiers and leaves the objects in out; false if they were there already.
+  bool getInterfaceIDs(std::unique_ptr<InterfaceList>& out) const;
   std::unique_ptr<InterfaceList> fetchInterfaces(const std::set<ObjID>& ids) const;
   const std::list<ZNIfcInfo>& loadIfcInfo(int IFCType, const char* logText) const;
   void publishIfcInfo(const std::list<ZNIfcInfo>& list) const;

@@ -1,0 +1,39 @@
+#include "zntopo/model/MonitoredIPv6Aspect.h"
+
+#include "zntopo/model/ZNRefPtrConversion.h"
+
+namespace zntopo {
+
+ObjectStatus MonitoredIPv6Aspect::getSiteLocalStatus() const { return _ent->getV6SiteStatus(); }
+ObjectStatus MonitoredIPv6Aspect::getGlobalStatus() const { return _ent->getV6GlobalStatus(); }
+ObjectStatus MonitoredIPv6Aspect::getOverallStatus() const { return _ent->getV6OverallStatus(); }
+
+void MonitoredIPv6Aspect::setSiteLocalStatus(const ObjectStatus& status) {
+  _ent->setV6SiteStatus(status, 0, false);
+}
+
+void MonitoredIPv6Aspect::setGlobalStatus(const ObjectStatus& status) {
+  _ent->setV6GlobalStatus(status, 0, false);
+}
+
+void MonitoredIPv6Aspect::setOverallStatus(const ObjectStatus& status) {
+  _ent->setV6OverallStatus(status, 0, false);
+}
+
+std::unique_ptr<std::list<ZNRefPtr<MonitoredInetAddressIPv6>>>
+MonitoredIPv6Aspect::getMonitoredIPv6Addresses() const {
+  return ZNRefPtrConversion::AddressList2MonitoredIPv6List(
+      _ent->getAddressesByType(ZNAddress::IPv6));
+}
+
+std::string MonitoredIPv6Aspect::getAspectName() const { return AspectName; }
+
+std::string MonitoredIPv6Aspect::toString() const {
+  return "\n+++++++++++++++MonitoredIPv6Aspect++++++++++++\nGlobalStatus:" +
+         getGlobalStatus().toString() + "\nSiteLocalStatus:" + getSiteLocalStatus().toString() +
+         "\nOverallStatus:" + getOverallStatus().toString() +
+         "\nEntityObjID:" + _ent->getObjID().getStrValue() +
+         "\n---------------------MonitoredIPv6Aspect-------------";
+}
+
+}  // namespace zntopo
