@@ -140,4 +140,22 @@ bool holds(const ZNTopoCache& cache, const ObjID& id) {
   return K::find(cache, id, found);
 }
 
+/// Removes an identifier from every kind that can be removed from.
+inline void removeEverywhere(ZNTopoCache& cache, const ObjID& id) {
+  cache.removeNode(id);
+  cache.removeInterface(id);
+  cache.removeSubnet(id);
+  cache.removeAddress(id);
+  cache.removeIfc(id);
+  cache.removeHSRP(id);
+}
+
+/// Uses one object of each kind with a legacy identifier, under the same two identifiers.
+inline void useWithLegacyID(ZNTopoCache& cache, const ObjID& id, const ObjID& legacyID) {
+  cache.useNode(makeEntity<ZNNode>(id, legacyID));
+  cache.useInterface(makeEntity<ZNInterface>(id, legacyID));
+  cache.useSubnet(makeEntity<ZNSubnet>(id, legacyID));
+  cache.useAddress(makeMonitoredAddress(id, legacyID));
+}
+
 }  // namespace zntopo::test

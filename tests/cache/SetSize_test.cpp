@@ -23,10 +23,7 @@ class SetSizeTest : public testing::Test {
   void setSize(const Sizes& s) { cache.setSize(s[0], s[1], s[2], s[3], s[4], s[5], s[6]); }
   void fill(int count) {
     for (int id = count; id > 0; --id) {
-      cache.useNode(makeEntity<ZNNode>(id, 10 + id));
-      cache.useAddress(makeMonitoredAddress(id, 10 + id));
-      cache.useSubnet(makeEntity<ZNSubnet>(id, 10 + id));
-      cache.useInterface(makeEntity<ZNInterface>(id, 10 + id));
+      useWithLegacyID(cache, id, 10 + id);
       cache.useVlan(Vlans::make(id));
       cache.useHSRP(HSRPs::make(id));
       cache.useIfc(Ifcs::make(id));

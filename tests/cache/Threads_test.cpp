@@ -45,16 +45,6 @@ void useEveryKind(ZNTopoCache& cache, int round, std::atomic<int>& wrong) {
   useAndFind<HSRPs>(cache, round, wrong);
 }
 
-void removeSome(ZNTopoCache& cache, int round) {
-  const ObjID id = round % kIDs;
-  cache.removeNode(id);
-  cache.removeInterface(id);
-  cache.removeSubnet(id);
-  cache.removeAddress(id);
-  cache.removeIfc(id);
-  cache.removeHSRP(id);
-}
-
 void readWholeKinds(ZNTopoCachePeer& peer, ZNTopoCache& cache) {
   peer.setAllVlanLoaded();
   peer.setAllIfcLoaded();
@@ -78,7 +68,7 @@ TEST(CacheThreadsTest, UsesLookupsRemovalsAndNewSizesMeet) {
   ZNTopoCachePeer peer(cache);
   std::atomic<int> wrong{0};
   const auto uses = [&](int round) { useEveryKind(cache, round, wrong); };
-  runAll({uses, uses, [&](int round) { removeSome(cache, round); },
+  runAll({uses, uses, [&](int round) { removeEverywhere(cache, round % kIDs); },
           [&](int round) {
             if (round % 10 == 0) cache.clear(true);
             readWholeKinds(peer, cache);

@@ -137,10 +137,7 @@ TEST_F(ZNTopoCacheTest, AnEvictionTakesTheLegacyIdentifierToo) {
   config.setInterfaceCacheSize(1);
   config.setAddressCacheSize(1);
   for (const int id : {1, 2}) {
-    useNode(id, 10 + id);
-    useInterface(id, 10 + id);
-    cache.useSubnet(makeEntity<ZNSubnet>(id, 10 + id));
-    cache.useAddress(makeMonitoredAddress(id, 10 + id));
+    useWithLegacyID(cache, id, 10 + id);
   }
   ZNRefPtr<ZNInterface> interface;
   EXPECT_THAT(keysOf(peer.getNodeQRMIDMap()), ElementsAre(12));
@@ -276,15 +273,9 @@ TEST_F(ZNTopoCacheTest, TheMapsAreGivenAsCopies) {
 TEST_F(ZNTopoCacheTest, ARemovalTakesBothIdentifiersAndTheAge) {
   useFifo();
   for (const int id : {1, 2}) {
-    useNode(id, 10 + id);
-    useInterface(id, 10 + id);
-    cache.useSubnet(makeEntity<ZNSubnet>(id, 10 + id));
-    cache.useAddress(makeMonitoredAddress(id, 10 + id));
+    useWithLegacyID(cache, id, 10 + id);
   }
-  cache.removeNode(1);
-  cache.removeInterface(1);
-  cache.removeSubnet(1);
-  cache.removeAddress(1);
+  removeEverywhere(cache, 1);
   EXPECT_THAT(keysOf(peer.getNodeIDMap()), ElementsAre(ObjID(2)));
   EXPECT_THAT(keysOf(peer.getNodeQRMIDMap()), ElementsAre(12));
   EXPECT_THAT(keysOf(peer.getSubnetIDMap()), ElementsAre(ObjID(2)));
@@ -299,19 +290,11 @@ TEST_F(ZNTopoCacheTest, ARemovalTakesBothIdentifiersAndTheAge) {
 }
 
 TEST_F(ZNTopoCacheTest, RemovingWhatIsNotThereChangesNothing) {
-  useNode(1, 11);
-  useInterface(1, 11);
-  cache.useSubnet(makeEntity<ZNSubnet>(1, 11));
-  cache.useAddress(makeMonitoredAddress(1, 11));
+  useWithLegacyID(cache, 1, 11);
   cache.useIfc(Ifcs::make(1));
   cache.useHSRP(HSRPs::make(1));
   for (const ObjID& id : {ObjID(2), ObjID("text"), ObjID()}) {
-    cache.removeNode(id);
-    cache.removeInterface(id);
-    cache.removeSubnet(id);
-    cache.removeAddress(id);
-    cache.removeIfc(id);
-    cache.removeHSRP(id);
+    removeEverywhere(cache, id);
   }
   EXPECT_THAT(keysOf(peer.getNodeIDMap()), ElementsAre(ObjID(1)));
   EXPECT_THAT(keysOf(peer.getNodeQRMIDMap()), ElementsAre(11));
