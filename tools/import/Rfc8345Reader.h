@@ -1,0 +1,18 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "tools/import/ImportReport.h"
+#include "tools/import/NetworkModel.h"
+
+namespace zntopo::tools {
+
+/// Reads a file of RFC 8345 JSON, with the attributes of layers 2 and 3, into a network.
+///
+/// Throws ImportError for a malformed file, with the place in it. What is well formed and was
+/// not carried over is counted in the report. The progress function hears the part read.
+NetworkModel readRfc8345(const std::string& file, ImportReport& report,
+                         const std::function<void(double)>& progress = {});
+
+}  // namespace zntopo::tools

@@ -1,0 +1,108 @@
+#include "tools/zntopo/Answer.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <exception>
+#include <iostream>
+
+#include "tools/import/ImportReport.h"
+#include "tools/import/StoreTable.h"
+
+namespace zntopo::tools {
+
+namespace {
+
+std::string withoutLineEnd(std::string text) {
+  while (!text.empty() && text.back() == '\n') text.pop_back();
+  return text;
+}
+
+void printError(const ZNTopoAPIStatus& status) {
+  std::cerr << "zntopo: " << status.getStatus() << " " << statusName(status.getStatus()) << ": "
+            << withoutLineEnd(status.getStatusMsg()) << "\n";
+  if (!status.getAuxMsg().empty()) std::cerr << withoutLineEnd(status.getAuxMsg()) << "\n";
+}
+
+std::string dump(const Json& json) {
+  // The store may hold bytes that are no UTF-8.
+  return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+}  // namespace
+
+ZNTopoAPIStatus Failure::makeStatus(ZNTopoStatus code, const std::string& text) {
+  return ZNTopoAPIStatus(code, text + "\n");
+}
+
+void check(const ZNTopoAPIStatus& status) {
+  if (!status.isOK()) throw Failure(status);
+}
+
+AnswerStream::AnswerStream() : descriptor_(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3)) {
+  dup2(STDERR_FILENO, STDOUT_FILENO);
+}
+
+AnswerStream::~AnswerStream() {
+  if (descriptor_ >= 0) close(descriptor_);
+}
+
+bool AnswerStream::write(const std::string& text) {
+  std::size_t done = 0;
+  while (done < text.size()) {
+    const ssize_t count = ::write(descriptor_, text.data() + done, text.size() - done);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    done += static_cast<std::size_t>(count);
+  }
+  return true;
+}
+
+void addStoreOption(CLI::App& command, Context& context) {
+  command
+      .add_option("--store", context.store,
+                  "The store: a SQLite file or an ODBC connection string "
+                  "(otherwise TV_TOPO_STORE names it)")
+      ->type_name("STORE");
+}
+
+void addJsonOption(CLI::App& command, Context& context) {
+  command.add_flag("--json", context.isJson, "Answer in JSON");
+}
+
+Json statusJson(const ZNTopoAPIStatus& status) {
+  Json json;
+  json["code"] = static_cast<int>(status.getStatus());
+  json["name"] = statusName(status.getStatus());
+  json["message"] = withoutLineEnd(status.getStatusMsg());
+  json["aux"] = withoutLineEnd(status.getAuxMsg());
+  return json;
+}
+
+void answer(Context& context, Answer answer, const std::function<void(Answer&)>& work) {
+  try {
+    work(answer);
+  } catch (const Failure& failure) {
+    answer.status = failure.status();
+  } catch (const ImportError& error) {
+    answer.status = Failure(ZN_API_ILLEGAL_INPUT, error.what()).status();
+  } catch (const StoreError& error) {
+    answer.status = Failure(ZN_API_SQL_EXEC_ERROR, error.what()).status();
+  } catch (const std::exception& error) {
+    answer.status = Failure(ZN_API_INTERNAL_ERROR, error.what()).status();
+  }
+  if (!answer.status.isOK()) {
+    context.exitStatus = ExitFailure;
+    printError(answer.status);
+  }
+  if (!answer.note.empty()) std::cerr << answer.note << "\n";
+  Json json = Json::object({{"status", statusJson(answer.status)}});
+  json.update(answer.json);
+  if (!context.answers.write(context.isJson ? dump(json) : answer.text)) {
+    std::cerr << "zntopo: the answer could not be written\n";
+    context.exitStatus = ExitFailure;
+  }
+}
+
+}  // namespace zntopo::tools

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <iosfwd>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <string>
+
+#include "zntopo/core/ZNTopoAPIStatus.h"
+
+/// @file
+/// How the subcommands answer: text or JSON on standard output, errors on standard error.
+
+namespace zntopo::tools {
+
+using Json = nlohmann::ordered_json;
+
+/// Exit statuses of the command.
+enum ExitStatus : int { ExitAnswer = 0, ExitFailure = 1, ExitWrongCall = 2 };
+
+/// Ends a subcommand with a status of the library or in its manner.
+class Failure : public std::runtime_error {
+ public:
+  explicit Failure(const ZNTopoAPIStatus& status)
+      : std::runtime_error(status.getAuxMsg()), status_(status) {}
+  /// A text without a line end.
+  Failure(ZNTopoStatus code, const std::string& text) : Failure(makeStatus(code, text)) {}
+
+  const ZNTopoAPIStatus& status() const { return status_; }
+
+ private:
+  static ZNTopoAPIStatus makeStatus(ZNTopoStatus code, const std::string& text);
+
+  ZNTopoAPIStatus status_;
+};
+
+/// Throws a Failure unless the status is OK.
+void check(const ZNTopoAPIStatus& status);
+
+/// Keeps standard output for answers: whatever the library, or what it stands on, writes there
+/// goes to standard error instead. One for the process.
+class AnswerStream {
+ public:
+  AnswerStream();
+  ~AnswerStream();
+  AnswerStream(const AnswerStream&) = delete;
+  AnswerStream& operator=(const AnswerStream&) = delete;
+
+  /// False if not all of it could be written.
+  bool write(const std::string& text);
+
+ private:
+  int descriptor_;
+};
+
+/// What all subcommands share: their options, and what becomes of the process.
+struct Context {
+  AnswerStream& answers;
+  std::string store;
+  bool isJson = false;
+  int exitStatus = ExitAnswer;
+};
+
+/// What one subcommand answers. It fills both forms; one of them is printed.
+struct Answer {
+  /// The members beside "status". What stands here before the work is what a failure shows.
+  Json json = Json::object();
+  std::string text;
+  /// For people, on standard error.
+  std::string note;
+  /// A failure that leaves a partial answer.
+  ZNTopoAPIStatus status;
+};
+
+/// Adds the options --store and, if the subcommand can answer so, --json.
+void addStoreOption(CLI::App& command, Context& context);
+void addJsonOption(CLI::App& command, Context& context);
+
+/// Runs a subcommand's work, prints its answer or its failure, and sets the exit status.
+void answer(Context& context, Answer answer, const std::function<void(Answer&)>& work);
+
+/// "code", "name", "message" and "aux" of a status.
+Json statusJson(const ZNTopoAPIStatus& status);
+
+}  // namespace zntopo::tools

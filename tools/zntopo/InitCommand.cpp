@@ -1,0 +1,61 @@
+#include <unistd.h>
+
+#include "tools/import/StoreWriter.h"
+#include "tools/zntopo/Commands.h"
+#include "tools/zntopo/Session.h"
+#include "zntopo/store/SchemaScript.h"
+
+namespace zntopo::tools {
+
+namespace {
+
+using TvXplMsg::MessageList_t;
+
+void require(TvDbil::DbilReturnCode_t code, const MessageList_t& messages,
+             const std::string& what) {
+  if (code != TvDbil::DBIL_SUCCESS && code != TvDbil::DBIL_SUCCESS_WITH_INFO) {
+    throw Failure(ZN_API_DB_INIT_FAILURE, what + "\n" + messages.Format(TvXplMsg::fRecurse_k));
+  }
+}
+
+void makeTables(const std::string& store) {
+  TvDbil::DbConnection_t connection = openStore();
+  if (hasSchema(connection)) {
+    throw Failure(ZN_API_DB_INIT_FAILURE, "There is a topology in \"" + store + "\" already.");
+  }
+  MessageList_t messages;
+  require(createSchema(messages, connection), messages, "The tables can't be made.");
+}
+
+void init(const Context& context, Answer& answer) {
+  chooseStore(context);
+  MessageList_t messages;
+  const TvDbil::DbSource_t source(messages);
+  const std::string& store = source.GetStore();
+  if (!source.IsOdbc()) {
+    require(TvDbil::CreateStore(messages, source), messages,
+            "The store \"" + store + "\" can't be created.");
+  }
+  try {
+    makeTables(store);
+  } catch (...) {
+    // The file was made here, a moment ago.
+    if (!source.IsOdbc()) unlink(store.c_str());
+    throw;
+  }
+  answer.json["store"] = store;
+  answer.text = "Created the store " + store + "\n";
+}
+
+}  // namespace
+
+void addInitCommand(CLI::App& app, Context& context) {
+  CLI::App* const command =
+      addCommand(app, context, "init", "Create an empty store; never over an existing one.",
+                 "  zntopo init --store campus.db\n"
+                 "  zntopo init --store \"Driver=PostgreSQL Unicode;Servername=db;Database=topo\"");
+  command->callback(
+      [&context] { answer(context, {}, [&context](Answer& result) { init(context, result); }); });
+}
+
+}  // namespace zntopo::tools

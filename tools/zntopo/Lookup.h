@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "tools/import/IpAddress.h"
+#include "tools/zntopo/Session.h"
+#include "zntopo/core/ObjID.h"
+#include "zntopo/model/ZNInterface.h"
+#include "zntopo/model/ZNNode.h"
+
+namespace zntopo::tools {
+
+/// A node that a user named, and how.
+struct NamedNode {
+  ZNRefPtr<ZNNode> node;
+  /// The address, if it was one.
+  std::optional<IpAddress> address;
+
+  std::string id() const { return node->getObjID().toString(); }
+};
+
+/// Finds the node of a text: one whose name is the text; else the one with this identifier; else
+/// the one with this address; else the one whose name begins with the text.
+///
+/// Names go into the store's statements as parameters, so they may hold anything.
+/// Throws a Failure: ZN_API_OBJ_NOT_EXIST, ZN_API_NONUNIQUE_NAME, or what the library reports.
+NamedNode findNode(Session& session, const std::string& text);
+
+/// The nodes and interfaces of a set of identifiers, by identifier text.
+std::map<std::string, ZNRefPtr<ZNNode>> nodesById(Session& session, const std::set<ObjID>& ids);
+std::map<std::string, ZNRefPtr<ZNInterface>> interfacesById(Session& session,
+                                                            const std::set<ObjID>& ids);
+
+/// The label of an interface: its alias, name or description, without the padding.
+std::string interfaceLabel(const ZNInterface& interface);
+
+/// The first column of a statement with one parameter. Throws a Failure.
+std::vector<std::string> selectTexts(TvDbil::DbConnection_t& connection, const std::string& sql,
+                                     const std::string& parameter);
+
+}  // namespace zntopo::tools

@@ -1,0 +1,129 @@
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "tools/zntopo/Commands.h"
+#include "tools/zntopo/Lookup.h"
+#include "tools/zntopo/TextTable.h"
+
+namespace zntopo::tools {
+
+namespace {
+
+struct PathOptions {
+  std::string from;
+  std::string to;
+  int maxHops = 20;
+  bool crossRouters = false;
+};
+
+using InterfaceList = ZNTopoAPI::OwnedInterfaceList;
+
+InterfaceList pathBetweenNodes(Session& session, const PathOptions& options, const NamedNode& from,
+                               const NamedNode& to, ZNTopoAPIStatus& status) {
+  return session.api().getL2PathBetweenNodes(from.id(), to.id(), options.maxHops, status,
+                                             ZNAddress::IPv4, options.crossRouters);
+}
+
+/// Between two addresses of one kind the library is asked by address, so that the path begins
+/// and ends with the interfaces that own them. It finds an interface by the first of its
+/// addresses of a kind only, so otherwise it is asked for the path between the nodes.
+InterfaceList findPath(Session& session, const PathOptions& options, const NamedNode& from,
+                       const NamedNode& to, Answer& answer) {
+  ZNTopoAPIStatus& status = answer.status;
+  if (!from.address || !to.address || from.address->isV6() != to.address->isV6()) {
+    return pathBetweenNodes(session, options, from, to, status);
+  }
+  const auto type = from.address->isV6() ? ZNAddress::IPv6 : ZNAddress::IPv4;
+  auto path = session.api().getL2Path(from.address->text(), to.address->text(), options.maxHops,
+                                      status, type, options.crossRouters);
+  if (status.getStatus() != ZN_API_UNKNOWN_IP) return path;
+  answer.note =
+      "One of the addresses is not the first of its interface: this is the path between " +
+      printable(from.node->getName()) + " and " + printable(to.node->getName()) +
+      ", which own them.";
+  answer.json["note"] = answer.note;
+  status.reset();
+  return pathBetweenNodes(session, options, from, to, status);
+}
+
+struct Step {
+  std::string node;
+  std::string nodeId;
+  std::string interface;
+  std::string interfaceId;
+};
+
+std::vector<Step> stepsOf(Session& session, const std::list<ZNRefPtr<ZNInterface>>& path) {
+  std::set<ObjID> ids;
+  for (const auto& interface : path) ids.insert(interface->getParentObjID());
+  const auto nodes = nodesById(session, ids);
+  std::vector<Step> steps;
+  for (const auto& interface : path) {
+    const std::string id = interface->getParentObjID().toString();
+    const auto node = nodes.find(id);
+    steps.push_back({node == nodes.end() ? id : node->second->getName(), id,
+                     interfaceLabel(*interface), interface->getObjID().toString()});
+  }
+  return steps;
+}
+
+/// A line for each node, with the interfaces by which the path comes and goes.
+std::string pathText(const std::vector<Step>& steps) {
+  TextTable table({"NODE", "IN", "OUT"});
+  for (std::size_t i = 0; i < steps.size();) {
+    std::size_t last = i;
+    while (last + 1 < steps.size() && steps[last + 1].nodeId == steps[i].nodeId) ++last;
+    const bool isStart = i == 0 && last == i;
+    const bool isEnd = last + 1 == steps.size() && last == i;
+    table.add(
+        {steps[i].node, isStart ? "" : steps[i].interface, isEnd ? "" : steps[last].interface});
+    i = last + 1;
+  }
+  return table.text();
+}
+
+void path(const Context& context, const PathOptions& options, Answer& answer) {
+  Session session(context);
+  const NamedNode from = findNode(session, options.from);
+  const NamedNode to = findNode(session, options.to);
+  const InterfaceList found = findPath(session, options, from, to, answer);
+  check(answer.status);
+  const std::vector<Step> steps = stepsOf(session, *found);
+  std::size_t hops = 0;
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    if (i > 0 && steps[i].nodeId != steps[i - 1].nodeId) ++hops;
+    answer.json["interfaces"].push_back({{"node", steps[i].node},
+                                         {"node_id", steps[i].nodeId},
+                                         {"interface", steps[i].interface},
+                                         {"interface_id", steps[i].interfaceId}});
+  }
+  answer.json["hops"] = hops;
+  answer.text = pathText(steps) + counted(hops, "hop") + "\n";
+}
+
+}  // namespace
+
+void addPathCommand(CLI::App& app, Context& context) {
+  CLI::App* const command =
+      addCommand(app, context, "path", "Show the layer-2 path between two nodes or addresses.",
+                 "  zntopo path 10.20.3.44 10.20.8.17\n"
+                 "  zntopo path core-1 \"harbor master pc\" --max-hops 8\n"
+                 "  zntopo path access-1 srv-nms --cross-routers --json");
+  const auto options = std::make_shared<PathOptions>();
+  const char* const what = "A name, the beginning of one, an address or an identifier";
+  command->add_option("A", options->from, what)->required();
+  command->add_option("B", options->to, what)->required();
+  command->add_option("--max-hops", options->maxHops, "The most links to cross")
+      ->capture_default_str();
+  command->add_flag("--cross-routers", options->crossRouters,
+                    "Go through routers too (the ends may always be routers)");
+  command->callback([&context, options] {
+    Answer empty;
+    empty.json["hops"] = 0;
+    empty.json["interfaces"] = Json::array();
+    answer(context, empty, [&](Answer& result) { path(context, *options, result); });
+  });
+}
+
+}  // namespace zntopo::tools
