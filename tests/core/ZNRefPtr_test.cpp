@@ -117,10 +117,10 @@ TEST_F(ZNRefPtrTest, AssigningWhatHangsOnTheOldObjectKeepsItAlive) {
 TEST_F(ZNRefPtrTest, MovingTakesTheObjectAlong) {
   ZNRefPtr<Device> from(new Device);
   ZNRefPtr<Device> to(std::move(from));
-  EXPECT_TRUE(from.isNull());
+  EXPECT_TRUE(from.isNull());  // NOLINT(clang-analyzer-cplusplus.Move)
   EXPECT_FALSE(to.isNull());
   from = std::move(to);
-  EXPECT_TRUE(to.isNull());
+  EXPECT_TRUE(to.isNull());  // NOLINT(clang-analyzer-cplusplus.Move)
   EXPECT_EQ(alive, 1);
 }
 

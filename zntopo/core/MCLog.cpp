@@ -159,20 +159,22 @@ void MCLog::log(MCDebugLevel level, const char* format, ...) {
   va_end(arguments);
 }
 
-void MCLog::vlog(MCDebugLevel level, const char* format, va_list arguments) try {
-  const bool passed = passes(level);
-  const bool traced = isTraced(level);
-  if (!passed && !traced) return;
-  // Zeroed: after a failed conversion the text ends where the formatting did.
-  const auto text = std::make_unique<char[]>(kTextSize);
-  if (format) std::vsnprintf(text.get(), kTextSize, format, arguments);
-  if (traced) {
-    const TvXplTrc::TraceObj_t& trace = topoSvcOperationObj;
-    trace.DoTrace(traceCategory(level), text.get(), "../MCLog", __LINE__);
+void MCLog::vlog(MCDebugLevel level, const char* format, va_list arguments) {
+  try {
+    const bool passed = passes(level);
+    const bool traced = isTraced(level);
+    if (!passed && !traced) return;
+    // Zeroed: after a failed conversion the text ends where the formatting did.
+    const auto text = std::make_unique<char[]>(kTextSize);
+    if (format) std::vsnprintf(text.get(), kTextSize, format, arguments);
+    if (traced) {
+      const TvXplTrc::TraceObj_t& trace = topoSvcOperationObj;
+      trace.DoTrace(traceCategory(level), text.get(), "../MCLog", __LINE__);
+    }
+    if (passed) write(level, text.get());
+  } catch (const std::exception&) {
+    // Without memory the line is lost: a log never fails its caller.
   }
-  if (passed) write(level, text.get());
-} catch (const std::exception&) {
-  // Without memory the line is lost: a log never fails its caller.
 }
 
 void MCLog::write(MCDebugLevel level, const char* text) {
