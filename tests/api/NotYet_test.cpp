@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include "zntopo/api/ZNTopoAPI_Impl.h"
+#include "zntopo/model/TopologyGateway.h"
+
+namespace zntopo {
+namespace {
+
+/// Operations that are declared and not carried out: each says so and names itself.
+class NotYetTest : public testing::Test {
+ protected:
+  void expectNotYet(const ZNTopoAPIStatus& answer, const std::string& operation) {
+    EXPECT_EQ(answer.getStatus(), ZN_API_NOT_SUPPORTED_OPERATION) << operation;
+    EXPECT_EQ(answer.getAuxMsg(), operation + " is not supported yet\n");
+  }
+
+  ZNTopoAPI api;
+  ZNTopoAPI_Impl impl;
+  ZNTopoAPIStatus status{ZN_API_NO_PATH, "of before\n"};
+  std::set<ObjID> ids = {ObjID("x")};
+  std::set<ObjID> notFound;
+  const ZNTopoFilter filter;
+};
+
+TEST_F(NotYetTest, QueriesAnswerWithEmptyContainersThatExist) {
+#define ZNTOPO_EXPECT_EMPTY(operation, ...)          \
+  do {                                               \
+    status = ZNTopoAPIStatus(ZN_API_NO_PATH, "old"); \
+    const auto result = api.operation(__VA_ARGS__);  \
+    ASSERT_TRUE(result) << #operation;               \
+    EXPECT_TRUE(result->empty()) << #operation;      \
+    expectNotYet(status, #operation);                \
+  } while (false)
+  ZNTOPO_EXPECT_EMPTY(getSubnetsByObjIDList, ids, status, false, false, ZNEntity::IPv6, -1);
+  ZNTOPO_EXPECT_EMPTY(getVlansByObjIDList, ids, notFound, status, false, -1);
+  ZNTOPO_EXPECT_EMPTY(getIfcsByObjIDList, ids, notFound, status, false, -1);
+  ZNTOPO_EXPECT_EMPTY(getIfcsByType, 1, status, -1);
+  ZNTOPO_EXPECT_EMPTY(getHSRPsByObjIDList, ids, notFound, status, false, -1);
+  ZNTOPO_EXPECT_EMPTY(getHSRPObjIDsByIFAddressObjID, ObjID("x"), ZNTopoAPI::HSRP_Address, status);
+  ZNTOPO_EXPECT_EMPTY(getNodeIDsByFilter, filter, status);
+  ZNTOPO_EXPECT_EMPTY(getNodesByFilter, filter, status);
+  ZNTOPO_EXPECT_EMPTY(getSubnetIDsByFilter, filter, status);
+  ZNTOPO_EXPECT_EMPTY(getAddressIDsByFilter, filter, status);
+  ZNTOPO_EXPECT_EMPTY(getEntityIDsByFilter, filter, status);
+  ZNTOPO_EXPECT_EMPTY(getNSubnetConnectivity, 1, ObjID("x"), filter, status);
+  ZNTOPO_EXPECT_EMPTY(getConnectivity, ids, notFound, status, true, false);
+  ZNTOPO_EXPECT_EMPTY(getAuditTrail, 0, 0, ZNAuditAction::TypeDontCare,
+                      ZNAuditTrail::ObjectTypeDontCare, status);
+  ZNTOPO_EXPECT_EMPTY(getNodeIDsByTopoFilter, "f", status);
+  ZNTOPO_EXPECT_EMPTY(getInterfaceIDsByTopoFilter, "f", status);
+  ZNTOPO_EXPECT_EMPTY(getAddresseIDsByTopoFilter, "f", status);
+  ZNTOPO_EXPECT_EMPTY(getObjIDsByTopoFilter, "f", status);
+  ZNTOPO_EXPECT_EMPTY(getNodesByTopoFilter, "f", status);
+  ZNTOPO_EXPECT_EMPTY(getInterfacesByTopoFilter, "f", status);
+  ZNTOPO_EXPECT_EMPTY(getAddressesByTopoFilter, "f", status);
+  ZNTOPO_EXPECT_EMPTY(ParseAndGetNodesByTopoFilter, "<x/>", "f", status);
+  ZNTOPO_EXPECT_EMPTY(ParseAndGetInterfacesByTopoFilter, "<x/>", "f", status);
+  ZNTOPO_EXPECT_EMPTY(ParseAndGetAddressesByTopoFilter, "<x/>", "f", status);
+#undef ZNTOPO_EXPECT_EMPTY
+}
+
+TEST_F(NotYetTest, SingleObjectsAreNullHandles) {
+  EXPECT_TRUE(api.getSubnetByObjID(ObjID("x"), status).isNull());
+  expectNotYet(status, "getSubnetByObjID");
+  EXPECT_TRUE(api.getSubnetByQRMObjID(ObjID("x"), status).isNull());
+  expectNotYet(status, "getSubnetByQRMObjID");
+  EXPECT_TRUE(api.getVlanByObjID(ObjID("x"), status).isNull());
+  expectNotYet(status, "getVlanByObjID");
+  EXPECT_TRUE(api.getIfcByObjID(ObjID("x"), status).isNull());
+  expectNotYet(status, "getIfcByObjID");
+}
+
+TEST_F(NotYetTest, UpdatesOfTheStoreReturnTheirStatus) {
+  ZNNode node;
+  ZNInterface interface;
+  int id = 1;
+  expectNotYet(impl.setHSRPAddressInfo(ZNHSRPAddressInfo()), "setHSRPAddressInfo");
+  expectNotYet(impl.setNWInterfaceState(ObjID("x"), 1, 0), "setNWInterfaceState");
+  expectNotYet(impl.setAddressState(ObjID("x"), 1), "setAddressState");
+  expectNotYet(impl.setNWNodeStatus(ObjID("x"), 1, 5), "setNWNodeStatus");
+  expectNotYet(impl.setEntityStatus(ObjID("x"), 1, 2, ZNEntity::Overall, E_Node),
+               "setEntityStatus");
+  expectNotYet(impl.setL2DomainIdOfNode(node, id), "setL2DomainIdOfNode");
+  expectNotYet(impl.setL2DomainIdOfInterface(interface, id), "setL2DomainIdOfInterface");
+  expectNotYet(impl.setNWIfcAssocInfoState(ObjID("x"), ObjID("y"), 1, 2), "setNWIfcAssocInfoState");
+}
+
+TEST_F(NotYetTest, CacheUpdatesAndStatisticsSayTheSame) {
+  expectNotYet(api.preLoadTopoCache(true, true, true, true, true), "preLoadTopoCache");
+  api.updateCacheObjectStatus(ObjID("x"), false, E_Node, 1, 2, ZNEntity::Overall, status, false);
+  expectNotYet(status, "updateCacheObjectStatus");
+  impl.updateCacheObjectAttribute(ObjID("x"), E_Node, Snmp_State, 1, ObjID(), status);
+  expectNotYet(status, "updateCacheObjectAttribute");
+  EXPECT_EQ(api.getTopologyInfo(status).getNumberOfNode(), 0);
+  expectNotYet(status, "getTopologyInfo");
+  EXPECT_EQ(impl.getStatistic("select 1", status), 0);
+  expectNotYet(status, "getStatistic");
+}
+
+TEST_F(NotYetTest, FilterDocumentsAreRefusedWithTheNumberOfTheStatus) {
+  EXPECT_EQ(api.ParseDefaultFile(status), ZN_API_NOT_SUPPORTED_OPERATION);
+  expectNotYet(status, "ParseDefaultFile");
+  EXPECT_EQ(api.ParseXmlFile("f.xml", status), ZN_API_NOT_SUPPORTED_OPERATION);
+  expectNotYet(status, "ParseXmlFile");
+  EXPECT_EQ(api.ParseXmlString("<x/>", status), ZN_API_NOT_SUPPORTED_OPERATION);
+  expectNotYet(status, "ParseXmlString");
+  EXPECT_TRUE(api.getDefaultFileFilterName(status).empty());
+  expectNotYet(status, "getDefaultFileFilterName");
+}
+
+TEST_F(NotYetTest, NotificationsAreRefusedToObjects) {
+  const ZNTopoAPIStatus answers[] = {topologyGateway().ensureNotificationClient(),
+                                     topologyGateway().sendStatusNotification({}),
+                                     topologyGateway().sendAttributeNotification({})};
+  for (const ZNTopoAPIStatus& answer : answers) {
+    EXPECT_EQ(answer.getStatus(), ZN_API_NOT_SUPPORTED_OPERATION);
+    EXPECT_EQ(answer.getAuxMsg(), "Notifications are not supported yet\n");
+  }
+}
+
+TEST_F(NotYetTest, APageMakesNoDifferenceAndIsNotTouched) {
+  BatchInfo batch(10);
+  ZNTopoAPIStatus with;
+  ZNTopoAPIStatus without;
+  const auto paged = api.getNodeIDsByFilter(filter, with, &batch);
+  const auto whole = api.getNodeIDsByFilter(filter, without);
+  EXPECT_EQ(*paged, *whole);
+  EXPECT_EQ(with.getStatus(), without.getStatus());
+  EXPECT_EQ(with.getAuxMsg(), without.getAuxMsg());
+  EXPECT_FALSE(batch.hasNext());
+  EXPECT_EQ(batch.getResultSetID(), 0);
+}
+
+TEST_F(NotYetTest, ThereIsNeverANextPageOfAddresses) {
+  EXPECT_FALSE(impl.getAddressIDsByFilterNext(status));
+  EXPECT_EQ(status.getStatus(), ZN_API_NO_PATH);
+  EXPECT_EQ(status.getAuxMsg(), "of before\n");
+}
+
+TEST_F(NotYetTest, ReleaseEndsNothingAndTheCacheLivesOn) {
+  ZNTopoAPI::release();
+  EXPECT_TRUE(api.isCacheValid());
+}
+
+}  // namespace
+}  // namespace zntopo

@@ -1,0 +1,56 @@
+// The engines accept each statement of this floor, on both table sets.
+
+#include "tests/api/ApiFixture.h"
+#include "zntopo/api/detail/NodeSql.h"
+
+namespace zntopo::test {
+namespace {
+
+using namespace zntopo::detail;
+
+std::vector<std::string> nodeStatements(const TableSet& tables) {
+  const std::list<ObjID> ids = {ObjID(uuid(1)), ObjID("x")};
+  std::vector<std::string> all = {
+      nodeSelect("", nodeTables(tables)),
+      nodeSelect(nodeIDCondition(ids, false), nodeTables(tables)),
+      nodeSelect(nodeIDCondition(ids, true), nodeTables(tables)),
+      nodeSelect(allNodesCondition(ZNEntity::IPv4, 3), nodeTables(tables)),
+      nodeSelect(allNodesCondition(ZNEntity::IPv6, -1), nodeTables(tables)),
+      nodeSelect(allNodesCondition(ZNEntity::AllProtocol, 0), nodeTables(tables)),
+      userVarSelect(tables, E_Unknown, "", ids),
+      userVarSelect(tables, E_Vlan, "", ids),
+      userVarSelect(tables, E_Node, tables.nwnodeTbl_, ids),
+      userVarSelect(tables, E_Interface, tables.nwinterfaceTbl_, ids),
+      userVarSelect(tables, E_HSRP, tables.nwhsrpTbl_, ids),
+      userVarSelect(tables, E_IfC, tables.nwifcTbl_, ids),
+      connDataSelect(tables, ids, false),
+      connDataSelect(tables, ids, true),
+      vlanInfoSelect(tables, ids, true, false, false),
+      vlanInfoSelect(tables, ids, false, false, false),
+      vlanInfoSelect(tables, {}, true, true, false),
+      vlanInfoSelect(tables, ids, true, false, true),
+      ifcInfoSelect(tables, ids, true, false, 0),
+      ifcInfoSelect(tables, ids, false, false, 2),
+      ifcInfoSelect(tables, {}, true, true, 0),
+      ifcInfoSelect(tables, {}, true, true, 2)};
+  for (const NodeNameClass nameClass : {NodeNameClass::FullDns, NodeNameClass::PartialDns,
+                                        NodeNameClass::IPv4, NodeNameClass::IPv6}) {
+    for (const int rd : {-1, 4}) all.push_back(nodeNameSelect(nameClass, tables, "name", rd));
+  }
+  return all;
+}
+
+class PreparedStatementsTest : public ApiTest {};
+INSTANTIATE_TEST_SUITE_P(Engines, PreparedStatementsTest, testing::ValuesIn(kMainEngines),
+                         EngineNames());
+
+TEST_P(PreparedStatementsTest, EveryStatementOnNodesIsAccepted) {
+  for (const TopoDBType type : {ActiveDB, WorkingDB}) {
+    for (const std::string& sql : nodeStatements(TableSet(type))) {
+      EXPECT_NO_THROW(store->execute(sql)) << sql;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zntopo::test

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "zntopo/platform/tvdbil/TvDbil.h"
+
+namespace zntopo::test {
+
+/// Looks at each statement that the library gives to the platform, and lets one of them fail.
+/// The test program is linked so that the statements' operations pass through here.
+///
+/// One at a time in a process. What the tests themselves execute is seen as well: make the spy
+/// when the store is filled, or call clear(). Several threads may execute statements meanwhile.
+class StatementSpy {
+ public:
+  enum Step { BindSql, BindColumn, Exec, Fetch };
+
+  StatementSpy();
+  ~StatementSpy();
+  StatementSpy(const StatementSpy&) = delete;
+  StatementSpy& operator=(const StatementSpy&) = delete;
+
+  /// The statements that were prepared, in order; those on the state row only on demand.
+  std::vector<std::string> statements() const;
+  std::vector<std::string> allStatements() const;
+  void clear();
+
+  /// From now on a step of each statement with this text in it answers with a code, without being
+  /// carried out.
+  /// @param from the columns or rows before this number, which counts from 1, go well.
+  void fail(Step step, const std::string& textInStatement,
+            TvDbil::DbilReturnCode code = TvDbil::DBIL_ERROR, int from = 1);
+  /// From now on a step of such statements is carried out and then answers with a code.
+  void answer(Step step, const std::string& textInStatement, TvDbil::DbilReturnCode code);
+  void succeed();
+
+  /// What the platform says of a step that this object lets fail.
+  static constexpr const char* kMessage = "the spy lets this step fail";
+};
+
+}  // namespace zntopo::test
