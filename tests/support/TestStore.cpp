@@ -8,6 +8,7 @@
 #include "zntopo/store/SchemaScript.h"
 #include "zntopo/store/TableSet.h"
 #include "zntopo/store/ZNDB.h"
+#include "zntopo/store/detail/GoodCode.h"
 
 namespace zntopo {
 
@@ -53,7 +54,7 @@ namespace {
 
 void check(TvDbil::DbilReturnCode_t code, const TvXplMsg::MessageList_t& messages,
            const std::string& what) {
-  if (code == TvDbil::DBIL_SUCCESS || code == TvDbil::DBIL_SUCCESS_WITH_INFO) return;
+  if (detail::isGood(code)) return;
   throw std::runtime_error(what + ": " + messages.Format(TvXplMsg::fRecurse_k));
 }
 

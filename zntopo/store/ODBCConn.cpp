@@ -1,19 +1,13 @@
 #include "zntopo/store/ODBCConn.h"
 
 #include "zntopo/core/MCLog.h"
+#include "zntopo/store/detail/GoodCode.h"
 
 namespace zntopo {
 
+using detail::isGood;
 using TvDbil::DbilReturnCode_t;
 using TvXplMsg::MessageList_t;
-
-namespace {
-
-bool isGood(DbilReturnCode_t code) {
-  return code == TvDbil::DBIL_SUCCESS || code == TvDbil::DBIL_SUCCESS_WITH_INFO;
-}
-
-}  // namespace
 
 ODBCConn::ODBCConn(bool startTransaction, bool toCommit) : myConn(nullptr), myToCommit(toCommit) {
   MCLog::log(MC_INFO, "ODBCConn::ODBCConn()\n");

@@ -2,12 +2,14 @@
 
 #include <string_view>
 
+#include "zntopo/store/detail/GoodCode.h"
 #include "zntopo/store/detail/SchemaTexts.h"
 
 namespace zntopo {
 
 namespace {
 
+using detail::isGood;
 using TvDbil::DbilReturnCode_t;
 
 /// The end of the piece of text that starts at a place: a quoted piece, a comment, or one
@@ -30,10 +32,6 @@ std::string trimmed(const std::string& text) {
   const std::size_t first = text.find_first_not_of(kBlanks);
   if (first == std::string::npos) return {};
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-bool isGood(DbilReturnCode_t code) {
-  return code == TvDbil::DBIL_SUCCESS || code == TvDbil::DBIL_SUCCESS_WITH_INFO;
 }
 
 DbilReturnCode_t runStatement(TvXplMsg::MessageList_t& messages, TvDbil::DbConnection_t& connection,

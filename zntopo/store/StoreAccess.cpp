@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <iostream>
 
+#include "zntopo/store/detail/GoodCode.h"
+
 namespace zntopo {
 
+using detail::isGood;
 using TvDbil::DbilReturnCode_t;
 using TvXplMsg::MessageList_t;
 
@@ -31,10 +34,6 @@ void tellErrorList(ErrorList where, const MessageList_t& messages, ZNTopoAPIStat
   if (where == ErrorList::ToStandardError) {
     std::cerr << "Errors: " << messages.Format(TvXplMsg::fRecurse_k) << std::endl;
   }
-}
-
-bool isGood(DbilReturnCode_t code, bool infoIsGood) {
-  return code == TvDbil::DBIL_SUCCESS || (infoIsGood && code == TvDbil::DBIL_SUCCESS_WITH_INFO);
 }
 
 }  // namespace
