@@ -11,6 +11,8 @@
 namespace zntopo::test {
 namespace {
 
+class SchemaTest : public StoreTest {};
+
 struct TableColumns {
   const char* table;
   std::vector<const char*> texts;

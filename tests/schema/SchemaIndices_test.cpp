@@ -9,7 +9,7 @@
 namespace zntopo::test {
 namespace {
 
-class SchemaIndexTest : public SchemaTest {
+class SchemaIndexTest : public StoreTest {
  protected:
   /// How the engine would go about a statement. PostgreSQL would rather read a table as small as
   /// these from end to end, and is told not to.

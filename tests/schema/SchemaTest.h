@@ -8,17 +8,6 @@
 
 namespace zntopo::test {
 
-/// A store with the schema, on each engine.
-class SchemaTest : public testing::TestWithParam<Engine> {
- protected:
-  void SetUp() override {
-    ZNTOPO_NEED_ENGINE(GetParam());
-    store_.emplace(GetParam());
-  }
-
-  std::optional<TestStore> store_;
-};
-
 /// True for the tables that both table sets share.
 inline bool standsOnce(const std::string& table) {
   return table == "state" || table == "nwtopoaudittrail";

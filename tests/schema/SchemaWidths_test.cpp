@@ -9,7 +9,7 @@
 namespace zntopo::test {
 namespace {
 
-class SchemaWidthTest : public SchemaTest {};
+class SchemaWidthTest : public StoreTest {};
 
 struct Width {
   const char* table;

@@ -28,15 +28,7 @@ void run(const ODBCConn& holder, const std::string& sql) {
       << messages.Format(TvXplMsg::fRecurse_k);
 }
 
-class ODBCConnTest : public testing::TestWithParam<Engine> {
- protected:
-  void SetUp() override {
-    ZNTOPO_NEED_ENGINE(GetParam());
-    store_.emplace(GetParam());
-  }
-
-  std::optional<TestStore> store_;
-};
+class ODBCConnTest : public test::StoreTest {};
 
 INSTANTIATE_TEST_SUITE_P(Engines, ODBCConnTest, testing::ValuesIn(test::kEngines),
                          test::EngineNames());

@@ -13,39 +13,13 @@ namespace {
 
 using test::Engine;
 using test::TestEngine;
-using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 std::string fileText(const std::string& name) {
   std::ifstream stream(std::string(ZNTOPO_SOURCE_DIR) + "/data/schema/" + name);
   std::stringstream text;
   text << stream.rdbuf();
   return text.str();
-}
-
-TEST(SplitSchemaScriptTest, SemicolonsEndStatements) {
-  EXPECT_THAT(splitSchemaScript("create table a (b);\n\n create table c (d)\n;"),
-              ElementsAre("create table a (b)", "create table c (d)"));
-}
-
-TEST(SplitSchemaScriptTest, TheLastStatementNeedsNoSemicolon) {
-  EXPECT_THAT(splitSchemaScript("select 1; select 2"), ElementsAre("select 1", "select 2"));
-}
-
-TEST(SplitSchemaScriptTest, CommentsAndEmptyStatementsAreLeftOut) {
-  EXPECT_THAT(splitSchemaScript("-- a; comment\n;; select 1 -- behind; it\n + 1;-- the end"),
-              ElementsAre("select 1 \n + 1"));
-}
-
-TEST(SplitSchemaScriptTest, QuotesKeepSemicolonsAndDashes) {
-  EXPECT_THAT(splitSchemaScript("select 'a;b''--;' , \";\" ; select ';"),
-              ElementsAre("select 'a;b''--;' , \";\"", "select ';"));
-}
-
-TEST(SplitSchemaScriptTest, NothingGivesNothing) {
-  EXPECT_THAT(splitSchemaScript(""), IsEmpty());
-  EXPECT_THAT(splitSchemaScript(" \n-- only a comment"), IsEmpty());
 }
 
 TEST(SchemaScriptTest, TheLibraryCarriesTheScriptsOfTheDataFolder) {

@@ -29,13 +29,8 @@ const std::string kSql = "select ObjId, EntityName, IPLevel from nwnode order by
 /// A text column without room: it can't be bound.
 constexpr Column kUnbindable[] = {textColumn("ObjId", 37), textColumn("EntityName", 0)};
 
-class StoreAccessTest : public testing::TestWithParam<Engine> {
+class StoreAccessTest : public test::StoreTest {
  protected:
-  void SetUp() override {
-    ZNTOPO_NEED_ENGINE(GetParam());
-    store_.emplace(GetParam());
-  }
-
   void addNode(const std::string& id, const test::Value& name, const test::Value& level) {
     store_->insert("nwnode", {{"ObjId", id}, {"EntityName", name}, {"IPLevel", level}});
   }
@@ -54,7 +49,6 @@ class StoreAccessTest : public testing::TestWithParam<Engine> {
     return runQuery(sql, columns, texts, status_, [](const Row&) { return true; });
   }
 
-  std::optional<TestStore> store_;
   ZNTopoAPIStatus status_;
 };
 

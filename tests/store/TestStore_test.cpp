@@ -7,15 +7,7 @@
 namespace zntopo::test {
 namespace {
 
-class TestStoreTest : public testing::TestWithParam<Engine> {
- protected:
-  void SetUp() override {
-    ZNTOPO_NEED_ENGINE(GetParam());
-    store_.emplace(GetParam());
-  }
-
-  std::optional<TestStore> store_;
-};
+class TestStoreTest : public StoreTest {};
 
 INSTANTIATE_TEST_SUITE_P(Engines, TestStoreTest, testing::ValuesIn(kEngines), EngineNames());
 

@@ -121,5 +121,16 @@ class TestStore {
   std::optional<TvDbil::DbConnection_t> connection_;
 };
 
+/// A fixture with a topology store on each engine that its suite is instantiated with.
+class StoreTest : public testing::TestWithParam<Engine> {
+ protected:
+  void SetUp() override {
+    ZNTOPO_NEED_ENGINE(GetParam());
+    store_.emplace(GetParam());
+  }
+
+  std::optional<TestStore> store_;
+};
+
 }  // namespace test
 }  // namespace zntopo

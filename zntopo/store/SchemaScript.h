@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "zntopo/platform/tvdbil/TvDbil.h"
 
@@ -13,10 +12,6 @@ namespace zntopo {
 /// The script that makes all tables and indices, for an engine as
 /// TvDbil::DbConnection_t::GetEngineName() names it; empty for an engine without one.
 const std::string& schemaScript(const std::string& engineName);
-
-/// Cuts a script into its statements, without the semicolons between them and without "--"
-/// comments. A semicolon or a comment's dashes within quotes belong to the statement.
-std::vector<std::string> splitSchemaScript(const std::string& script);
 
 /// Makes the schema in an empty store, in one transaction: after a failure nothing of it is
 /// there. DBIL_ERROR, with a message, for an engine without a script.
