@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -234,6 +235,16 @@ TEST_F(MCLogTest, WithoutAPlatformMutexOnlyTheTraceIsWritten) {
   EXPECT_THAT(scratch_.read("trace"), HasSubstr(" 6\n"));
 }
 
+TEST_F(MCLogTest, WithoutAPlatformMutexAnInstanceThatIsThereWritesNothingEither) {
+  const zntopo_test::NoMutexes refused;
+  init("app", {"-d", "0"});
+  EXPECT_NE(MCLog::getInstance(), nullptr);
+  logAtEachLevel();
+  EXPECT_TRUE(scratch_.has("app.log"));
+  EXPECT_EQ(scratch_.read("app.log"), "");
+  EXPECT_FALSE(MCLog::isHeard(MC_CRITICAL));
+}
+
 TEST_F(MCLogTest, LimitsNeedAnInstance) {
   EXPECT_EQ(MCLog::setLimits(3, 4), -1);
   MCLog::setDebuggingLevel(MC_INFO);
@@ -262,6 +273,14 @@ TEST_F(MCLogTest, TheUserIsTheNameOrTheNumber) {
   setEnv("MC_DUSER", "");
   MCLog::init(MC_NONE);
   EXPECT_EQ(MCLog::getInstance()->getUserInfo(), std::to_string(getuid()));
+}
+
+TEST_F(MCLogTest, TheUserIsThatOfTheProcessWhenTheEnvironmentNamesNone) {
+  unsetenv("MC_DUSER");
+  MCLog::init(MC_NONE);
+  const passwd* const user = getpwuid(getuid());
+  EXPECT_EQ(MCLog::getInstance()->getUserInfo(),
+            user ? std::string(user->pw_name) : std::to_string(getuid()));
 }
 
 TEST_F(MCLogTest, IsHeardAsksTheLevelAndTheTrace) {

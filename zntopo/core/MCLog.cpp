@@ -124,7 +124,6 @@ void MCLog::publish(MCLog* log) {
 }
 
 MCLog* MCLog::makeInstance() {
-  if (!logMutex().getMutex()) return nullptr;
   const MutexLockInternal hold(logMutex());
   if (isDisabled()) return nullptr;
   if (!getInstance()) publish(new MCLog(MC_DEFAULT));
@@ -132,7 +131,8 @@ MCLog* MCLog::makeInstance() {
 }
 
 bool MCLog::passes(MCDebugLevel level) {
-  if (isDisabled()) return false;
+  // Without a platform mutex nothing would guard the stream: nothing is written then.
+  if (isDisabled() || !logMutex().getMutex()) return false;
   const MCLog* log = getInstance();
   if (!log) log = makeInstance();
   return log && level >= log->getDebugLevel();
