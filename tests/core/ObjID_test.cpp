@@ -96,12 +96,12 @@ TEST(ObjIDTest, A64BitNumberKeepsItsLowThirtyTwoBits) {
   EXPECT_EQ(ObjID(0x100000005ULL).getLongValue(), 5);
 }
 
-TEST(ObjIDTest, UnsignedNumbersAreTheirSignedFormOfTheSameWidth) {
+TEST(ObjIDTest, UnsignedNumbersKeepTheirLowThirtyTwoBits) {
   EXPECT_EQ(ObjID(5U).getLongValue(), 5);
   EXPECT_EQ(ObjID(0xFFFFFFFFU).getLongValue(), -1);
   EXPECT_EQ(ObjID(5UL).getLongValue(), 5);
   EXPECT_EQ(ObjID(~0UL).getLongValue(), -1);
-  EXPECT_EQ(ObjID(0xFFFFFFFFUL).getLongValue(), kMax);
+  EXPECT_EQ(ObjID(0xFFFFFFFFUL).getLongValue(), -1);
 }
 
 TEST(ObjIDTest, EveryIntegerTypeFindsAConstructor) {
@@ -219,6 +219,18 @@ TEST(ObjIDTest, AssigningANumberReleasesWhatWasThere) {
     id = 9UL;
     EXPECT_EQ(id, ObjID(9));
   }
+}
+
+TEST(ObjIDTest, AnAssignedNumberIsTheOneThatTheConstructorMakes) {
+  ObjID id;
+  id = -5;
+  EXPECT_EQ(id, ObjID(-5));
+  id = 0xFFFFFFFFU;
+  EXPECT_EQ(id, ObjID(0xFFFFFFFFU));
+  id = 0xFFFFFFFFUL;
+  EXPECT_EQ(id, ObjID(0xFFFFFFFFUL));
+  id = zntopo::int64{0x100000005};
+  EXPECT_EQ(id, ObjID(zntopo::int64{0x100000005}));
 }
 
 TEST(ObjIDTest, ClearLeavesNull) {

@@ -53,7 +53,7 @@ ObjID::ObjID(const long& value) : ObjID() { setLong(value); }
 ObjID::ObjID(const int& value) : ObjID() { setLong(value); }
 ObjID::ObjID(const int64& value) : ObjID() { setLong(static_cast<std::int32_t>(value)); }
 ObjID::ObjID(const unsigned& value) : ObjID(static_cast<int>(value)) {}
-ObjID::ObjID(const unsigned long& value) : ObjID(static_cast<long>(value)) {}
+ObjID::ObjID(const unsigned long& value) : ObjID(static_cast<int64>(value)) {}
 ObjID::ObjID(const unsigned long long& value) : ObjID(static_cast<int64>(value)) {}
 ObjID::ObjID(const char* text) : ObjID() { CreateObj(text); }
 ObjID::ObjID(const std::string& text) : ObjID() { CreateObj(text.c_str()); }
@@ -80,7 +80,7 @@ ObjID& ObjID::operator=(ObjID&& other) noexcept {
 
 ObjID& ObjID::operator=(const unsigned long& value) {
   clear();
-  setLong(static_cast<long>(value));
+  setLong(static_cast<std::int32_t>(value));
   return *this;
 }
 

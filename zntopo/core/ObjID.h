@@ -34,9 +34,8 @@ class ZNTOPO_EXPORT ObjID {
   /// A number. Numbers beyond 32 bits saturate.
   ObjID(const long& value);  // NOLINT(google-explicit-constructor)
   ObjID(const int& value);   // NOLINT(google-explicit-constructor)
-  /// Keeps the low 32 bits.
-  ObjID(const int64& value);  // NOLINT(google-explicit-constructor)
-  /// As the signed form of the same width.
+  /// These keep the low 32 bits.
+  ObjID(const int64& value);               // NOLINT(google-explicit-constructor)
   ObjID(const unsigned& value);            // NOLINT(google-explicit-constructor)
   ObjID(const unsigned long& value);       // NOLINT(google-explicit-constructor)
   ObjID(const unsigned long long& value);  // NOLINT(google-explicit-constructor)
@@ -49,7 +48,7 @@ class ZNTOPO_EXPORT ObjID {
 
   ObjID& operator=(const ObjID& other);
   ObjID& operator=(ObjID&& other) noexcept;
-  /// As the constructor of the same argument.
+  /// A number. Keeps the low 32 bits, so that every integer that is assigned does.
   ObjID& operator=(const unsigned long& value);
 
   /// True for the kind E_Null alone: the number 0 is not null.
