@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <thread>
 #include <type_traits>
 #include <vector>
@@ -24,6 +23,42 @@ bool isHeld(ZNMutex& mutex) {
   }).join();
   return held;
 }
+
+// Threads that wait for a change, each of which has begun to wait when start() comes back.
+class Waiters {
+ public:
+  void start(int number) {
+    for (int i = 0; i < number; ++i) threads_.emplace_back([this] { wait(); });
+    while (countWaiting() < number) std::this_thread::yield();
+  }
+  void change() {
+    const MutexLockInternal hold(mutex_);
+    ready_ = true;
+  }
+  // Comes back when each of them has been woken.
+  void join() {
+    for (auto& thread : threads_) thread.join();
+  }
+
+  ZNConditionVar changed;
+
+ private:
+  void wait() {
+    const MutexLockInternal hold(mutex_);
+    // Seen by others only when the wait has let go of the mutex.
+    ++waiting_;
+    while (!ready_) changed.wait(mutex_);
+  }
+  int countWaiting() {
+    const MutexLockInternal hold(mutex_);
+    return waiting_;
+  }
+
+  ZNMutex mutex_;
+  bool ready_ = false;
+  int waiting_ = 0;
+  std::vector<std::thread> threads_;
+};
 
 }  // namespace
 
@@ -106,41 +141,20 @@ TEST(MutexLockInternalTest, IsNotAssignable) {
   EXPECT_FALSE(std::is_copy_assignable_v<MutexLockInternal>);
 }
 
+// Without the wake-up these would never end.
+
 TEST(ZNConditionVarTest, SignalWakesOneThatWaits) {
-  ZNMutex mutex;
-  ZNConditionVar changed;
-  bool ready = false;
-  std::thread waiter([&] {
-    const MutexLockInternal hold(mutex);
-    while (!ready) changed.wait(mutex);
-  });
-  {
-    const MutexLockInternal hold(mutex);
-    ready = true;
-  }
-  changed.signal_new();
-  waiter.join();
-  EXPECT_TRUE(ready);
+  Waiters waiters;
+  waiters.start(1);
+  waiters.change();
+  waiters.changed.signal_new();
+  waiters.join();
 }
 
 TEST(ZNConditionVarTest, BroadcastWakesAll) {
-  ZNMutex mutex;
-  ZNConditionVar changed;
-  bool ready = false;
-  std::atomic<int> woken{0};
-  std::vector<std::thread> waiters;
-  for (int i = 0; i < 3; ++i) {
-    waiters.emplace_back([&] {
-      const MutexLockInternal hold(mutex);
-      while (!ready) changed.wait(mutex);
-      ++woken;
-    });
-  }
-  {
-    const MutexLockInternal hold(mutex);
-    ready = true;
-  }
-  changed.broadcast();
-  for (auto& waiter : waiters) waiter.join();
-  EXPECT_EQ(woken, 3);
+  Waiters waiters;
+  waiters.start(3);
+  waiters.change();
+  waiters.changed.broadcast();
+  waiters.join();
 }
