@@ -12,11 +12,9 @@ namespace zntopo {
 namespace {
 
 using test::CapturedLog;
-using test::Engine;
 using test::TestStore;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 enum NodeColumn { kId, kName, kLevel, kNodeColumns };

@@ -34,16 +34,15 @@ namespace zntopo {
 namespace {
 
 using test::CapturedLog;
-using test::Engine;
 using test::TestStore;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::Not;
 
 /// Runs a body in several threads at once.
 template <typename Body>
 void inThreads(int count, const Body& body) {
   std::vector<std::thread> threads;
+  threads.reserve(count);
   for (int i = 0; i < count; ++i) threads.emplace_back([&body, i] { body(i); });
   for (std::thread& thread : threads) thread.join();
 }
@@ -166,8 +165,8 @@ TEST_F(ZNDBTest, AReturnedConnectionIsNotDuplicatedInTheList) {
 }
 
 TEST_F(ZNDBTest, TheHundredAndFirstConnectionIsRefusedAtOnce) {
-  std::vector<ZNDBConnection*> lent;
-  for (int i = 0; i < 100; ++i) lent.push_back(borrow());
+  std::vector<ZNDBConnection*> lent(100);
+  for (ZNDBConnection*& conn : lent) conn = borrow();
   EXPECT_EQ(ZNDBTestAccess::connectionCount(), 100);
   ZNDBConnStatus status = ZN_DB_CONN_SUCCESS;
   EXPECT_EQ(pool()->getConnection(status), nullptr);
