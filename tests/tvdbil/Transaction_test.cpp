@@ -185,7 +185,8 @@ TEST_P(TransactionTest, AWriterThatIsKeptWaitingFailsAfterFiveSeconds) {
   EXPECT_EQ(execute("update t set id = 3 where id = 1"), DBIL_ERROR);
   const std::chrono::duration<double> waited = std::chrono::steady_clock::now() - before;
   EXPECT_GT(waited.count(), 4.0) << told();
-  EXPECT_LT(waited.count(), 20.0);
+  // The ODBC driver for SQLite tries a second time by itself.
+  EXPECT_LT(waited.count(), GetParam() == Engine::SqliteOdbc ? 14.0 : 9.0);
   EXPECT_EQ(connection_->RollbackTransaction(messages_), DBIL_SUCCESS) << told();
   EXPECT_EQ(holder->CommitTransaction(messages_), DBIL_SUCCESS) << told();
 }

@@ -70,7 +70,7 @@ std::string odbcAttribute(const std::string& connectionString, const std::string
 }
 
 std::string odbcDriver(SQLHANDLE environment, const std::string& connectionString) {
-  const std::string driver = odbcAttribute(connectionString, "Driver");
+  std::string driver = odbcAttribute(connectionString, "Driver");
   const std::string source = odbcAttribute(connectionString, "DSN");
   if (!driver.empty() || source.empty()) return driver;
   SQLCHAR name[SQL_MAX_DSN_LENGTH + 1] = {};

@@ -37,9 +37,7 @@ class Lexer {
   /// Passes a quoted thing, a name or a single character.
   void passToken() {
     const char c = current();
-    if (c == '\'' || c == '"') {
-      passQuoted(c, false);
-    } else if (dialect_.foreignQuotes && c == '`') {
+    if (c == '\'' || c == '"' || (dialect_.foreignQuotes && c == '`')) {
       passQuoted(c, false);
     } else if (dialect_.foreignQuotes && c == '[') {
       passBehind("]");
