@@ -20,6 +20,7 @@ class Builder {
   void build() {
     for (const NodeAt& at : layers_.order()) addNode(at);
     for (std::size_t i = 0; i < document_.networks.size(); ++i) addLinks(i);
+    noteMissingLayer2();
     for (const NodeAt& at : layers_.order()) {
       if (layers_.role(at) == Layers::Role::Segment) addSegment(at);
     }
@@ -120,6 +121,15 @@ class Builder {
     const auto tp = layers_.node(*at).tpIndex.find(reference.tp);
     if (tp == layers_.node(*at).tpIndex.end()) return std::nullopt;
     return layers_.interface(*at, tp->second);
+  }
+
+  void noteMissingLayer2() {
+    if (document_.networks.empty()) return;
+    for (std::size_t i = 0; i < document_.networks.size(); ++i) {
+      if (layers_.isPhysical(i) || document_.networks[i].kind == Kind::Layer2) return;
+    }
+    report_.add("file without a physical or a layer-2 network (no layer-2 links)",
+                document_.networks.front().where);
   }
 
   void addLinks(std::size_t index) {

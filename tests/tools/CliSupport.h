@@ -1,0 +1,57 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/support/TestEngine.h"
+
+/// @file
+/// Runs the command zntopo as a user does.
+
+namespace zntopo::test {
+
+/// What a call of the command left.
+struct CliResult {
+  int status = -1;
+  std::string out;
+  std::string err;
+
+  nlohmann::json json() const { return nlohmann::json::parse(out); }
+};
+
+/// Runs zntopo in the environment of this process, with more variables ("NAME=value").
+CliResult zntopoRun(const std::vector<std::string>& arguments,
+                    const std::vector<std::string>& environment = {});
+
+/// The sample network of this project.
+std::string samplePath();
+
+/// An empty place for a store of an engine, which TV_TOPO_STORE names.
+class CliTest : public testing::TestWithParam<Engine> {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  const std::string& store() const { return store_; }
+  /// A file in the temporary folder of the test.
+  std::string write(const std::string& name, const std::string& content) const;
+  /// The rows of the store as text.
+  std::string dump() const;
+
+ private:
+  std::optional<TestEngine> engine_;
+  std::string store_;
+};
+
+/// The same, with the sample network in the store.
+class CliSampleTest : public CliTest {
+ protected:
+  void SetUp() override;
+};
+
+}  // namespace zntopo::test

@@ -1,0 +1,84 @@
+#include "tools/import/StoreRows.h"
+
+#include <gtest/gtest.h>
+
+namespace zntopo::tools {
+namespace {
+
+std::string placeText(const std::string& name) {
+  const PortPlace place = portPlace(name);
+  return place.card + " " + place.port;
+}
+
+TEST(PortPlaceTest, CardAndPortComeFromTheName) {
+  EXPECT_EQ(placeText("Gi1/0/23"), "1/0 23");
+  EXPECT_EQ(placeText("xe-0/0/0.0"), "0/0 0");
+  EXPECT_EQ(placeText("ethernet1/8"), "1 8");
+  EXPECT_EQ(placeText("eth0"), "- 0");
+  EXPECT_EQ(placeText("eth1.20"), "- 1");
+  EXPECT_EQ(placeText("R1-bridge/p2"), "- 2");
+}
+
+TEST(PortPlaceTest, WhatDoesNotFitIsCutOrADash) {
+  EXPECT_EQ(placeText("Gi10/0/23"), "10 23");
+  EXPECT_EQ(placeText("Vlan1006"), "- -");
+  EXPECT_EQ(placeText("lo"), "- -");
+  EXPECT_EQ(placeText(""), "- -");
+  EXPECT_EQ(placeText("12345/1"), "- 1");
+  EXPECT_EQ(placeText("x//1"), "- 1");
+}
+
+TEST(CutTextTest, CutsBetweenCharacters) {
+  EXPECT_EQ(cutText("abc", 3), "abc");
+  EXPECT_EQ(cutText("abc", 2), "ab");
+  EXPECT_EQ(cutText("a\xc3\xa4", 2), "a");
+  EXPECT_EQ(cutText("a\xe2\x82\xac"
+                    "b",
+                    4),
+            "a\xe2\x82\xac");
+  EXPECT_EQ(cutText("a\xe2\x82\xac"
+                    "b",
+                    3),
+            "a");
+}
+
+TEST(RowSetTest, ARowThatComesAgainReplacesTheOneBeforeButForStickyFlags) {
+  RowSet rows;
+  rows.put(NwEntity, {{"ObjId", "x"}, {"EntityName", "one"}, {"hasAddress", 1}});
+  rows.put(NwEntity, {{"ObjId", "x"}, {"EntityName", "two"}, {"hasAddress", 0}});
+  rows.put(NwVlan, {{"ObjId", "x"}});
+  ASSERT_EQ(rows.rows().size(), 2u);
+  const auto& cells = rows.rows()[0].cells;
+  EXPECT_EQ(cells[1], Cell("two"));
+  EXPECT_EQ(cells[9], Cell(1));
+}
+
+TEST(StoreRowsTest, TooLongADescriptionIsCutAndCounted) {
+  NetworkModel model;
+  NodeModel node;
+  node.key = "k";
+  node.name = "n";
+  node.description = std::string(1999, 'x') + "\xc3\xa4";
+  model.nodes.push_back(node);
+  RowSet rows;
+  ImportReport report;
+  addRows(model, "", rows, report);
+  ASSERT_EQ(report.notes().size(), 1u);
+  EXPECT_EQ(rows.rows()[0].cells[3], Cell(std::string(1999, 'x')));
+}
+
+TEST(StoreRowsTest, AZoneMakesOtherIdentifiers) {
+  NetworkModel model;
+  NodeModel node;
+  node.key = "k";
+  node.name = "n";
+  model.nodes.push_back(node);
+  RowSet rows;
+  ImportReport report;
+  addRows(model, "", rows, report);
+  addRows(model, "lab", rows, report);
+  EXPECT_EQ(rows.rows().size(), 4u);
+}
+
+}  // namespace
+}  // namespace zntopo::tools
