@@ -43,6 +43,13 @@ class ZNTopoCachePeer {
   bool isAllVlanLoaded() { return cache_.shelves_->vlans.allLoaded_; }
   std::size_t subnetAges() { return cache_.shelves_->subnets.ages().size(); }
   std::size_t interfaceAges() { return cache_.shelves_->interfaces.ages().size(); }
+  /// The ages of all kinds but containers.
+  std::size_t clearableAges() {
+    detail::Shelves& shelves = *cache_.shelves_;
+    return shelves.nodes.ages().size() + shelves.addresses.ages().size() +
+           shelves.subnets.ages().size() + shelves.interfaces.ages().size() +
+           shelves.vlans.ages().size() + shelves.hsrps.ages().size();
+  }
   std::size_t ifcAges() { return cache_.shelves_->ifcs.ages().size(); }
 
   /// Keeps the cache's lock for a while.

@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstddef>
 #include <functional>
+#include <iterator>
+#include <latch>
 #include <thread>
 #include <vector>
 
@@ -16,11 +19,13 @@ namespace {
 constexpr int kRounds = 300;
 constexpr int kIDs = 40;
 
-void runAll(const std::vector<std::function<void(int)>>& tasks) {
+void runAll(const std::vector<std::function<void(int)>>& tasks, int rounds = kRounds) {
+  std::latch start(static_cast<std::ptrdiff_t>(tasks.size()));
   std::vector<std::thread> threads;
   for (const auto& task : tasks) {
-    threads.emplace_back([&task] {
-      for (int round = 0; round < kRounds; ++round) task(round);
+    threads.emplace_back([&] {
+      start.arrive_and_wait();
+      for (int round = 0; round < rounds; ++round) task(round);
     });
   }
   for (std::thread& thread : threads) thread.join();
@@ -92,6 +97,33 @@ TEST(CacheThreadsTest, UsesLookupsRemovalsAndNewSizesMeet) {
     EXPECT_TRUE(entry->second == node) << key;
   }
   EXPECT_TRUE(cache.isAddressIDMapValid());
+}
+
+// Large maps, so that a walk through one takes long enough to meet a change.
+TEST(CacheThreadsTest, WholeKindsAreReadWhileTheyChange) {
+  constexpr int kMany = 400;
+  ZNTopoCache cache;
+  ZNTopoCachePeer peer(cache);
+  std::atomic<int> wrong{0};
+  const auto isInOrder = [&](const auto& objects) {
+    for (auto it = objects->begin(); it != objects->end(); ++it) {
+      const auto next = std::next(it);
+      if (next != objects->end() && !((*it)->getObjID() < (*next)->getObjID())) ++wrong;
+    }
+  };
+  runAll({[&](int) { isInOrder(peer.getAllVlans()); }, [&](int) { isInOrder(peer.getAllIfcs()); },
+          [&](int) { isInOrder(peer.getAllHSRPs()); },
+          [&](int round) {
+            const ObjID id = round * 7 % kMany;
+            cache.useVlan(Vlans::make(id));
+            cache.useIfc(Ifcs::make(id));
+            cache.useHSRP(HSRPs::make(id));
+            cache.getTopoConfig().setVlanCacheSize(kMany - round % 100);
+            cache.removeIfc(round * 5 % kMany);
+            cache.removeHSRP(round * 5 % kMany);
+          }},
+         3 * kMany);
+  EXPECT_EQ(0, wrong);
 }
 
 TEST(CacheThreadsTest, TheSizeHoldsUnderManyUses) {

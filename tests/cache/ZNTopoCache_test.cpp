@@ -258,8 +258,18 @@ TEST_F(ZNTopoCacheTest, TheMapsAreGivenAsCopies) {
   cache.useIfc(Ifcs::make(6));
   cache.useHSRP(HSRPs::make(7));
   const auto nodes = peer.getNodeIDMap();
+  const auto interfaces = peer.getInterfaceIDMap();
+  const auto subnets = peer.getSubnetIDMap();
+  const auto addresses = peer.getAddressIDMap();
+  const auto vlans = peer.getVlanObjIDMap();
+  const auto groups = peer.getHSRPObjIDMap();
   cache.clear(true);
   EXPECT_THAT(keysOf(nodes), ElementsAre(ObjID(1)));
+  EXPECT_THAT(keysOf(interfaces), ElementsAre(ObjID(2)));
+  EXPECT_THAT(keysOf(subnets), ElementsAre(ObjID(3)));
+  EXPECT_THAT(keysOf(addresses), ElementsAre(ObjID(4)));
+  EXPECT_THAT(keysOf(vlans), ElementsAre(ObjID(5)));
+  EXPECT_THAT(keysOf(groups), ElementsAre(ObjID(7)));
   EXPECT_THAT(keysOf(peer.getNodeIDMap()), IsEmpty());
   EXPECT_THAT(keysOf(peer.getInterfaceIDMap()), IsEmpty());
   EXPECT_THAT(keysOf(peer.getSubnetIDMap()), IsEmpty());
@@ -323,6 +333,15 @@ TEST_F(ZNTopoCacheTest, RemovingAContainerOrGroupEndsTheWholeUntilItIsLoadedAgai
   EXPECT_TRUE(cache.isAllHSRPInCache());
 }
 
+TEST_F(ZNTopoCacheTest, RemovingAnUnknownContainerOrGroupEndsTheWholeToo) {
+  peer.setAllIfcLoaded();
+  peer.setAllHSRPLoaded();
+  cache.removeIfc(1);
+  cache.removeHSRP(1);
+  EXPECT_FALSE(cache.isAllIfcInCache());
+  EXPECT_FALSE(cache.isAllHSRPInCache());
+}
+
 TEST_F(ZNTopoCacheTest, AnEvictionMayPickAContainerThatWasRemoved) {
   useFifo();
   cache.getTopoConfig().setIfcCacheSize(2);
@@ -375,13 +394,20 @@ TEST_F(ZNTopoCacheTest, ClearingWithoutTheLockWorksUnderIt) {
   EXPECT_TRUE(peer.getNodeQRMIDMap().empty());
 }
 
-TEST_F(ZNTopoCacheTest, ClearingForgetsTheAges) {
+TEST_F(ZNTopoCacheTest, ClearingForgetsTheLegacyIdentifiersAndTheAgesOfAllOthers) {
   useFifo();
-  useInterface(1);
-  cache.useSubnet(Subnets::make(1));
+  useWithLegacyID(cache, 1, 11);
+  cache.useVlan(Vlans::make(1));
+  cache.useHSRP(HSRPs::make(1));
+  ASSERT_EQ(6u, peer.clearableAges());
   cache.clear(true);
-  EXPECT_EQ(0u, peer.interfaceAges());
-  EXPECT_EQ(0u, peer.subnetAges());
+  EXPECT_EQ(0u, peer.clearableAges());
+  EXPECT_THAT(peer.getNodeQRMIDMap(), IsEmpty());
+  EXPECT_THAT(peer.getSubnetQRMIDMap(), IsEmpty());
+  EXPECT_THAT(peer.getAddressIDMap(), IsEmpty());
+  EXPECT_THAT(peer.getAddressQRMIDMap(), IsEmpty());
+  ZNRefPtr<ZNInterface> interface;
+  EXPECT_FALSE(cache.inInterfaceQRMIDCache(11, interface));
 }
 
 // ---- soundness of the address map -------------------------------------------------------------
@@ -408,7 +434,9 @@ TEST_F(ZNTopoCacheTest, EveryAddressEntryWithoutAnObjectIsLogged) {
 
 TEST_F(ZNTopoCacheTest, AnAddressEntryWithoutAnObjectIsNoHitAndIsFilledByAUse) {
   peer.corruptAddress("a");
-  EXPECT_FALSE(holds<Addresses>(cache, "a"));
+  ZNRefPtr<ZNAddress> found = makeAddress("mine");
+  EXPECT_FALSE(cache.inAddressIDCache("a", found));
+  EXPECT_TRUE(found.isNull());  // what the entry holds is handed over
   cache.removeAddress("b");
   cache.useAddress(makeMonitoredAddress("a", 5));
   EXPECT_TRUE(holds<Addresses>(cache, "a"));
