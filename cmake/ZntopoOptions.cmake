@@ -23,6 +23,10 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Wformat=2 -Wshadow)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # This compiler takes an inlined text + text for an overlap.
+  add_compile_options(-Wno-restrict)
+endif()
 if(ZNTOPO_WARNINGS_AS_ERRORS)
   add_compile_options(-Werror)
 endif()

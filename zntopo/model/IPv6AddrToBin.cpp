@@ -13,8 +13,8 @@ constexpr std::size_t kRoom = 100;
 
 }  // namespace
 
-IPv6AddrToBin::IPv6AddrToBin(const std::string& hexStr)
-    : hexStr(hexStr), reverseHexStr(hexStr.rbegin(), hexStr.rend()) {
+IPv6AddrToBin::IPv6AddrToBin(const std::string& text)
+    : hexStr(text), reverseHexStr(text.rbegin(), text.rend()) {
   if (hexStr.empty()) return;
   parseHexStr.reserve(kRoom);
   parseHexStr.assign(kGroups, std::string(kDigits, '0'));

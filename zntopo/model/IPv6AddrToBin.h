@@ -14,7 +14,7 @@ namespace zntopo {
 /// Lives for one conversion in one thread.
 class ZNTOPO_EXPORT IPv6AddrToBin {
  public:
-  explicit IPv6AddrToBin(const std::string& hexStr);
+  explicit IPv6AddrToBin(const std::string& text);
 
   /// Empty for an empty text.
   const std::string& getBinStr() const { return binStr; }

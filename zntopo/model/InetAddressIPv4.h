@@ -33,6 +33,10 @@ class ZNTOPO_EXPORT InetAddressIPv4 : public InetAddress {
                   RouteDistinguisher rd, TopoDBType dbType);
   InetAddressIPv4(const std::string& addrVal, const std::string& publicAddressVal,
                   RouteDistinguisher rd, const std::string& subnetMask, TopoDBType dbType);
+  /// The same for a literal, which would otherwise be taken for the truth value isSubnet.
+  InetAddressIPv4(const std::string& addrVal, const char* publicAddressVal, RouteDistinguisher rd,
+                  const std::string& subnetMask, TopoDBType dbType)
+      : InetAddressIPv4(addrVal, std::string(publicAddressVal), rd, subnetMask, dbType) {}
   InetAddressIPv4(const InetAddressIPv4& other);
   InetAddressIPv4& operator=(const InetAddressIPv4& other);
   ~InetAddressIPv4() override;

@@ -14,7 +14,7 @@ namespace zntopo {
 /// The properties of a node: columns of nwnode.
 struct ZNTOPO_EXPORT NodeProperty {
   ZNNodeCapabilitySet capabilitySet;
-  /// Column EntityOid of nwentity.
+  /// Column SysOID.
   std::string entityOid;
   /// Column L2DomainId, -1 for none.
   AtomicField<int> L2DomainID{-1};
