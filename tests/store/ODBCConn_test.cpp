@@ -221,12 +221,27 @@ TEST_F(ODBCConnPostgresTest, AConnectionThatTheServerDroppedWhileIdleHealsWithTh
   EXPECT_EQ(ZNDBTestAccess::connectionCount(), 1);
 }
 
+TEST_F(ODBCConnPostgresTest, AFailureToRollBackAtTheEndIsLoggedOnly) {
+  const CapturedLog log(MC_INFO);
+  {
+    const ODBCConn holder(true, false);
+    dropConnections();
+  }
+  EXPECT_THAT(log.lines(),
+              Contains("ODBCConn::~ODBCConn - Failure in rollingback transaction. \n"));
+  EXPECT_EQ(ZNDBTestAccess::connectionCount(), 1);
+  EXPECT_EQ(ZNDBTestAccess::idleCount(), 1U);
+}
+
 TEST_F(ODBCConnPostgresTest, AConnectionThatTheServerDropsInATransactionCostsThatHolderOnly) {
   {
     const ODBCConn holder;
     run(holder, "insert into nwentity (ObjId) values ('lost')");
     dropConnections();
   }
+  // Neither the commit nor the rollback worked: the pool keeps the connection.
+  EXPECT_EQ(ZNDBTestAccess::idleCount(), 1U);
+  EXPECT_EQ(ZNDBTestAccess::lostCount(), 0U);
   EXPECT_EQ(store_->count("nwentity"), 0);
   const ODBCConn holder;
   EXPECT_TRUE(holder.getStatus().isOK());

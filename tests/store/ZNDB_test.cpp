@@ -113,9 +113,11 @@ TEST_F(ZNDBTest, WithoutMemoryThereIsNoPool) {
 }
 
 TEST_F(ZNDBTest, WithoutAPoolAHolderSaysSo) {
+  const CapturedLog log(MC_CRITICAL);
   memoryIsOut = true;
   ODBCConn holder;
   memoryIsOut = false;
+  EXPECT_THAT(log.lines(), Contains("ODBCConn - Failure to initialize DB! \n"));
   EXPECT_EQ(holder.getStatus().getStatus(), ZN_API_DB_INIT_FAILURE);
   EXPECT_EQ(holder.getStatus().getAuxMsg(), "");
   EXPECT_EQ(holder.getConnection(), nullptr);

@@ -212,7 +212,6 @@ class StoreAccess {
   // The row stands before the statement that is bound to it.
   std::unique_ptr<Row> row_;
   std::optional<TvDbil::DbStatement_t> statement_;
-  ColumnList columns_;
   long rowCount_ = 0;
   TvDbil::DbilReturnCode_t lastCode_;
 };
