@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cinttypes>
+#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -57,10 +58,12 @@ int compareOctets(const VarValue& lhs, const VarValue& rhs) {
   return lhs._vOctetLen == 0 ? 0 : std::memcmp(lhs._vOctetPtr, rhs._vOctetPtr, lhs._vOctetLen);
 }
 
-template <typename... Values>
-std::string formatted(const char* format, Values... values) {
+__attribute__((format(printf, 1, 2))) std::string formatted(const char* format, ...) {
   char buffer[80];
-  std::snprintf(buffer, sizeof buffer, format, values...);
+  std::va_list values;
+  va_start(values, format);
+  std::vsnprintf(buffer, sizeof buffer, format, values);
+  va_end(values);
   return buffer;
 }
 
@@ -175,11 +178,13 @@ void VarValue::setVal(const void* octets, unsigned length) {
   _type = VT_Octet;
   _vOctetLen = 0;
   if (!octets || length == 0) return;
-  void* const block = std::realloc(_vOctetPtr, length);
+  // Not resized in place: the octets may be some of this value's own.
+  void* const block = std::malloc(length);
   if (!block) return;
+  std::memcpy(block, octets, length);
+  std::free(_vOctetPtr);
   _vOctetPtr = block;
   _vOctetLen = length;
-  std::memcpy(block, octets, length);
 }
 
 int VarValue::getIntVal() const {

@@ -188,6 +188,7 @@ std::string ZNEntity::getZoneNumber() const {
 }
 
 EntityType ZNEntity::getEntityType() const { return locked(_entityType); }
+TopoDBType ZNEntity::getDBType() const { return locked(_dbType); }
 int ZNEntity::getRD() const { return locked(_routeDistinguisher); }
 ZNEntity::IPLevel ZNEntity::getIPLevel() const { return locked(_ipLevel); }
 short ZNEntity::getIPLevelAsShort() const { return static_cast<short>(locked(_ipLevel)); }

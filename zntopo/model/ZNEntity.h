@@ -113,7 +113,7 @@ class ZNTOPO_EXPORT ZNEntity {
   long getCreateTime() const;
   long getChangeTime() const;
   long getStatusChangeTime() const;
-  TopoDBType getDBType() const { return _dbType; }
+  TopoDBType getDBType() const;
   /// A copy of the first variable of that name, a default one without any.
   UserDefVar getUserDefVarByName(const std::string& name) const;
   const std::vector<UserDefVar>& getUserVars() const;

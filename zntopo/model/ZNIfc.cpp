@@ -60,7 +60,7 @@ std::unique_ptr<std::list<ZNIfcIFInfo>> ZNIfc::getAllIfcIFInfosByOrder() const {
 
 ZNTopoAPIStatus ZNIfc::setStatus(int status, bool updateDB) {
   return setOverallStatus(ObjectStatus(status), static_cast<long>(std::time(nullptr)), updateDB,
-                          _dbType);
+                          getDBType());
 }
 
 }  // namespace zntopo
