@@ -4,6 +4,11 @@
 
 namespace zntopo {
 
+// A factory's subclass may let any entity pass, a null one included: no operation goes through a
+// null handle for that.
+MonitoredIPv6Aspect::MonitoredIPv6Aspect(const ZNRefPtr<ZNEntity>& ent)
+    : _ent(ent.isNull() ? ZNRefPtr<ZNEntity>(new ZNEntity()) : ent) {}
+
 ObjectStatus MonitoredIPv6Aspect::getSiteLocalStatus() const { return _ent->getV6SiteStatus(); }
 ObjectStatus MonitoredIPv6Aspect::getGlobalStatus() const { return _ent->getV6GlobalStatus(); }
 ObjectStatus MonitoredIPv6Aspect::getOverallStatus() const { return _ent->getV6OverallStatus(); }

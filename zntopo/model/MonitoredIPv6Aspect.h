@@ -20,8 +20,8 @@ class ZNTOPO_EXPORT MonitoredIPv6Aspect : public Aspect {
   static constexpr const char* SiteLocalStatus = "IPv6SiteLocalStatus";
   static constexpr const char* GlobalStatus = "IPv6GlobalStatus";
 
-  /// The entity must not be null.
-  explicit MonitoredIPv6Aspect(const ZNRefPtr<ZNEntity>& ent) : _ent(ent) {}
+  /// A null entity counts as a fresh one.
+  explicit MonitoredIPv6Aspect(const ZNRefPtr<ZNEntity>& ent);
 
   ObjectStatus getSiteLocalStatus() const;
   ObjectStatus getGlobalStatus() const;
