@@ -28,6 +28,8 @@ constexpr SingleNodeTexts kByObjID = {"Null Node ID", "The ObjID: ", " is not a 
 constexpr SingleNodeTexts kByQRMObjID = {"Null QRM Node ID",
                                          "The QRMObjID: ", " is not a valid QRMObjID in RZ", true};
 
+constexpr char kNoNodeIDs[] = "The NodeObjIDList is empty";
+
 ZNRefPtr<ZNNode> singleNode(ZNTopoAPI_Impl& api, const ObjID& id, const SingleNodeTexts& texts,
                             ZNTopoAPIStatus& status) {
   status.reset();
@@ -157,7 +159,11 @@ ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList(
   auto result = std::make_unique<std::list<ZNRefPtr<ZNNode>>>();
   theStatus.reset();
   if (!validate(theStatus)) return result;
-  if (getAllNodes || theNodeIDs.empty()) {
+  if (!getAllNodes && theNodeIDs.empty()) {
+    setFailure(theStatus, ZN_API_EMPTY_OBJID_LIST, kNoNodeIDs);
+    return result;
+  }
+  if (getAllNodes) {
     return getNodesByObjIDList_Int(theNodeIDs, theNotFoundIDs, theStatus, toGetInterfaces, isQRMID,
                                    getAllNodes, ipLevel, aRD);
   }
@@ -179,7 +185,7 @@ ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList_Int(
   theStatus.reset();
   theNotFoundIDs.clear();
   if (!getAllNodes && theNodeIDs.empty()) {
-    setFailure(theStatus, ZN_API_EMPTY_OBJID_LIST, "The NodeObjIDList is empty");
+    setFailure(theStatus, ZN_API_EMPTY_OBJID_LIST, kNoNodeIDs);
     return result;
   }
   std::string condition;

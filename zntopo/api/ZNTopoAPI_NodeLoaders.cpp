@@ -292,6 +292,7 @@ ZNTopoAPI_Impl::OwnedVlanInfoMap ZNTopoAPI_Impl::getVlanInfosByObjIDList_Int(
     if (!vendorStatus.isOK()) {
       MCLog::log(MC_MAJOR, " Failed to get vendorName.:%s:%d\n", "../ZNTopoAPI_NodeLoaders",
                  __LINE__);
+      vendor = TvDbil::Unknown;
     }
   }
   auto map = std::make_unique<VlanInfoMap>();
