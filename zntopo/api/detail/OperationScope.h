@@ -1,24 +1,43 @@
 #pragma once
 
 #include <source_location>
+#include <string_view>
 
 #include "zntopo/core/LogFunction.h"
 #include "zntopo/core/Trace.h"
 
 namespace zntopo::detail {
 
+/// The name of an operation, and the place of its scope as the trace quotes it: the source file
+/// with neither its folder nor its extension, "../ZNTopoAPI_Node".
+struct TracedBlock {
+  // Converts from the name alone, so that the place is that of the scope. Made by the compiler:
+  // the folders of a build do not come into the library.
+  consteval TracedBlock(const char* blockName,  // NOLINT(google-explicit-constructor)
+                        std::source_location place = std::source_location::current())
+      : name(blockName), line(static_cast<int>(place.line())) {
+    std::string_view path = place.file_name();
+    path.remove_prefix(path.rfind('/') + 1);
+    path.substr(0, path.rfind('.')).copy(file + 3, sizeof file - 4);
+  }
+
+  const char* name;
+  int line;
+  char file[52] = "../";
+};
+
 /// What every query opens with: the entry and exit of an operation in the log and in the trace.
 class OperationScope {
  public:
-  explicit OperationScope(const char* name,
-                          std::source_location place = std::source_location::current())
-      : log_(name),
-        trace_(topoSvcProcObj, name, kTraceCategory, place.file_name(),
-               static_cast<int>(place.line())) {}
+  explicit OperationScope(const TracedBlock& block)
+      : block_(block),
+        log_(block_.name),
+        trace_(topoSvcProcObj, block_.name, kTraceCategory, block_.file, block_.line) {}
 
  private:
   static constexpr int kTraceCategory = 9;
 
+  const TracedBlock block_;
   LogFunction log_;
   TvXplTrc::BlockTrace_t trace_;
 };
