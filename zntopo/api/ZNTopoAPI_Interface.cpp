@@ -5,10 +5,10 @@
 #include "zntopo/api/detail/Batches.h"
 #include "zntopo/api/detail/Grouping.h"
 #include "zntopo/api/detail/InterfaceSql.h"
+#include "zntopo/api/detail/NotDelivered.h"
 #include "zntopo/api/detail/OperationScope.h"
 #include "zntopo/api/detail/QueryText.h"
 #include "zntopo/core/MCLog.h"
-#include "zntopo/core/ObjIDLookup.h"
 #include "zntopo/store/StoreAccess.h"
 
 namespace zntopo {
@@ -20,29 +20,13 @@ using InterfaceList = std::list<ZNRefPtr<ZNInterface>>;
 /// What the lookup by identifier and the one by legacy identifier differ in.
 struct IDKind {
   bool (ZNTopoCache::*inCache)(const ObjID&, ZNRefPtr<ZNInterface>&) const;
-  const char* foundLog;  // ends before the identifier
-  const char* foundLogEnd;
-  const ObjID& (ZNEntity::*idOf)() const;
+  const char* cacheName;
+  detail::IDGetter idOf;
 };
 
-constexpr IDKind kByID = {&ZNTopoCache::inInterfaceIDCache, "FOUND IF = ", " IN CACHE! \n",
-                          &ZNEntity::getObjID};
-constexpr IDKind kByQRMID = {&ZNTopoCache::inInterfaceQRMIDCache,
-                             "FOUND IF = ", " IN QRM ID CACHE! \n", &ZNEntity::getQRMObjID};
-
-/// Adds to theNotFoundIDs what was asked for and is not in the list.
-void collectNotFound(const std::set<ObjID>& theIFIDs, const InterfaceList& found,
-                     const IDKind& kind, std::set<ObjID>& theNotFoundIDs) {
-  std::set<ObjID> foundIDs;
-  for (const ZNRefPtr<ZNInterface>& interface : found) {
-    const ObjID& id = ((*interface).*kind.idOf)();
-    if (!id.isNull()) foundIDs.insert(id);
-  }
-  if (foundIDs.size() >= theIFIDs.size()) return;
-  for (const ObjID& id : theIFIDs) {
-    if (!containsObjID(foundIDs, id)) theNotFoundIDs.insert(theNotFoundIDs.end(), id);
-  }
-}
+constexpr IDKind kByID = {&ZNTopoCache::inInterfaceIDCache, "CACHE", &ZNEntity::getObjID};
+constexpr IDKind kByQRMID = {&ZNTopoCache::inInterfaceQRMIDCache, "QRM ID CACHE",
+                             &ZNEntity::getQRMObjID};
 
 std::list<ObjID> withoutNulls(const std::list<ObjID>& ids) {
   std::list<ObjID> kept;
@@ -155,7 +139,8 @@ ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByObjIDList_Int(
     if (id.isNull()) continue;
     ZNRefPtr<ZNInterface> cached;
     if ((cache()->*kind.inCache)(id, cached)) {
-      MCLog::log(MC_INFO, "%s%s%s", kind.foundLog, id.getStrValue().c_str(), kind.foundLogEnd);
+      MCLog::log(MC_INFO, "FOUND IF = %s IN %s! \n", detail::shown(MC_INFO, id).c_str(),
+                 kind.cacheName);
       useInterface(cached);
       theList->push_back(cached);
     } else {
@@ -172,7 +157,7 @@ ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByObjIDList_Int(
                                 detail::INTERFACES_BY_ID, ifsToReadFromDB);
   theList->splice(theList->end(), *theNewIFList);
   if (theList->size() < theIFIDs.size()) {
-    collectNotFound(theIFIDs, *theList, kind, theNotFoundIDs);
+    theNotFoundIDs = detail::notDelivered(theIFIDs, *theList, kind.idOf);
   }
   MCLog::log(MC_INFO, "The NotFoundID list size = %d\n", static_cast<int>(theNotFoundIDs.size()));
   return theList;
@@ -251,7 +236,8 @@ ObjID ZNTopoAPI_Impl::getMeshID(ObjID theIFObjID, ZNTopoAPIStatus& theStatus) {
   if (theID.isNull()) {
     MCLog::log(MC_TRACE_L2, "getMeshID():theID is NULL\n");
   } else {
-    MCLog::log(MC_TRACE_L2, "getMeshID():theID is %s \n", theID.getStrValue().c_str());
+    MCLog::log(MC_TRACE_L2, "getMeshID():theID is %s \n",
+               detail::shown(MC_TRACE_L2, theID).c_str());
   }
   MCLog::log(MC_TRACE_L2, "Exiting getMeshID() \n");
   return theID;

@@ -1,10 +1,10 @@
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/api/detail/Batches.h"
 #include "zntopo/api/detail/NodeSql.h"
+#include "zntopo/api/detail/NotDelivered.h"
 #include "zntopo/api/detail/OperationScope.h"
 #include "zntopo/api/detail/QueryText.h"
 #include "zntopo/core/MCLog.h"
-#include "zntopo/core/ObjIDLookup.h"
 #include "zntopo/store/StoreAccess.h"
 
 namespace zntopo {
@@ -93,7 +93,7 @@ class CachedNodes {
         missing.push_back(id);
         continue;
       }
-      MCLog::log(MC_INFO, "FOUND Node = %s IN CACHE! \n", id.getStrValue().c_str());
+      MCLog::log(MC_INFO, "FOUND Node = %s IN CACHE! \n", detail::shown(MC_INFO, id).c_str());
       cache_.useNode(node);
       result.push_back(node);
     }
@@ -108,20 +108,6 @@ class CachedNodes {
   ZNTopoCache& cache_;
   const bool isQRMID_;
 };
-
-/// The identifiers that were asked for and are not among the nodes.
-std::set<ObjID> notDelivered(const std::set<ObjID>& asked, const std::list<ZNRefPtr<ZNNode>>& nodes,
-                             bool isQRMID) {
-  std::set<ObjID> delivered;
-  for (const ZNRefPtr<ZNNode>& node : nodes) {
-    delivered.insert(isQRMID ? node->getQRMObjID() : node->getObjID());
-  }
-  std::set<ObjID> missing;
-  for (const ObjID& id : asked) {
-    if (!containsObjID(delivered, id)) missing.insert(missing.end(), id);
-  }
-  return missing;
-}
 
 constexpr Column kIDColumn[] = {textColumn("ObjID", 37)};
 
@@ -204,7 +190,9 @@ ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList_Int(
   MCLog::log(MC_INFO, "SQL Statement: %s \n", condition.c_str());
   // What was read replaces what the cache had: the cached nodes count as not found.
   result = getNodesByWhere(condition, detail::nodeTables(*this), theStatus, getAllNodes);
-  if (!getAllNodes) theNotFoundIDs = notDelivered(theNodeIDs, *result, isQRMID);
+  if (!getAllNodes)
+    theNotFoundIDs = detail::notDelivered(theNodeIDs, *result,
+                                          isQRMID ? &ZNEntity::getQRMObjID : &ZNEntity::getObjID);
   MCLog::log(MC_INFO, "The NotFoundID list size = %d\n", static_cast<int>(theNotFoundIDs.size()));
   return result;
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "zntopo/core/MCLog.h"
 #include "zntopo/core/ObjID.h"
 #include "zntopo/core/ZNTopoAPIStatus.h"
 
@@ -29,6 +30,11 @@ std::string quotedList(const char* opening, const Identifiers& identifiers) {
   for (const auto& id : identifiers) text += "'" + identifierText(id) + "',";
   text.back() = ')';
   return text;
+}
+
+/// An identifier for a log line; nothing is made of it if nobody would see the line.
+inline std::string shown(MCDebugLevel level, const ObjID& id) {
+  return MCLog::isHeard(level) ? id.getStrValue() : std::string();
 }
 
 /// Sets a status with an auxiliary text.

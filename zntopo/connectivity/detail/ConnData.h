@@ -3,6 +3,7 @@
 #include <set>
 #include <string>
 
+#include "zntopo/api/detail/QueryText.h"
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/ObjID.h"
 #include "zntopo/model/ZNConnData.h"
@@ -20,11 +21,6 @@ inline const ObjID& farEnd(const ZNConnData& data) {
 /// Inserts an identifier into a working set, which never holds the null one.
 inline void insertObjID(std::set<ObjID>& set, const ObjID& id) {
   if (!id.isNull()) set.insert(id);
-}
-
-/// An identifier for a log line; nothing is made of it if nobody would see the line.
-inline std::string shown(MCDebugLevel level, const ObjID& id) {
-  return MCLog::isHeard(level) ? id.getStrValue() : std::string();
 }
 
 /// Logs a line that is kept as data: "%s" in it, if it is there, stands for the value.

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <list>
+#include <set>
+
+#include "zntopo/core/ObjIDLookup.h"
+#include "zntopo/core/ZNRefPtr.h"
+#include "zntopo/model/ZNEntity.h"
+
+namespace zntopo::detail {
+
+/// An object's identifier, or its legacy one.
+using IDGetter = const ObjID& (ZNEntity::*)() const;
+
+/// The identifiers that were asked for and are not among the objects.
+template <typename T>
+std::set<ObjID> notDelivered(const std::set<ObjID>& asked, const std::list<ZNRefPtr<T>>& objects,
+                             IDGetter idOf) {
+  std::set<ObjID> delivered;
+  for (const ZNRefPtr<T>& object : objects) {
+    const ObjID& id = ((*object).*idOf)();
+    if (!id.isNull()) delivered.insert(id);
+  }
+  std::set<ObjID> missing;
+  for (const ObjID& id : asked) {
+    if (!containsObjID(delivered, id)) missing.insert(missing.end(), id);
+  }
+  return missing;
+}
+
+}  // namespace zntopo::detail
