@@ -154,6 +154,7 @@ TEST_P(CliAnswersTest, RoutersAreCrossedOnlyOnDemand) {
   const CliResult kept = zntopoRun({"path", "crane-4-plc", "srv-nms", "--json"});
   EXPECT_EQ(kept.status, 1);
   EXPECT_EQ(kept.json()["status"]["name"], "ZN_API_NO_PATH");
+  EXPECT_THAT(kept.err, HasSubstr("--cross-routers"));
   EXPECT_EQ(kept.json()["hops"], 0);
   EXPECT_TRUE(kept.json()["interfaces"].empty());
   const auto crossed =

@@ -34,9 +34,9 @@ TEST_P(CliImportTest, ImportingTheSameAgainChangesNothing) {
 }
 
 TEST_P(CliImportTest, WhatWasNotCarriedOverIsReported) {
-  const CliResult result = zntopoRun({"import", samplePath(), "--json"});
+  const auto json = zntopoRun({"import", samplePath(), "--json"}).json();
   bool isThere = false;
-  for (const auto& note : result.json()["notes"]) {
+  for (const auto& note : json["notes"]) {
     isThere = isThere || note["what"] == "layer-3 link (makes no layer-2 link)";
     EXPECT_THAT(note["first"].get<std::string>(), HasSubstr("/ietf-network:networks/network/"));
   }

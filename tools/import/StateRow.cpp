@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tools/import/StoreTable.h"
+#include "zntopo/store/detail/GoodCode.h"
 
 namespace zntopo::tools {
 
@@ -39,9 +40,7 @@ struct State {
 };
 
 void check(TvDbil::DbilReturnCode_t code, const MessageList_t& messages) {
-  if (code != TvDbil::DBIL_SUCCESS && code != TvDbil::DBIL_SUCCESS_WITH_INFO) {
-    throw StoreError("can't read or write the table state", messages);
-  }
+  if (!detail::isGood(code)) throw StoreError("can't read or write the table state", messages);
 }
 
 std::string list(const std::string& behind, const std::string& between) {

@@ -1,16 +1,13 @@
 #include "tools/import/StoreTable.h"
 
-#include <cstring>
+#include "zntopo/store/detail/GoodCode.h"
 
 namespace zntopo::tools {
 
 namespace {
 
+using detail::isGood;
 using TvXplMsg::MessageList_t;
-
-bool isGood(TvDbil::DbilReturnCode_t code) {
-  return code == TvDbil::DBIL_SUCCESS || code == TvDbil::DBIL_SUCCESS_WITH_INFO;
-}
 
 std::string join(const TableDef& table, const std::vector<std::size_t>& columns,
                  const std::string& behind, const std::string& between) {

@@ -17,8 +17,11 @@ void addInterfacesCommand(CLI::App& app, Context& context);
 void addNeighborsCommand(CLI::App& app, Context& context);
 void addPathCommand(CLI::App& app, Context& context);
 
-/// A subcommand with its store option and, unless it answers nothing, its JSON option.
+/// A subcommand with its options for the store and for JSON.
 CLI::App* addCommand(CLI::App& app, Context& context, const std::string& name,
                      const std::string& description, const std::string& examples);
+
+/// Adds an argument that names a node.
+void addNodeArgument(CLI::App& command, const std::string& name, std::string& value);
 
 }  // namespace zntopo::tools

@@ -65,8 +65,7 @@ void addInterfacesCommand(CLI::App& app, Context& context) {
                  "  zntopo interfaces core-1\n"
                  "  zntopo interfaces 10.20.8.17 --json");
   const auto name = std::make_shared<std::string>();
-  command->add_option("NODE", *name, "A name, the beginning of one, an address or an identifier")
-      ->required();
+  addNodeArgument(*command, "NODE", *name);
   command->callback([&context, name] {
     Answer empty;
     empty.json["interfaces"] = Json::array();

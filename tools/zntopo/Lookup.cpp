@@ -2,15 +2,14 @@
 
 #include <vector>
 
+#include "zntopo/store/detail/GoodCode.h"
+
 namespace zntopo::tools {
 
 namespace {
 
+using detail::isGood;
 using TvXplMsg::MessageList_t;
-
-bool isGood(TvDbil::DbilReturnCode_t code) {
-  return code == TvDbil::DBIL_SUCCESS || code == TvDbil::DBIL_SUCCESS_WITH_INFO;
-}
 
 void require(bool isOk, const MessageList_t& messages) {
   if (!isOk) throw Failure(ZN_API_SQL_EXEC_ERROR, messages.Format(TvXplMsg::fRecurse_k));

@@ -99,10 +99,7 @@ void addNeighborsCommand(CLI::App& app, Context& context) {
                  "  zntopo neighbors core-1\n"
                  "  zntopo neighbors core-1 --hops 2 --max-nodes 50 --json");
   const auto options = std::make_shared<NeighborsOptions>();
-  command
-      ->add_option("NODE", options->node,
-                   "A name, the beginning of one, an address or an identifier")
-      ->required();
+  addNodeArgument(*command, "NODE", options->node);
   command->add_option("--hops", options->hops, "How far to go")->capture_default_str();
   command
       ->add_option("--max-nodes", options->maxNodes,

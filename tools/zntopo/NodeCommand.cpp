@@ -67,8 +67,7 @@ void addNodeCommand(CLI::App& app, Context& context) {
                                        "  zntopo node 10.20.8.17\n"
                                        "  zntopo node \"harbor master pc\" --json");
   const auto name = std::make_shared<std::string>();
-  command->add_option("NODE", *name, "A name, the beginning of one, an address or an identifier")
-      ->required();
+  addNodeArgument(*command, "NODE", *name);
   command->callback([&context, name] {
     Answer empty;
     empty.json["node"] = nullptr;

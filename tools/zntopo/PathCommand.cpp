@@ -88,6 +88,9 @@ void path(const Context& context, const PathOptions& options, Answer& answer) {
   const NamedNode from = findNode(session, options.from);
   const NamedNode to = findNode(session, options.to);
   const InterfaceList found = findPath(session, options, from, to, answer);
+  if (answer.status.getStatus() == ZN_API_NO_PATH && !options.crossRouters) {
+    answer.note = "A path through routers is looked for with --cross-routers only.";
+  }
   check(answer.status);
   const std::vector<Step> steps = stepsOf(session, *found);
   std::size_t hops = 0;
@@ -111,9 +114,8 @@ void addPathCommand(CLI::App& app, Context& context) {
                  "  zntopo path core-1 \"harbor master pc\" --max-hops 8\n"
                  "  zntopo path access-1 srv-nms --cross-routers --json");
   const auto options = std::make_shared<PathOptions>();
-  const char* const what = "A name, the beginning of one, an address or an identifier";
-  command->add_option("A", options->from, what)->required();
-  command->add_option("B", options->to, what)->required();
+  addNodeArgument(*command, "A", options->from);
+  addNodeArgument(*command, "B", options->to);
   command->add_option("--max-hops", options->maxHops, "The most links to cross")
       ->capture_default_str();
   command->add_flag("--cross-routers", options->crossRouters,

@@ -19,6 +19,11 @@ CLI::App* addCommand(CLI::App& app, Context& context, const std::string& name,
   return command;
 }
 
+void addNodeArgument(CLI::App& command, const std::string& name, std::string& value) {
+  command.add_option(name, value, "A name, the beginning of one, an address or an identifier")
+      ->required();
+}
+
 namespace {
 
 constexpr const char* kFooter =
