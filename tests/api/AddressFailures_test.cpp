@@ -80,19 +80,22 @@ TEST_P(AddressFailuresTest, OwnersGetNothingAfterAFailure) {
   EXPECT_EQ(status.getStatus(), ZN_API_SQL_EXEC_ERROR);
 }
 
+/// A failed step, and what is told of it.
+struct FailedStep {
+  StatementSpy::Step step;
+  ZNTopoStatus code;
+  const char* text;
+};
+
 TEST_P(AddressFailuresTest, AListOfIdentifiersTellsItsStatementWithEachFailure) {
   const std::string sql = "select ObjId from address";
-  struct {
-    StatementSpy::Step step;
-    ZNTopoStatus code;
-    const char* text;
-  } const cases[] = {
+  const FailedStep steps[] = {
       {StatementSpy::BindSql, ZN_API_SQL_BIND_STATEMENT_ERROR, "Unable to bind SQL Statement: "},
       {StatementSpy::BindColumn, ZN_API_SQL_BIND_COLUMN_ERROR,
        "Problem binding values for getObjIDs:"},
       {StatementSpy::Exec, ZN_API_SQL_EXEC_ERROR, "Problem Executing SQL Command:"},
   };
-  for (const auto& expected : cases) {
+  for (const FailedStep& expected : steps) {
     StatementSpy spy;
     spy.fail(expected.step, sql);
     EXPECT_THAT(*impl.getObjIDs(sql, status), IsEmpty());
@@ -101,23 +104,18 @@ TEST_P(AddressFailuresTest, AListOfIdentifiersTellsItsStatementWithEachFailure) 
   }
 }
 
-TEST_P(AddressFailuresTest, DnsNamesTellTheirFailures) {
-  struct {
-    StatementSpy::Step step;
-    ZNTopoStatus code;
-    const char* text;
-  } const cases[] = {
-      {StatementSpy::BindSql, ZN_API_SQL_BIND_STATEMENT_ERROR, "Unable to bind SQL Statement: "},
+TEST_P(AddressFailuresTest, DnsNamesTellThatAColumnIsNotBoundAndThatTheStatementIsNotExecuted) {
+  const FailedStep steps[] = {
       {StatementSpy::BindColumn, ZN_API_SQL_BIND_COLUMN_ERROR,
        "Problem binding values for resolveIPv6ToDNS\n"},
       {StatementSpy::Exec, ZN_API_SQL_EXEC_ERROR, "Problem Executing SQL Command\n"},
   };
-  for (const auto& expected : cases) {
+  for (const auto& [step, code, text] : steps) {
     StatementSpy spy;
-    spy.fail(expected.step, "select a.DNSName");
+    spy.fail(step, "select a.DNSName");
     EXPECT_THAT(*impl.resolveIPv6ToDNS("v6", status), IsEmpty());
-    EXPECT_EQ(status.getStatus(), expected.code);
-    EXPECT_THAT(status.getAuxMsg(), StartsWith(expected.text));
+    EXPECT_EQ(status.getStatus(), code);
+    EXPECT_THAT(status.getAuxMsg(), StartsWith(text));
   }
 }
 

@@ -28,6 +28,25 @@ constexpr IDKind kByID = {&ZNTopoCache::inInterfaceIDCache, "CACHE", &ZNEntity::
 constexpr IDKind kByQRMID = {&ZNTopoCache::inInterfaceQRMIDCache, "QRM ID CACHE",
                              &ZNEntity::getQRMObjID};
 
+/// Appends what the cache has, which counts as a use, and gives the identifiers that it lacks.
+std::list<ObjID> takeCached(ZNTopoCache& cache, const IDKind& kind, const std::set<ObjID>& ids,
+                            InterfaceList& found) {
+  std::list<ObjID> missing;
+  for (const ObjID& id : ids) {
+    if (id.isNull()) continue;
+    ZNRefPtr<ZNInterface> cached;
+    if (!(cache.*kind.inCache)(id, cached)) {
+      missing.push_back(id);
+      continue;
+    }
+    MCLog::log(MC_INFO, "FOUND IF = %s IN %s! \n", detail::shown(MC_INFO, id).c_str(),
+               kind.cacheName);
+    cache.useInterface(cached);
+    found.push_back(cached);
+  }
+  return missing;
+}
+
 std::list<ObjID> withoutNulls(const std::list<ObjID>& ids) {
   std::list<ObjID> kept;
   for (const ObjID& id : ids) {
@@ -134,19 +153,7 @@ ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByObjIDList_Int(
     return theList;
   }
   const IDKind& kind = isQRMID ? kByQRMID : kByID;
-  std::list<ObjID> ifsToReadFromDB;
-  for (const ObjID& id : theIFIDs) {
-    if (id.isNull()) continue;
-    ZNRefPtr<ZNInterface> cached;
-    if ((cache()->*kind.inCache)(id, cached)) {
-      MCLog::log(MC_INFO, "FOUND IF = %s IN %s! \n", detail::shown(MC_INFO, id).c_str(),
-                 kind.cacheName);
-      useInterface(cached);
-      theList->push_back(cached);
-    } else {
-      ifsToReadFromDB.push_back(id);
-    }
-  }
+  const std::list<ObjID> ifsToReadFromDB = takeCached(*cache(), kind, theIFIDs, *theList);
   if (theList->size() == theIFIDs.size()) {
     MCLog::log(MC_INFO, "Found all Interface in cache ! \n");
     return theList;

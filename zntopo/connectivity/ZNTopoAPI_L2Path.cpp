@@ -129,6 +129,28 @@ class PathWriter {
   InterfaceList path_;
 };
 
+/// What getL2Path() says of an address that no node has.
+struct AddressTexts {
+  const char* log;
+  const char* auxMsg;
+};
+
+constexpr AddressTexts kSourceAddress = {
+    "Fail to find srcNode %s",
+    "Failed to retrieve source node for specified source IP  address in getL2Path() "};
+constexpr AddressTexts kDestinationAddress = {
+    "Fail to find destNode %s",
+    "Failed to retrieve destination node for specified destination IP address in getL2Path() "};
+
+ZNRefPtr<ZNNode> findOwner(ZNTopoAPI_Impl& api, const std::string& ip, const AddressTexts& texts,
+                           ZNTopoAPIStatus& theStat) {
+  const ZNRefPtr<ZNNode> owner = api.getNodeByName(ip, theStat, -1);
+  if (theStat.isOK() && !owner.isNull()) return owner;
+  replaceStatus(theStat, ZN_API_UNKNOWN_IP, texts.auxMsg);
+  detail::logLine(MC_CRITICAL, texts.log, ip);
+  return {};
+}
+
 /// One end of a path as getL2PathBetweenNodes() finds it, and what it says if it does not.
 struct EndTexts {
   const char* notFoundLog;
@@ -186,22 +208,10 @@ ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getL2Path(
   theStat.reset();
   if (!validate(theStat)) return thePath;
 
-  const ZNRefPtr<ZNNode> SrcNode = getNodeByName(srcIP, theStat, -1);
-  if (!theStat.isOK() || SrcNode.isNull()) {
-    replaceStatus(theStat, ZN_API_UNKNOWN_IP,
-                  "Failed to retrieve source node for specified source IP  address in "
-                  "getL2Path() ");
-    MCLog::log(MC_CRITICAL, "Fail to find srcNode %s", srcIP.c_str());
-    return thePath;
-  }
-  const ZNRefPtr<ZNNode> DestNode = getNodeByName(destIP, theStat, -1);
-  if (!theStat.isOK() || DestNode.isNull()) {
-    MCLog::log(MC_CRITICAL, "Fail to find destNode %s", destIP.c_str());
-    replaceStatus(theStat, ZN_API_UNKNOWN_IP,
-                  "Failed to retrieve destination node for specified destination IP address in "
-                  "getL2Path() ");
-    return thePath;
-  }
+  const ZNRefPtr<ZNNode> SrcNode = findOwner(*this, srcIP, kSourceAddress, theStat);
+  if (SrcNode.isNull()) return thePath;
+  const ZNRefPtr<ZNNode> DestNode = findOwner(*this, destIP, kDestinationAddress, theStat);
+  if (DestNode.isNull()) return thePath;
   MCLog::log(MC_INFO, "Getting L2 Path for %s:%s - %s:%s \n", srcIP.c_str(),
              SrcNode->getName().c_str(), destIP.c_str(), DestNode->getName().c_str());
 
