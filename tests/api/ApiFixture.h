@@ -34,7 +34,7 @@ class OpenImpl : public ZNTopoAPI_Impl {
 
 /// A UUID for a number: the letter tells kinds of objects apart and has to be one of a to f.
 inline std::string uuid(int number, char kind = 'a') {
-  char text[37];
+  char text[64];
   snprintf(text, sizeof text, "%c%07d-0000-4000-8000-%012d", kind, number, number);
   return text;
 }
