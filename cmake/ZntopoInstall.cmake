@@ -33,5 +33,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/zntopoConfigVersion.cmake
 install(FILES ${PROJECT_BINARY_DIR}/zntopoConfig.cmake ${PROJECT_BINARY_DIR}/zntopoConfigVersion.cmake
   DESTINATION ${package_dir})
 
+# Counted from where the file lies, so that an installation can be moved.
+file(RELATIVE_PATH ZNTOPO_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/zntopo.pc.in ${PROJECT_BINARY_DIR}/zntopo.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/zntopo.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

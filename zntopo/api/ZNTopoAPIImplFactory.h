@@ -6,7 +6,7 @@ namespace zntopo {
 
 /// Gives out shared implementations, one for each table set, without any initialisation.
 /// Several threads may call it at once.
-class ZNTOPO_EXPORT ZNTopoAPIImplFactory {
+class ZNTopoAPIImplFactory {
  public:
   /// The instance of a table set, made on the first call; it lives as long as the process.
   ZNRefPtr<ZNTopoAPI_Impl> getImplInstance(ZNTopoAPIStatus& theStatus, TopoDBType theDBType);

@@ -23,7 +23,7 @@ namespace zntopo {
 ///
 /// Several threads may query one instance at once: its table names are set once, and what is
 /// shared lies in the cache under the cache's lock.
-class ZNTOPO_EXPORT ZNTopoAPI_Impl : protected TableSet {
+class ZNTopoAPI_Impl : protected TableSet {
  public:
   using ObjIDSet = ZNTopoAPI::ObjIDSet;
   using OwnedIDList = ZNTopoAPI::OwnedIDList;

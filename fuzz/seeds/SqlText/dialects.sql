@@ -1,0 +1,1 @@
+select $tag$ ; $tag$, `a;b`, [c;d] from t

@@ -1,0 +1,2 @@
+select a, 'x;y' from "t;u" where b = ? -- c;
+; update t set a = E'\';' /* ; /* */ */
