@@ -175,7 +175,7 @@ TEST_P(CliAnswersTest, ASecondAddressOfAnInterfaceIsFoundThroughItsOwner) {
   EXPECT_EQ(result.status, 0) << result.err;
   EXPECT_EQ(result.json()["hops"], 2);
   EXPECT_EQ(result.json()["interfaces"][0]["node"], "harbor master pc");
-  EXPECT_THAT(result.json()["note"].get<std::string>(), HasSubstr("not the first"));
+  EXPECT_THAT(result.json()["note"].get<std::string>(), HasSubstr("which own them"));
   EXPECT_THAT(result.err, HasSubstr("harbor master pc"));
 }
 
