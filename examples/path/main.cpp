@@ -26,8 +26,8 @@ int main(int argc, char** argv) {
   }
   const int maxHops = 20;
   const bool crossRouters = true;
-  auto path = api->getL2PathBetweenNodes(argv[1], argv[2], maxHops, status, ZNAddress::IPv4,
-                                         crossRouters);
+  auto path =
+      api->getL2PathBetweenNodes(argv[1], argv[2], maxHops, status, ZNAddress::IPv4, crossRouters);
   if (!status.isOK()) {
     std::cerr << status.getStatusMsg() << '\n' << status.getAuxMsg();
     return 1;

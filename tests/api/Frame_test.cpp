@@ -1,6 +1,6 @@
 #include "tests/api/ApiFixture.h"
 #include "tests/cache/CachePeer.h"
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 
 namespace zntopo::test {
 namespace {

@@ -1,7 +1,7 @@
 // The log lines of the interface and address queries.
 
 #include "tests/api/ApiFixture.h"
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 
 namespace zntopo::test {
 namespace {

@@ -1,5 +1,5 @@
 #include "tests/api/ApiFixture.h"
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 
 namespace zntopo::test {
 namespace {

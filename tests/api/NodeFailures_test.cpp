@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "tests/api/ApiFixture.h"
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 #include "zntopo/api/detail/NodeSql.h"
 
 namespace zntopo::test {

@@ -1,7 +1,7 @@
 // What hangs on nodes: user variables, layer-2 connections, VLANs and containers.
 
 #include "tests/api/ApiFixture.h"
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 #include "zntopo/api/detail/NodeSql.h"
 #include "zntopo/core/ObjIDLookup.h"
 

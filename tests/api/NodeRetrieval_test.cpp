@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "tests/api/ApiFixture.h"
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 #include "zntopo/api/detail/NodeSql.h"
 
 namespace zntopo::test {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/api/ApiFixture.h"
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 #include "tests/tvxpl/Scratch.h"
 
 namespace zntopo::test {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "tests/cache/CachedKinds.h"
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 #include "tests/support/TestStore.h"
 
 namespace zntopo::test {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "tests/cache/CachedKinds.h"
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 
 namespace zntopo::test {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <climits>
 
-#include "tests/cache/CapturedLog.h"
 #include "tests/connectivity/Network.h"
+#include "tests/support/CapturedLog.h"
 
 namespace zntopo::test {
 namespace {

@@ -1,7 +1,7 @@
 // Turning the links of a path into interfaces, and interfaces into links.
 
-#include "tests/cache/CapturedLog.h"
 #include "tests/connectivity/Network.h"
+#include "tests/support/CapturedLog.h"
 
 namespace zntopo::test {
 namespace {

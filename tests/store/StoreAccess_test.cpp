@@ -5,7 +5,7 @@
 
 #include <limits>
 
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 #include "tests/support/TestStore.h"
 
 namespace zntopo {

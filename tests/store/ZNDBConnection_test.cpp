@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 #include "tests/support/TestStore.h"
 
 namespace zntopo {

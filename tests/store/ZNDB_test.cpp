@@ -10,7 +10,7 @@
 #include <thread>
 #include <vector>
 
-#include "tests/cache/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 #include "tests/support/TestStore.h"
 #include "zntopo/store/ODBCConn.h"
 

@@ -63,6 +63,7 @@ TEST_P(CliAnswersTest, AnExactNameWinsOverANameThatMerelyBeginsSo) {
   const CliResult many = zntopoRun({"node", "acces", "--json"});
   EXPECT_EQ(many.status, 1);
   EXPECT_EQ(many.json()["status"]["name"], "ZN_API_NONUNIQUE_NAME");
+  EXPECT_THAT(many.err, HasSubstr("  access-1\n"));
   EXPECT_EQ(zntopoRun({"node", "ACC", "--json"}).status, 1);
 }
 

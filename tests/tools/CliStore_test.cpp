@@ -56,6 +56,25 @@ TEST(CliStoreTest, AMissingFileIsNotCreatedByAQuestion) {
   EXPECT_FALSE(std::filesystem::exists("/tmp/zntopo-no-such-store.db"));
 }
 
+TEST(CliStoreTest, APasswordIsNotShown) {
+  for (const char* secret : {"Password=hunter2", "pwd={hunter2;x}", "PASSWORD = hunter2"}) {
+    const std::string store = std::string("Driver=No Such Driver;") + secret + ";Database=x";
+    for (const char* command : {"nodes", "init"}) {
+      const CliResult result = zntopoRun({command, "--json", "--store", store});
+      EXPECT_EQ(result.status, 1);
+      EXPECT_THAT(result.err, HasSubstr("No Such Driver"));
+      EXPECT_THAT(result.err + result.out, testing::Not(HasSubstr("hunter2")));
+    }
+  }
+}
+
+TEST(CliStoreTest, AFileThatIsNoStoreIsNotSentToInit) {
+  const CliResult result = zntopoRun({"nodes", "--store", ZNTOPO_SOURCE_DIR "/README.md"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, HasSubstr("file is not a database"));
+  EXPECT_THAT(result.err, testing::Not(HasSubstr("zntopo init")));
+}
+
 TEST(CliStoreTest, AnInitThatFailsLeavesNoFile) {
   EXPECT_EQ(zntopoRun({"init", "--store", "/nonexistent/folder/x.db"}).status, 1);
   EXPECT_FALSE(std::filesystem::exists("/nonexistent"));

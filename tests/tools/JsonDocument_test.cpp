@@ -75,6 +75,12 @@ TEST(JsonDocumentTest, ANumberBeyondAllBoundsIsRefused) {
   EXPECT_EQ(complaint("[99999999999999999999999999]"), "");
 }
 
+TEST(JsonDocumentTest, AComplaintOfTheParserHasItsPlaceAndQuotesLittle) {
+  EXPECT_THAT(complaint(R"({"a": [1, {"b": 1e999}]})"), StartsWith("/a/1/b: "));
+  EXPECT_THAT(complaint(R"({"a": {"b": "unfinished)"), StartsWith("/a/b: "));
+  EXPECT_LT(complaint("[" + std::string(5000, '9') + "e999]").size(), 300U);
+}
+
 TEST(JsonDocumentTest, AMemberThatStandsTwiceIsRefusedWithItsPlace) {
   EXPECT_EQ(complaint(R"({"a": [{"b": 1}, {"b": 1, "c": 2, "b": 3}]})"),
             "/a/1/b: stands twice in its object");

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 #include "tests/support/TestStore.h"
 #include "tests/tools/StoreDump.h"
 #include "tools/import/StoreTable.h"
@@ -215,6 +218,29 @@ TEST_P(StoreWriterTest, AStoreWithoutTablesIsKnownAsSuch) {
   TvDbil::DbConnection_t connection(messages, &source);
   ASSERT_TRUE(connection.IsValid());
   EXPECT_FALSE(hasSchema(connection));
+}
+
+TEST_P(StoreWriterTest, AnotherWriterIsWaitedFor) {
+  TvXplMsg::MessageList_t messages;
+  const TvDbil::DbSource_t source(messages, store_->engine().store());
+  TvDbil::DbConnection_t other(messages, &source);
+  ASSERT_EQ(TvDbil::DBIL_SUCCESS, other.StartTransaction(messages));
+  {
+    TvDbil::DbStatement_t statement(messages, &other);
+    ASSERT_EQ(TvDbil::DBIL_SUCCESS,
+              statement.BindSql(messages, "update nwnode set Status = 1 where 1 = 0"));
+    ASSERT_EQ(TvDbil::DBIL_SUCCESS, statement.Exec(messages));
+  }
+  // Whichever comes first, the import ends well: it waits for the commit, or finds it done.
+  std::thread committer([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    TvXplMsg::MessageList_t ignored;
+    other.CommitTransaction(ignored);
+  });
+  ImportReport report;
+  EXPECT_NO_THROW(
+      EXPECT_GT(writeNetworks(*connection_, {smallNetwork()}, "", report, {}).added, 0));
+  committer.join();
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, StoreWriterTest, testing::ValuesIn(test::kEngines),

@@ -66,6 +66,17 @@ class Watch {
     return true;
   }
 
+  /// The file, and the place in it where the parser is.
+  std::string where() const {
+    std::string result = file_ + (levels_.empty() ? "" : ": ");
+    for (const Level& level : levels_) {
+      result +=
+          "/" + (level.isArray ? std::to_string(level.elements - (level.elements > 0)) : level.key);
+      if (result.size() > 300) return result + "...";
+    }
+    return result;
+  }
+
  private:
   struct Level {
     bool isArray;
@@ -78,26 +89,19 @@ class Watch {
     if (!levels_.empty() && levels_.back().isArray) ++levels_.back().elements;
   }
 
-  std::string where() const {
-    std::string result = file_ + ": ";
-    for (const Level& level : levels_) {
-      result +=
-          "/" + (level.isArray ? std::to_string(level.elements - (level.elements > 0)) : level.key);
-      if (result.size() > 300) return result + "...";
-    }
-    return result;
-  }
-
   std::string file_;
   int maxDepth_;
   std::vector<Level> levels_;
 };
 
-/// The parser's complaint without its own prefix ("[json.exception.parse_error.101] parse error").
+/// The parser's complaint without its own prefix ("[json.exception.parse_error.101] parse error")
+/// and without most of what it quotes.
 std::string complaint(const json::exception& error) {
+  constexpr std::size_t most = 200;
   const std::string text = error.what();
   const std::size_t bracket = text.find("] ");
-  return bracket == std::string::npos ? text : text.substr(bracket + 2);
+  const std::string bare = bracket == std::string::npos ? text : text.substr(bracket + 2);
+  return bare.size() > most ? bare.substr(0, most) + "..." : bare;
 }
 
 /// Hands out a text's characters and tells now and then how far it is.
@@ -135,11 +139,12 @@ json loadJson(const std::string& file, const JsonLimits& limits,
               const std::function<void(double)>& progress) {
   const std::string text = readFile(file, limits.bytes);
   if (text.find_first_not_of(" \t\r\n") == std::string::npos) throw ImportError(file, "is empty");
+  Watch watch(file, limits.depth);
   try {
     return json::parse(Characters(text, 0, progress), Characters(text, text.size(), progress),
-                       Watch(file, limits.depth));
+                       std::ref(watch));
   } catch (const json::exception& error) {
-    throw ImportError(file, complaint(error));
+    throw ImportError(watch.where(), complaint(error));
   }
 }
 

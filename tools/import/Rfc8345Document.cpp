@@ -280,6 +280,7 @@ bool Node::hasFlag(const std::string& flag) const {
 }
 
 Document readDocument(const nlohmann::json& json, const std::string& file, ImportReport& report) {
+  if (!json.is_object()) throw ImportError(file, "the document is no object");
   JsonObject root(JsonPlace(json, file + ": "));
   const auto networks = root.find("networks");
   if (!networks) {

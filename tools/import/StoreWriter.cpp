@@ -49,6 +49,18 @@ class Transaction {
   TvDbil::DbConnection_t& connection_;
 };
 
+/// Takes the place of the one writer before anything is read: a reader that turns into a writer
+/// would be refused at once by the embedded store while another one writes, instead of waiting.
+void waitForTurn(TvDbil::DbConnection_t& connection) {
+  MessageList_t messages;
+  TvDbil::DbStatement_t statement(messages, &connection);
+  if (statement.BindSql(messages, "update state set TopologyReady = TopologyReady where 1 = 0") !=
+          TvDbil::DBIL_SUCCESS ||
+      statement.Exec(messages) != TvDbil::DBIL_SUCCESS) {
+    throw StoreError("the store can't be written to now", messages);
+  }
+}
+
 void writeRows(TvDbil::DbConnection_t& connection, const RowSet& rows, int now, WriteCounts& counts,
                const std::function<void(double)>& progress) {
   std::vector<std::unique_ptr<TableWriter>> writers(TableCount);
@@ -83,6 +95,7 @@ WriteCounts writeNetworks(TvDbil::DbConnection_t& connection,
   const int now = timeNow();
   WriteCounts counts;
   Transaction transaction(connection);
+  waitForTurn(connection);
   writeRows(connection, rows, now, counts, progress);
   markReady(connection, counts.isAnyChange(), now);
   transaction.commit();

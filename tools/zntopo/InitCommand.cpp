@@ -19,10 +19,10 @@ void require(TvDbil::DbilReturnCode_t code, const MessageList_t& messages,
   }
 }
 
-void makeTables(const std::string& store) {
+void makeTables(const std::string& label) {
   TvDbil::DbConnection_t connection = openStore();
   if (hasSchema(connection)) {
-    throw Failure(ZN_API_DB_INIT_FAILURE, "There is a topology in \"" + store + "\" already.");
+    throw Failure(ZN_API_DB_INIT_FAILURE, "There is a topology in \"" + label + "\" already.");
   }
   MessageList_t messages;
   require(createSchema(messages, connection), messages, "The tables can't be made.");
@@ -32,20 +32,20 @@ void init(const Context& context, Answer& answer) {
   chooseStore(context);
   MessageList_t messages;
   const TvDbil::DbSource_t source(messages);
-  const std::string& store = source.GetStore();
+  const std::string label = storeLabel(source);
   if (!source.IsOdbc()) {
     require(TvDbil::CreateStore(messages, source), messages,
-            "The store \"" + store + "\" can't be created.");
+            "The store \"" + label + "\" can't be created.");
   }
   try {
-    makeTables(store);
+    makeTables(label);
   } catch (...) {
     // The file was made here, a moment ago.
-    if (!source.IsOdbc()) unlink(store.c_str());
+    if (!source.IsOdbc()) unlink(source.GetStore().c_str());
     throw;
   }
-  answer.json["store"] = store;
-  answer.text = "Created the store " + store + "\n";
+  answer.json["store"] = label;
+  answer.text = "Created the store " + label + "\n";
 }
 
 }  // namespace

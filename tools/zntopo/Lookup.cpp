@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "tools/zntopo/TextTable.h"
 #include "zntopo/store/detail/GoodCode.h"
 
 namespace zntopo::tools {
@@ -43,7 +44,9 @@ std::optional<NamedNode> oneOf(Session& session, const std::vector<std::string>&
   if (ids.empty()) return std::nullopt;
   if (ids.size() > 1) {
     std::string list;
-    for (std::size_t i = 0; i < ids.size() && i < 10; ++i) list += "\n  " + ids[i];
+    for (std::size_t i = 0; i < ids.size() && i < 10; ++i) {
+      list += "\n  " + ids[i] + "  " + printable(nodeOfId(session, ObjID(ids[i]))->getName());
+    }
     throw Failure(ZN_API_NONUNIQUE_NAME, "Node [" + text + "] is not unique. It may be one of" +
                                              list + (ids.size() > 10 ? "\n  ..." : ""));
   }

@@ -38,10 +38,9 @@ InterfaceList findPath(Session& session, const PathOptions& options, const Named
   auto path = session.api().getL2Path(from.address->text(), to.address->text(), options.maxHops,
                                       status, type, options.crossRouters);
   if (status.getStatus() != ZN_API_UNKNOWN_IP) return path;
-  answer.note =
-      "One of the addresses is not the first of its interface: this is the path between " +
-      printable(from.node->getName()) + " and " + printable(to.node->getName()) +
-      ", which own them.";
+  answer.note = "No interface has one of the addresses as its first: this is the path between " +
+                printable(from.node->getName()) + " and " + printable(to.node->getName()) +
+                ", which own them.";
   answer.json["note"] = answer.note;
   status.reset();
   return pathBetweenNodes(session, options, from, to, status);

@@ -1,6 +1,9 @@
 #include "tools/zntopo/Session.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
+#include <regex>
 
 #include "tools/import/StoreWriter.h"
 #include "zntopo/api/ZNTopoAPIDefaultFactory.h"
@@ -42,20 +45,30 @@ TvDbil::DbConnection_t openStore() {
   MessageList_t messages;
   const TvDbil::DbSource_t source(messages);
   TvDbil::DbConnection_t connection(messages, &source);
-  if (!connection.IsValid()) {
-    throw Failure(ZN_API_DB_CONNECTION_FAILURE, "The store \"" + source.GetStore() +
-                                                    "\" can't be opened.\n" +
-                                                    messages.Format(TvXplMsg::fRecurse_k) +
-                                                    "(\"zntopo init\" creates a new one.)");
+  if (connection.IsValid()) return connection;
+  const std::string label = "\"" + storeLabel(source) + "\"";
+  if (!source.IsOdbc() && access(source.GetStore().c_str(), F_OK) != 0) {
+    throw Failure(ZN_API_DB_CONNECTION_FAILURE,
+                  "There is no store " + label + ": \"zntopo init\" creates one.");
   }
-  return connection;
+  throw Failure(ZN_API_DB_CONNECTION_FAILURE, "The store " + label + " can't be opened.\n" +
+                                                  messages.Format(TvXplMsg::fRecurse_k));
+}
+
+std::string storeLabel(const TvDbil::DbSource_t& source) {
+  if (!source.IsOdbc()) return source.GetStore();
+  static const std::regex password(R"(((?:password|pwd)\s*=\s*)(\{(?:[^}]|\}\})*\}?|[^;]*))",
+                                   std::regex::icase);
+  return std::regex_replace(source.GetStore(), password, "$1***");
 }
 
 TvDbil::DbConnection_t openTopology() {
   TvDbil::DbConnection_t connection = openStore();
   if (!hasSchema(connection)) {
+    MessageList_t ignored;
     throw Failure(ZN_API_DB_INIT_FAILURE,
-                  "The store has no tables of a topology: run \"zntopo init\" first.");
+                  "\"" + storeLabel(TvDbil::DbSource_t(ignored)) +
+                      "\" has no tables of a topology: run \"zntopo init\" for a new store.");
   }
   return connection;
 }

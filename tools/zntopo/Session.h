@@ -14,6 +14,8 @@ void chooseStore(const Context& context);
 
 /// Opens the chosen store. Throws a Failure if that is not possible.
 TvDbil::DbConnection_t openStore();
+/// A store's name for people: the path, or the connection string with its password hidden.
+std::string storeLabel(const TvDbil::DbSource_t& source);
 /// The same, and a Failure for a store without tables.
 TvDbil::DbConnection_t openTopology();
 
