@@ -30,7 +30,7 @@ ZNRefPtr<ZNTopoAPI> makeApi(Session::Load load) {
   ZNTopoAPIDefaultFactory factory;
   check(factory.initZNTopoAPI(config));
   ZNTopoAPIStatus status;
-  const ZNRefPtr<ZNTopoAPI> api = factory.getRDInstance(status, ActiveDB);
+  ZNRefPtr<ZNTopoAPI> api = factory.getRDInstance(status, ActiveDB);
   check(status);
   return api;
 }

@@ -38,7 +38,7 @@ ZNRefPtr<MonitoredInetAddressIPv6> monitoredOnly(const ZNRefPtr<ZNAddress>& addr
                                                  const ObjID& id, const char* complaint,
                                                  ZNTopoAPIStatus& theStatus) {
   if (!theStatus.isOK()) return {};
-  const auto monitored = ZNRefPtrConversion::Address2MonitoredIPv6(address);
+  auto monitored = ZNRefPtrConversion::Address2MonitoredIPv6(address);
   if (monitored.isNull()) {
     detail::setFailure(theStatus, ZN_API_INVALID_ID, id.getStrValue() + complaint);
   }

@@ -144,7 +144,7 @@ constexpr AddressTexts kDestinationAddress = {
 
 ZNRefPtr<ZNNode> findOwner(ZNTopoAPI_Impl& api, const std::string& ip, const AddressTexts& texts,
                            ZNTopoAPIStatus& theStat) {
-  const ZNRefPtr<ZNNode> owner = api.getNodeByName(ip, theStat, -1);
+  ZNRefPtr<ZNNode> owner = api.getNodeByName(ip, theStat, -1);
   if (theStat.isOK() && !owner.isNull()) return owner;
   replaceStatus(theStat, ZN_API_UNKNOWN_IP, texts.auxMsg);
   detail::logLine(MC_CRITICAL, texts.log, ip);

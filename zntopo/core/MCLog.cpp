@@ -166,7 +166,9 @@ void MCLog::vlog(MCDebugLevel level, const char* format, va_list arguments) {
     if (!passed && !traced) return;
     // Zeroed: after a failed conversion the text ends where the formatting did.
     const auto text = std::make_unique<char[]>(kTextSize);
-    if (format) std::vsnprintf(text.get(), kTextSize, format, arguments);
+    if (format) {
+      std::vsnprintf(text.get(), kTextSize, format, arguments);  // NOLINT(clang-analyzer-valist*)
+    }
     if (traced) {
       const TvXplTrc::TraceObj_t& trace = topoSvcOperationObj;
       trace.DoTrace(traceCategory(level), text.get(), "../MCLog", __LINE__);

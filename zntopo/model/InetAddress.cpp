@@ -38,7 +38,11 @@ InetAddress::InetAddress(const AddressType& type, const PingState& aStat, long a
       _isSubnetAddr(isSubnetAddr),
       _subnetID(aSubnetID) {}
 
-InetAddress::InetAddress(const InetAddress& other) : ZNAddress() { *this = other; }
+// The assignment copies all, the base's fields included, under its lock.
+InetAddress::InetAddress(const InetAddress& other)  // NOLINT(bugprone-copy-constructor-init)
+    : ZNAddress() {
+  *this = other;
+}
 
 InetAddress& InetAddress::operator=(const InetAddress& other) {
   if (this == &other) return *this;

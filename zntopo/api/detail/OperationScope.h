@@ -1,6 +1,5 @@
 #pragma once
 
-#include <source_location>
 #include <string_view>
 
 #include "zntopo/core/LogFunction.h"
@@ -14,9 +13,8 @@ struct TracedBlock {
   // Converts from the name alone, so that the place is that of the scope. Made by the compiler:
   // the folders of a build do not come into the library.
   consteval TracedBlock(const char* blockName,  // NOLINT(google-explicit-constructor)
-                        std::source_location place = std::source_location::current())
-      : name(blockName), line(static_cast<int>(place.line())) {
-    std::string_view path = place.file_name();
+                        std::string_view path = __builtin_FILE(), int blockLine = __builtin_LINE())
+      : name(blockName), line(blockLine) {
     path.remove_prefix(path.rfind('/') + 1);
     path.substr(0, path.rfind('.')).copy(file + 3, sizeof file - 4);
   }

@@ -8,10 +8,10 @@ constexpr bool isDash(std::size_t position) {
   return position == 8 || position == 13 || position == 18 || position == 23;
 }
 
-constexpr std::uint64_t digitOf(char c) {
-  if (c >= '0' && c <= '9') return static_cast<std::uint64_t>(c - '0');
-  if (c >= 'a' && c <= 'f') return static_cast<std::uint64_t>(c - 'a' + 10);
-  if (c >= 'A' && c <= 'F') return static_cast<std::uint64_t>(c - 'A' + 10);
+constexpr unsigned digitOf(char c) {
+  if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
+  if (c >= 'a' && c <= 'f') return static_cast<unsigned>(c - 'a') + 10;
+  if (c >= 'A' && c <= 'F') return static_cast<unsigned>(c - 'A') + 10;
   return 0;
 }
 
