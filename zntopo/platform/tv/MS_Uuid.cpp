@@ -23,7 +23,7 @@ MS_Uuid::MS_Uuid(const char* text) {
   for (std::size_t i = 0; text && i < kTextLength && text[i] != '\0'; ++i) {
     if (isDash(i)) continue;
     std::uint64_t& half = digits < 16 ? high_ : low_;
-    half |= digitOf(text[i]) << (60 - 4 * (digits % 16));
+    half |= std::uint64_t{digitOf(text[i])} << (60 - 4 * (digits % 16));
     ++digits;
   }
 }
