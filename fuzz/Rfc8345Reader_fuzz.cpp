@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (file < 0) return 0;
   if (write(file, data, size) == static_cast<ssize_t>(size)) {
     try {
-      zntopo::tools::ImportReport report;
+      zntopo::tools::NetworkReport report;
       zntopo::tools::readRfc8345("/proc/self/fd/" + std::to_string(file), report);
     } catch (const zntopo::tools::ImportError&) {
       // what a malformed file is answered with

@@ -1,4 +1,4 @@
-#include "tools/import/IpAddress.h"
+#include "tools/network/IpAddress.h"
 
 #include <gtest/gtest.h>
 

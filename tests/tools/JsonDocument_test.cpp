@@ -111,7 +111,7 @@ TEST(JsonObjectTest, WhatNobodyAskedForIsCounted) {
   const auto json = nlohmann::json::parse(R"({"a": 1, "b": 2, "c": 3})");
   JsonObject object(JsonPlace(json, "f: "));
   object.find("b");
-  ImportReport report;
+  NetworkReport report;
   object.countUnread(report);
   object.countUnread(report);
   ASSERT_EQ(report.notes().size(), 2u);
@@ -145,8 +145,8 @@ TEST(JsonPlaceTest, NumbersBeyond32BitsAreNothing) {
   EXPECT_THROW(number("true"), ImportError);
 }
 
-TEST(ImportReportTest, BeyondSomeHundredKindsTheRestIsLumped) {
-  ImportReport report;
+TEST(NetworkReportTest, BeyondSomeHundredKindsTheRestIsLumped) {
+  NetworkReport report;
   for (int i = 0; i < 1000; ++i) report.add("kind " + std::to_string(i), "f");
   EXPECT_EQ(report.notes().size(), 201u);
   EXPECT_EQ(report.notes().back().what, "other things");

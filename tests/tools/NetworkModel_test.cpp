@@ -1,8 +1,8 @@
-#include "tools/import/NetworkModel.h"
+#include "tools/network/NetworkModel.h"
 
 #include <gtest/gtest.h>
 
-#include "tools/import/NameUuid.h"
+#include "tools/network/NameUuid.h"
 
 namespace zntopo::tools {
 namespace {

@@ -66,7 +66,7 @@ constexpr const char* kL3 = "ietf-l3-unicast-topology:l3-unicast-topology";
 
 struct Read {
   NetworkModel model;
-  ImportReport report;
+  NetworkReport report;
 
   explicit Read(const std::string& content) {
     const TempFile file(content);
@@ -98,7 +98,7 @@ struct Read {
 /// The complaint about a content, without the file's name.
 std::string complaint(const std::string& content) {
   const TempFile file(content);
-  ImportReport report;
+  NetworkReport report;
   try {
     readRfc8345(file.path(), report);
     return "";

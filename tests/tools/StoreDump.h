@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/import/StoreRows.h"
+#include "tools/network/StoreRows.h"
 #include "zntopo/platform/tvdbil/TvDbil.h"
 
 namespace zntopo::test {

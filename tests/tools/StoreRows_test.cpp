@@ -1,4 +1,4 @@
-#include "tools/import/StoreRows.h"
+#include "tools/network/StoreRows.h"
 
 #include <gtest/gtest.h>
 
@@ -61,7 +61,7 @@ TEST(StoreRowsTest, TooLongADescriptionIsCutAndCounted) {
   node.description = std::string(1999, 'x') + "\xc3\xa4";
   model.nodes.push_back(node);
   RowSet rows;
-  ImportReport report;
+  NetworkReport report;
   addRows(model, "", rows, report);
   ASSERT_EQ(report.notes().size(), 1u);
   EXPECT_EQ(rows.rows()[0].cells[3], Cell(std::string(1999, 'x')));
@@ -74,7 +74,7 @@ TEST(StoreRowsTest, AZoneMakesOtherIdentifiers) {
   node.name = "n";
   model.nodes.push_back(node);
   RowSet rows;
-  ImportReport report;
+  NetworkReport report;
   addRows(model, "", rows, report);
   addRows(model, "lab", rows, report);
   EXPECT_EQ(rows.rows().size(), 4u);

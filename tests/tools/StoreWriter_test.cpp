@@ -1,4 +1,4 @@
-#include "tools/import/StoreWriter.h"
+#include "tools/network/StoreWriter.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 
 #include "tests/support/TestStore.h"
 #include "tests/tools/StoreDump.h"
-#include "tools/import/StoreTable.h"
+#include "tools/network/StoreTable.h"
 
 namespace zntopo::tools {
 namespace {
@@ -64,7 +64,7 @@ class StoreWriterTest : public testing::TestWithParam<Engine> {
   }
 
   WriteCounts write(const std::vector<NetworkModel>& networks, const std::string& zone = "") {
-    ImportReport report;
+    NetworkReport report;
     return writeNetworks(*connection_, networks, zone, report);
   }
   std::string value(const std::string& sql) { return store_->value(sql).value_or("NULL"); }
@@ -237,7 +237,7 @@ TEST_P(StoreWriterTest, AnotherWriterIsWaitedFor) {
     TvXplMsg::MessageList_t ignored;
     other.CommitTransaction(ignored);
   });
-  ImportReport report;
+  NetworkReport report;
   EXPECT_NO_THROW(
       EXPECT_GT(writeNetworks(*connection_, {smallNetwork()}, "", report, {}).added, 0));
   committer.join();

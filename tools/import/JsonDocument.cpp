@@ -238,7 +238,7 @@ std::string JsonObject::prose(const std::string& name) {
   return member ? member->prose() : "";
 }
 
-void JsonObject::countUnread(ImportReport& report) const {
+void JsonObject::countUnread(NetworkReport& report) const {
   for (const auto& [key, value] : place_.value().items()) {
     if (!read_.contains(key)) report.add("member \"" + key + "\"", where());
   }

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/import/ImportReport.h"
+#include "tools/network/NetworkReport.h"
 
 /// @file
 /// Reading JSON that may be hostile, with errors that say where.
@@ -71,7 +71,7 @@ class JsonObject {
   std::string text(const std::string& name);
   std::string prose(const std::string& name);
   /// Counts every member that was not asked for.
-  void countUnread(ImportReport& report) const;
+  void countUnread(NetworkReport& report) const;
 
  private:
   JsonPlace place_;

@@ -22,7 +22,7 @@ void indexUnique(std::map<std::string, std::size_t>& index, const std::string& k
 
 /// Calls a reader with the attributes object of a name, if there is one.
 template <typename Reader>
-void withAttributes(JsonObject& object, const std::string& name, ImportReport& report,
+void withAttributes(JsonObject& object, const std::string& name, NetworkReport& report,
                     const Reader& reader) {
   const auto place = object.find(name);
   if (!place) return;
@@ -31,7 +31,7 @@ void withAttributes(JsonObject& object, const std::string& name, ImportReport& r
   attributes.countUnread(report);
 }
 
-std::optional<IpAddress> readAddress(const JsonPlace& place, ImportReport& report,
+std::optional<IpAddress> readAddress(const JsonPlace& place, NetworkReport& report,
                                      const std::string& what) {
   const std::string text = place.text();
   if (text.empty()) return std::nullopt;
@@ -41,7 +41,7 @@ std::optional<IpAddress> readAddress(const JsonPlace& place, ImportReport& repor
 }
 
 /// "10.0.0.1" or "10.0.0.1/24".
-void readTpAddress(const JsonPlace& place, TerminationPoint& tp, ImportReport& report) {
+void readTpAddress(const JsonPlace& place, TerminationPoint& tp, NetworkReport& report) {
   const std::string text = place.text();
   const std::size_t slash = text.find('/');
   const auto address = IpAddress::parse(std::string_view(text).substr(0, slash));
@@ -59,7 +59,7 @@ void readTpAddress(const JsonPlace& place, TerminationPoint& tp, ImportReport& r
 }
 
 void addVlan(TerminationPoint& tp, const JsonPlace& number, const std::string& name,
-             bool isUntagged, ImportReport& report) {
+             bool isUntagged, NetworkReport& report) {
   const auto value = number.number();
   if (value == 0) return;  // how files say "none"
   if (!value || *value < 1 || *value > 4094) {
@@ -69,7 +69,7 @@ void addVlan(TerminationPoint& tp, const JsonPlace& number, const std::string& n
   }
 }
 
-void readVlans(JsonObject& attributes, TerminationPoint& tp, ImportReport& report) {
+void readVlans(JsonObject& attributes, TerminationPoint& tp, NetworkReport& report) {
   for (const JsonPlace& entry : attributes.list("vlan-id-name")) {
     JsonObject vlan(entry);
     const std::string name = vlan.text("vlan-name");
@@ -90,7 +90,7 @@ void readVlans(JsonObject& attributes, TerminationPoint& tp, ImportReport& repor
 }
 
 /// Bits per second, as a number or as a text of one; beyond 31 bits it stays at the highest.
-std::optional<int> readSpeed(JsonObject& attributes, ImportReport& report) {
+std::optional<int> readSpeed(JsonObject& attributes, NetworkReport& report) {
   auto place = attributes.find("rate");
   if (!place) place = attributes.find("speed");
   if (!place) return std::nullopt;
@@ -110,7 +110,7 @@ std::optional<int> readSpeed(JsonObject& attributes, ImportReport& report) {
   return static_cast<int>(std::min<double>(value, std::numeric_limits<int>::max()));
 }
 
-void readLayer2(JsonObject& attributes, TerminationPoint& tp, ImportReport& report) {
+void readLayer2(JsonObject& attributes, TerminationPoint& tp, NetworkReport& report) {
   if (const auto name = attributes.find("interface-name"); name && !name->text().empty()) {
     tp.interfaceName = name->name(kNameWidth);
   }
@@ -123,12 +123,12 @@ void readLayer2(JsonObject& attributes, TerminationPoint& tp, ImportReport& repo
   readVlans(attributes, tp, report);
 }
 
-void readLayer3(JsonObject& attributes, TerminationPoint& tp, ImportReport& report) {
+void readLayer3(JsonObject& attributes, TerminationPoint& tp, NetworkReport& report) {
   for (const JsonPlace& place : attributes.list("ip-address")) readTpAddress(place, tp, report);
   tp.isUnnumbered = attributes.find("unnumbered-id") || attributes.find("unnumbered");
 }
 
-std::vector<NodeRef> readNodeRefs(JsonObject& node, ImportReport& report) {
+std::vector<NodeRef> readNodeRefs(JsonObject& node, NetworkReport& report) {
   std::vector<NodeRef> result;
   for (const JsonPlace& place : node.list("supporting-node")) {
     JsonObject reference(place);
@@ -138,7 +138,7 @@ std::vector<NodeRef> readNodeRefs(JsonObject& node, ImportReport& report) {
   return result;
 }
 
-TerminationPoint readTp(const JsonPlace& place, ImportReport& report) {
+TerminationPoint readTp(const JsonPlace& place, NetworkReport& report) {
   JsonObject object(place);
   TerminationPoint tp;
   tp.where = place.where();
@@ -157,7 +157,7 @@ TerminationPoint readTp(const JsonPlace& place, ImportReport& report) {
   return tp;
 }
 
-void readPrefix(const JsonPlace& place, Node& node, ImportReport& report) {
+void readPrefix(const JsonPlace& place, Node& node, NetworkReport& report) {
   JsonObject object(place);
   const JsonPlace member = object.get("prefix");
   const std::string text = member.text();
@@ -180,7 +180,7 @@ void readNodeName(JsonObject& attributes, Node& node) {
   if (name && !name->text().empty() && node.name.empty()) node.name = name->name(kNameWidth);
 }
 
-void readNodeLayers(JsonObject& object, Node& node, ImportReport& report) {
+void readNodeLayers(JsonObject& object, Node& node, NetworkReport& report) {
   withAttributes(object, "l2-node-attributes", report, [&](JsonObject& attributes) {
     readNodeName(attributes, node);
     readFlags(attributes, node);
@@ -200,7 +200,7 @@ void readNodeLayers(JsonObject& object, Node& node, ImportReport& report) {
   });
 }
 
-Node readNode(const JsonPlace& place, ImportReport& report) {
+Node readNode(const JsonPlace& place, NetworkReport& report) {
   JsonObject object(place);
   Node node;
   node.where = place.where();
@@ -216,14 +216,14 @@ Node readNode(const JsonPlace& place, ImportReport& report) {
 }
 
 LinkEnd readEnd(JsonObject& link, const std::string& member, const std::string& prefix,
-                ImportReport& report) {
+                NetworkReport& report) {
   JsonObject end(link.get(member));
   LinkEnd result{end.get(prefix + "-node").text(), end.text(prefix + "-tp")};
   end.countUnread(report);
   return result;
 }
 
-Link readLink(const JsonPlace& place, ImportReport& report) {
+Link readLink(const JsonPlace& place, NetworkReport& report) {
   JsonObject object(place);
   Link link;
   link.where = place.where();
@@ -234,7 +234,7 @@ Link readLink(const JsonPlace& place, ImportReport& report) {
   return link;
 }
 
-Kind readKind(JsonObject& network, ImportReport& report) {
+Kind readKind(JsonObject& network, NetworkReport& report) {
   const auto place = network.find("network-types");
   if (!place) return Kind::Untyped;
   JsonObject types(*place);
@@ -245,7 +245,7 @@ Kind readKind(JsonObject& network, ImportReport& report) {
   return isLayer2 ? Kind::Layer2 : isLayer3 ? Kind::Layer3 : Kind::Other;
 }
 
-Network readNetwork(const JsonPlace& place, ImportReport& report) {
+Network readNetwork(const JsonPlace& place, NetworkReport& report) {
   JsonObject object(place);
   Network network;
   network.where = place.where();
@@ -279,7 +279,7 @@ bool Node::hasFlag(const std::string& flag) const {
   return std::find(flags.begin(), flags.end(), flag) != flags.end();
 }
 
-Document readDocument(const nlohmann::json& json, const std::string& file, ImportReport& report) {
+Document readDocument(const nlohmann::json& json, const std::string& file, NetworkReport& report) {
   if (!json.is_object()) throw ImportError(file, "the document is no object");
   JsonObject root(JsonPlace(json, file + ": "));
   const auto networks = root.find("networks");

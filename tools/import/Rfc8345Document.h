@@ -7,9 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include "tools/import/ImportReport.h"
-#include "tools/import/IpAddress.h"
 #include "tools/import/JsonDocument.h"
+#include "tools/network/IpAddress.h"
+#include "tools/network/NetworkReport.h"
 
 /// @file
 /// What an RFC 8345 document says, network by network, before its layers are put together.
@@ -120,6 +120,6 @@ struct Document {
 
 /// Takes a parsed file apart. Throws ImportError for what is malformed; what is well formed and
 /// not understood is counted in the report.
-Document readDocument(const nlohmann::json& json, const std::string& file, ImportReport& report);
+Document readDocument(const nlohmann::json& json, const std::string& file, NetworkReport& report);
 
 }  // namespace zntopo::tools::rfc8345

@@ -22,7 +22,7 @@ bool startsWith(const std::string& text, const std::string& start) {
 
 }  // namespace
 
-Layers::Layers(const Document& document, NetworkModel& model, ImportReport& report)
+Layers::Layers(const Document& document, NetworkModel& model, NetworkReport& report)
     : document_(document), model_(model), report_(report) {
   for (const Network& network : document_.networks) {
     std::vector<Place>& places = places_.emplace_back(network.nodes.size());

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "tools/import/ImportReport.h"
-#include "tools/import/NetworkModel.h"
 #include "tools/import/Rfc8345Document.h"
+#include "tools/network/NetworkModel.h"
+#include "tools/network/NetworkReport.h"
 
 namespace zntopo::tools::rfc8345 {
 
@@ -37,7 +37,7 @@ class Layers {
 
   /// Builds the nodes and interfaces of the model, their attributes left out. The document must
   /// outlive this object.
-  Layers(const Document& document, NetworkModel& model, ImportReport& report);
+  Layers(const Document& document, NetworkModel& model, NetworkReport& report);
 
   /// Every node of the document, the lowest layers first.
   const std::vector<NodeAt>& order() const { return order_; }
@@ -91,7 +91,7 @@ class Layers {
 
   const Document& document_;
   NetworkModel& model_;
-  ImportReport& report_;
+  NetworkReport& report_;
   std::vector<bool> isPhysical_;
   std::vector<std::vector<Place>> places_;
   std::vector<NodeAt> order_;

@@ -14,7 +14,7 @@ namespace {
 /// Fills the devices and interfaces that the layers found with what the document says of them.
 class Builder {
  public:
-  Builder(const Document& document, NetworkModel& model, ImportReport& report)
+  Builder(const Document& document, NetworkModel& model, NetworkReport& report)
       : document_(document), model_(model), report_(report), layers_(document, model, report) {}
 
   void build() {
@@ -259,7 +259,7 @@ class Builder {
 
   const Document& document_;
   NetworkModel& model_;
-  ImportReport& report_;
+  NetworkReport& report_;
   Layers layers_;
   std::map<NodeAt, std::vector<Index>> segments_;
   std::map<std::string, EndPoint> madeEnds_;
@@ -268,7 +268,7 @@ class Builder {
 }  // namespace
 }  // namespace rfc8345
 
-NetworkModel readRfc8345(const std::string& file, ImportReport& report,
+NetworkModel readRfc8345(const std::string& file, NetworkReport& report,
                          const std::function<void(double)>& progress) {
   const rfc8345::Document document =
       rfc8345::readDocument(loadJson(file, {}, progress), file, report);

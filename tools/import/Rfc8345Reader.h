@@ -3,8 +3,8 @@
 #include <functional>
 #include <string>
 
-#include "tools/import/ImportReport.h"
-#include "tools/import/NetworkModel.h"
+#include "tools/network/NetworkModel.h"
+#include "tools/network/NetworkReport.h"
 
 namespace zntopo::tools {
 
@@ -12,7 +12,7 @@ namespace zntopo::tools {
 ///
 /// Throws ImportError for a malformed file, with the place in it. What is well formed and was
 /// not carried over is counted in the report. The progress function hears the part read.
-NetworkModel readRfc8345(const std::string& file, ImportReport& report,
+NetworkModel readRfc8345(const std::string& file, NetworkReport& report,
                          const std::function<void(double)>& progress = {});
 
 }  // namespace zntopo::tools

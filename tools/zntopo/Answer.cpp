@@ -7,8 +7,8 @@
 #include <exception>
 #include <iostream>
 
-#include "tools/import/ImportReport.h"
-#include "tools/import/StoreTable.h"
+#include "tools/network/NetworkReport.h"
+#include "tools/network/StoreTable.h"
 
 namespace zntopo::tools {
 

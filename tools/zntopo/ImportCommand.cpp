@@ -2,7 +2,7 @@
 #include <vector>
 
 #include "tools/import/Rfc8345Reader.h"
-#include "tools/import/StoreWriter.h"
+#include "tools/network/StoreWriter.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Progress.h"
 #include "tools/zntopo/Session.h"
@@ -17,7 +17,7 @@ struct ImportOptions {
   std::string zone;
 };
 
-NetworkModel readFile(const std::string& file, ImportReport& report) {
+NetworkModel readFile(const std::string& file, NetworkReport& report) {
   Progress progress("Reading " + printable(file));
   return readRfc8345(file, report, [&](double part) { progress.show(part); });
 }
@@ -39,15 +39,15 @@ Json contents(const std::vector<NetworkModel>& networks) {
           {"subnets", subnets}, {"vlans", vlans},           {"links", links}};
 }
 
-Json notes(const ImportReport& report) {
+Json notes(const NetworkReport& report) {
   Json result = Json::array();
-  for (const ImportReport::Note& note : report.notes()) {
+  for (const NetworkReport::Note& note : report.notes()) {
     result.push_back({{"what", note.what}, {"count", note.count}, {"first", note.firstWhere}});
   }
   return result;
 }
 
-std::string text(const Json& found, const WriteCounts& counts, const ImportReport& report) {
+std::string text(const Json& found, const WriteCounts& counts, const NetworkReport& report) {
   std::string result = "Found";
   for (const auto& [kind, number] : found.items()) {
     result +=
@@ -58,7 +58,7 @@ std::string text(const Json& found, const WriteCounts& counts, const ImportRepor
             " unchanged\n";
   if (report.notes().empty()) return result;
   TextTable table({"COUNT", "NOT CARRIED OVER AS IT STANDS", "FIRST AT"});
-  for (const ImportReport::Note& note : report.notes()) {
+  for (const NetworkReport::Note& note : report.notes()) {
     table.add({std::to_string(note.count), note.what, note.firstWhere});
   }
   return result + table.text();
@@ -67,7 +67,7 @@ std::string text(const Json& found, const WriteCounts& counts, const ImportRepor
 void import(const Context& context, const ImportOptions& options, Answer& answer) {
   chooseStore(context);
   TvDbil::DbConnection_t connection = openTopology();
-  ImportReport report;
+  NetworkReport report;
   std::vector<NetworkModel> networks;
   for (const std::string& file : options.files) networks.push_back(readFile(file, report));
   WriteCounts counts;

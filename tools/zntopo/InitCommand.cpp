@@ -1,6 +1,6 @@
 #include <unistd.h>
 
-#include "tools/import/StoreWriter.h"
+#include "tools/network/StoreWriter.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Session.h"
 #include "zntopo/store/SchemaScript.h"

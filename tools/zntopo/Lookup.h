@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/import/IpAddress.h"
+#include "tools/network/IpAddress.h"
 #include "tools/zntopo/Session.h"
 #include "zntopo/core/ObjID.h"
 #include "zntopo/model/ZNInterface.h"

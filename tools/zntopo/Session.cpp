@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <regex>
 
-#include "tools/import/StoreWriter.h"
+#include "tools/network/StoreWriter.h"
 #include "zntopo/api/ZNTopoAPIDefaultFactory.h"
 
 namespace zntopo::tools {

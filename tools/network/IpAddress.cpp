@@ -1,4 +1,4 @@
-#include "tools/import/IpAddress.h"
+#include "tools/network/IpAddress.h"
 
 #include <arpa/inet.h>
 

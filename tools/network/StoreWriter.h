@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "tools/import/ImportReport.h"
-#include "tools/import/NetworkModel.h"
+#include "tools/network/NetworkModel.h"
+#include "tools/network/NetworkReport.h"
 #include "zntopo/platform/tvdbil/TvDbil.h"
 
 namespace zntopo::tools {
@@ -29,7 +29,7 @@ struct WriteCounts {
 /// Throws StoreError. The progress function hears the part done.
 WriteCounts writeNetworks(TvDbil::DbConnection_t& connection,
                           const std::vector<NetworkModel>& networks, const std::string& zone,
-                          ImportReport& report, const std::function<void(double)>& progress = {});
+                          NetworkReport& report, const std::function<void(double)>& progress = {});
 
 /// True if the store has the tables of a topology.
 bool hasSchema(TvDbil::DbConnection_t& connection);

@@ -1,10 +1,10 @@
-#include "tools/import/StoreRows.h"
+#include "tools/network/StoreRows.h"
 
 #include <algorithm>
 #include <cctype>
 #include <set>
 
-#include "tools/import/NameUuid.h"
+#include "tools/network/NameUuid.h"
 #include "zntopo/model/EntityType.h"
 
 namespace zntopo::tools {
@@ -91,7 +91,7 @@ Cell optionalCell(const std::optional<int>& value) { return value ? Cell(*value)
 /// Turns one model into rows.
 class RowMaker {
  public:
-  RowMaker(const NetworkModel& model, const std::string& zone, RowSet& rows, ImportReport& report)
+  RowMaker(const NetworkModel& model, const std::string& zone, RowSet& rows, NetworkReport& report)
       : model_(model), zone_(zone), rows_(rows), report_(report) {}
 
   void make() {
@@ -284,7 +284,7 @@ class RowMaker {
   const NetworkModel& model_;
   const std::string& zone_;
   RowSet& rows_;
-  ImportReport& report_;
+  NetworkReport& report_;
   std::set<EndPoint> linked_;
 };
 
@@ -320,7 +320,7 @@ void RowSet::put(Table table, const std::map<std::string, Cell>& values) {
 }
 
 void addRows(const NetworkModel& model, const std::string& zone, RowSet& rows,
-             ImportReport& report) {
+             NetworkReport& report) {
   RowMaker(model, zone, rows, report).make();
 }
 

@@ -1,11 +1,11 @@
-#include "tools/import/StateRow.h"
+#include "tools/network/StateRow.h"
 
 #include <algorithm>
 #include <array>
 #include <limits>
 #include <string>
 
-#include "tools/import/StoreTable.h"
+#include "tools/network/StoreTable.h"
 #include "zntopo/store/detail/GoodCode.h"
 
 namespace zntopo::tools {

@@ -17,7 +17,7 @@ class ImportError : public std::runtime_error {
 
 /// What an import met and did not carry over as it stood: each kind of thing once, with the
 /// number of times and the first place.
-class ImportReport {
+class NetworkReport {
  public:
   struct Note {
     std::string what;

@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "tools/import/ImportReport.h"
-#include "tools/import/NetworkModel.h"
-#include "tools/import/StoreTable.h"
+#include "tools/network/NetworkModel.h"
+#include "tools/network/NetworkReport.h"
+#include "tools/network/StoreTable.h"
 
 namespace zntopo::tools {
 
@@ -49,7 +49,7 @@ class RowSet {
 /// Makes the rows of a network. A zone keeps networks apart that use the same keys, and stands
 /// in the column ZoneNumber. Descriptions that are too long are cut and counted.
 void addRows(const NetworkModel& model, const std::string& zone, RowSet& rows,
-             ImportReport& report);
+             NetworkReport& report);
 
 /// Where an interface sits, as its name tells it: "Gi1/0/23" is port 23 of card 1/0. "-" for
 /// what is not known or does not fit.

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "tools/import/IpAddress.h"
+#include "tools/network/IpAddress.h"
 
 /// @file
 /// A network as a reader of any format hands it to the StoreWriter: nodes with their interfaces

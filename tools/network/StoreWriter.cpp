@@ -1,4 +1,4 @@
-#include "tools/import/StoreWriter.h"
+#include "tools/network/StoreWriter.h"
 
 #include <algorithm>
 #include <ctime>
@@ -6,9 +6,9 @@
 #include <memory>
 #include <optional>
 
-#include "tools/import/StateRow.h"
-#include "tools/import/StoreRows.h"
-#include "tools/import/StoreTable.h"
+#include "tools/network/StateRow.h"
+#include "tools/network/StoreRows.h"
+#include "tools/network/StoreTable.h"
 
 namespace zntopo::tools {
 
@@ -89,7 +89,7 @@ void writeRows(TvDbil::DbConnection_t& connection, const RowSet& rows, int now, 
 
 WriteCounts writeNetworks(TvDbil::DbConnection_t& connection,
                           const std::vector<NetworkModel>& networks, const std::string& zone,
-                          ImportReport& report, const std::function<void(double)>& progress) {
+                          NetworkReport& report, const std::function<void(double)>& progress) {
   RowSet rows;
   for (const NetworkModel& network : networks) addRows(network, zone, rows, report);
   const int now = timeNow();

@@ -1,4 +1,4 @@
-#include "tools/import/NetworkModel.h"
+#include "tools/network/NetworkModel.h"
 
 #include <algorithm>
 

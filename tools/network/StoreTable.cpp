@@ -1,4 +1,4 @@
-#include "tools/import/StoreTable.h"
+#include "tools/network/StoreTable.h"
 
 #include "zntopo/store/detail/GoodCode.h"
 

@@ -1,4 +1,4 @@
-#include "tools/import/NameUuid.h"
+#include "tools/network/NameUuid.h"
 
 #include <uuid/uuid.h>
 

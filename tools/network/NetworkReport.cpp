@@ -1,8 +1,8 @@
-#include "tools/import/ImportReport.h"
+#include "tools/network/NetworkReport.h"
 
 namespace zntopo::tools {
 
-void ImportReport::add(const std::string& what, const std::string& where) {
+void NetworkReport::add(const std::string& what, const std::string& where) {
   static constexpr std::size_t kMaxKinds = 200;
   const bool isFull = index_.size() >= kMaxKinds && !index_.contains(what);
   const std::string kind = isFull ? "other things" : what;
