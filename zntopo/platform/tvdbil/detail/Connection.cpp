@@ -1,6 +1,7 @@
 #include "zntopo/platform/tvdbil/detail/Connection.h"
 
 #include "zntopo/platform/tvdbil/detail/Statement.h"
+#include "zntopo/platform/tvdbil/detail/StatementCounters.h"
 
 namespace TvDbil::detail {
 
@@ -16,6 +17,7 @@ DbilReturnCode Connection::startTransaction(MessageList_t& messages) {
   endTransaction();
   const DbilReturnCode code = start(messages);
   inTransaction_ = code == DBIL_SUCCESS;
+  if (inTransaction_) countTransaction();
   return code;
 }
 

@@ -1,6 +1,7 @@
 #include "zntopo/platform/tvdbil/detail/Statement.h"
 
 #include "zntopo/platform/tvdbil/detail/Connection.h"
+#include "zntopo/platform/tvdbil/detail/StatementCounters.h"
 
 namespace TvDbil::detail {
 
@@ -20,6 +21,7 @@ DbilReturnCode Statement::bindSql(MessageList_t& messages, const char* sql) {
   if (code == DBIL_SUCCESS) code = checkText(messages, sql, statement);
   if (code != DBIL_SUCCESS) return code;
   sql_ = statement;
+  countPrepared();
   code = prepare(messages, sql_);
   if (code != DBIL_SUCCESS) return failed(messages, code);
   parameters_ = parameterCount(parameters_);
@@ -73,6 +75,7 @@ DbilReturnCode Statement::exec(MessageList_t& messages) {
   if (code != DBIL_SUCCESS) return code;
   closeCursor();
   state_ = Prepared;
+  countExecuted();
   code = execute(messages);
   if (code != DBIL_SUCCESS) return failed(messages, code);
   code = checkColumns(messages);
