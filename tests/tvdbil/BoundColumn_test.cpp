@@ -52,6 +52,21 @@ TEST_F(BoundColumnTest, NumbersInTextsAreReadFromTheirBeginning) {
   }
 }
 
+TEST_F(BoundColumnTest, ANumberBeyondADoubleIsLargeOrSmallByItsValueNotByItsExponent) {
+  const std::string tiny = "0." + std::string(400, '0') + "1";
+  EXPECT_EQ(storeText(asInt_, tiny), DBIL_SUCCESS_WITH_INFO);
+  EXPECT_EQ(number_, 0);
+  EXPECT_EQ(storeText(asFloat_, "-" + tiny), DBIL_SUCCESS_WITH_INFO);
+  EXPECT_EQ(real_, 0.0f);
+  const std::string huge = std::string(400, '9') + "e-5";
+  EXPECT_EQ(storeText(asInt_, huge), DBIL_SUCCESS_WITH_INFO);
+  EXPECT_EQ(number_, INT_MAX);
+  EXPECT_EQ(storeText(asFloat_, "-" + huge), DBIL_SUCCESS_WITH_INFO);
+  EXPECT_EQ(real_, -FLT_MAX);
+  EXPECT_EQ(storeText(asInt_, "1e999 e-9"), DBIL_SUCCESS_WITH_INFO);
+  EXPECT_EQ(number_, INT_MAX);
+}
+
 TEST_F(BoundColumnTest, ARealBeyondAFloatIsTheNearestFloat) {
   EXPECT_EQ(storeReal(asFloat_, 1e300), DBIL_SUCCESS_WITH_INFO);
   EXPECT_EQ(real_, FLT_MAX);

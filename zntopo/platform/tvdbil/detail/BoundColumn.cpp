@@ -1,5 +1,8 @@
 #include "zntopo/platform/tvdbil/detail/BoundColumn.h"
 
+#include <locale.h>
+#include <stdlib.h>
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -28,6 +31,13 @@ DbilReturnCode setNumber(const BoundColumn& column, Wide value) {
   return withInfo(fitting == value);
 }
 
+/// The double nearest to a number that is beyond all of them, or below the smallest.
+double nearestReal(const std::string& digits) {
+  static const locale_t kNoLocale = newlocale(LC_ALL_MASK, "C", nullptr);
+  constexpr double kMost = std::numeric_limits<double>::max();
+  return std::clamp(strtod_l(digits.c_str(), nullptr, kNoLocale), -kMost, kMost);
+}
+
 DbilReturnCode storeNumberText(const BoundColumn& column, std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t\n\r+"), text.size()));
   const char* end = text.data() + text.size();
@@ -38,9 +48,7 @@ DbilReturnCode storeNumberText(const BoundColumn& column, std::string_view text)
   const auto parsed = std::from_chars(text.data(), end, real);
   if (parsed.ec == std::errc::result_out_of_range) {
     // Too small for a double is nothing; too large is as far as it goes.
-    const bool tiny = text.find("e-") != text.npos || text.find("E-") != text.npos;
-    real = tiny ? 0 : std::numeric_limits<double>::max();
-    if (!tiny && text.front() == '-') real = -real;
+    real = nearestReal(std::string(text.data(), parsed.ptr));
   }
   const DbilReturnCode code = storeReal(column, real);
   return parsed.ec == std::errc() && parsed.ptr == end ? code : DBIL_SUCCESS_WITH_INFO;

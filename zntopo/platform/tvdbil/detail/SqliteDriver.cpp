@@ -146,13 +146,19 @@ class SqliteStatement : public Statement {
         return storeInteger(column, sqlite3_column_int64(row, index));
       case SQLITE_FLOAT:
         return storeReal(column, sqlite3_column_double(row, index));
-      default: {
-        const void* data = sqlite3_column_blob(row, index);
-        const int length = sqlite3_column_bytes(row, index);
-        return storeText(column, std::string_view(static_cast<const char*>(data),
-                                                  static_cast<std::size_t>(length)));
-      }
+      case SQLITE_TEXT:
+        // A file may keep its texts in UTF-16; as a blob they would come as they are kept.
+        return storeBytes(index, column, sqlite3_column_text(row, index));
+      default:
+        return storeBytes(index, column, sqlite3_column_blob(row, index));
     }
+  }
+
+  // The length is that of the form which was asked for last.
+  DbilReturnCode storeBytes(int index, const BoundColumn& column, const void* data) {
+    const int length = sqlite3_column_bytes(prepared_.get(), index);
+    return storeText(
+        column, std::string_view(static_cast<const char*>(data), static_cast<std::size_t>(length)));
   }
 
   sqlite3* database_;
