@@ -1,0 +1,61 @@
+#pragma once
+
+#include <string>
+
+#include "fuzz/Fuzz.h"
+#include "tools/network/NetworkModel.h"
+#include "tools/network/NetworkReport.h"
+#include "tools/network/StoreRows.h"
+#include "zntopo/platform/tvdbil/detail/SqlText.h"
+
+/// @file
+/// What every reader promises of the network that it gives out.
+
+namespace zntopo::fuzz {
+
+inline void checkEnd(const tools::NetworkModel& model, const tools::EndPoint& end) {
+  ZNTOPO_REQUIRE(end.node < model.nodes.size());
+  ZNTOPO_REQUIRE(end.interface < model.nodes[end.node].interfaces.size());
+}
+
+/// Every index leads to something.
+inline void checkIndices(const tools::NetworkModel& model) {
+  for (const tools::LinkModel& link : model.links) {
+    checkEnd(model, link.left);
+    checkEnd(model, link.right);
+  }
+  for (const tools::NodeModel& node : model.nodes) {
+    for (const tools::InterfaceModel& interface : node.interfaces) {
+      for (const tools::Index vlan : interface.vlans) ZNTOPO_REQUIRE(vlan < model.vlans.size());
+      for (const tools::AddressModel& address : interface.addresses) {
+        ZNTOPO_REQUIRE(!address.subnet || *address.subnet < model.subnets.size());
+      }
+    }
+  }
+}
+
+/// A store accepts the cell: a key is there, and a text is UTF-8, in one piece and not too long.
+inline void checkCell(const tools::ColumnDef& column, const tools::Cell& cell) {
+  const bool isNull = std::holds_alternative<std::monostate>(cell);
+  ZNTOPO_REQUIRE(!isNull || column.role != tools::ColumnDef::Key);
+  const auto* text = std::get_if<std::string>(&cell);
+  ZNTOPO_REQUIRE(isNull || (text != nullptr) == (column.type == tools::ColumnDef::Text));
+  if (text == nullptr) return;
+  ZNTOPO_REQUIRE(text->size() <= static_cast<std::size_t>(column.width));
+  ZNTOPO_REQUIRE(TvDbil::detail::isUtf8(*text) && text->find('\0') == std::string::npos);
+}
+
+/// The network can be written into a store.
+inline void checkNetwork(const tools::NetworkModel& model) {
+  checkIndices(model);
+  tools::NetworkReport report;
+  tools::RowSet rows;
+  tools::addRows(model, "", rows, report);
+  for (const tools::RowSet::Row& row : rows.rows()) {
+    const tools::TableDef& table = tools::tableDef(row.table);
+    ZNTOPO_REQUIRE(row.cells.size() == table.columns.size());
+    for (std::size_t i = 0; i < row.cells.size(); ++i) checkCell(table.columns[i], row.cells[i]);
+  }
+}
+
+}  // namespace zntopo::fuzz
