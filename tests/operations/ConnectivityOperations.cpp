@@ -1,0 +1,138 @@
+#include "tests/operations/Costs.h"
+
+namespace zntopo::test {
+namespace {
+
+constexpr int kDepth = 50;
+
+std::string lastHop(const Size& size) { return nodeName(Part::Hop, size.hops); }
+
+Answer neighbors(const Desk& desk, const std::string& name, int hops) {
+  ZNTopoAPIStatus status;
+  const auto connections = desk.api.getNodeNeighbors(name, status, hops, 100000);
+  return sorted(status, textsOf(*connections));
+}
+
+/// A path keeps its order.
+template <typename Path>
+Answer inOrder(const ZNTopoAPIStatus& status, const Path& path) {
+  return {status.getStatus(), idsOf(path)};
+}
+
+// A path enters and leaves each node between its ends.
+constexpr auto kPathItems = [](const Size& size) { return 2 * (size.hops + 1); };
+// And it has the two interfaces that own the addresses.
+constexpr auto kAddressedPathItems = [](const Size& size) { return 2 * (size.hops + 1) + 2; };
+
+/// From the first leaf to the end of the chain: the hub, the ring around it, and the chain as far
+/// as the node before the last, whose link shows the end.
+constexpr Cost searchCost(const Size& size) {
+  return kNodes + leafNodes(size) * batches(size.leaves) + kNodes * (size.hops - 2);
+}
+/// The leaf and the end of the chain by their names.
+constexpr Cost endsCost(const Size& size) { return kStatement * 2 + leafNodes(size) + kNodes; }
+/// Without a cache the way back reads a node for each level of the search, the last one's end
+/// among them, and the writing of the path one for each link.
+constexpr Cost wayBackUncached(const Size& size) {
+  return kNodes * (size.hops + 1) + variables(size) + kNodes * (size.hops + 1);
+}
+/// The two interfaces of each link, but for the very first; one of them owns an address.
+constexpr Cost pathInterfacesUncached(const Size& size) {
+  return kStatement * (2 * size.hops + 1) + kAddresses;
+}
+/// The first one, where the path does not begin with it; it has variables.
+constexpr Cost firstInterfaceUncached(const Size& size) { return kStatement + variables(size); }
+/// The interface with the address is found through all interfaces of its node.
+constexpr Cost addressOwners(const Size& size) {
+  return (kStatement + kAddresses) * 2 + variables(size);
+}
+
+constexpr Operation kOperations[] = {
+    {"getNodeNeighbors of the hub, one hop",
+     [](const Desk& desk) { return neighbors(desk, nodeName(Part::Hub), 1); },
+     [](const Size& size) { return size.ring(); }, Growth::Batches,
+     [](const Size& size) {
+       return kState + kStatement + kNodes + leafNodes(size) * batches(size.ring());
+     },
+     kOneStatement,
+     [](const Size& size) { return kStatement + kNodes + leafNodes(size) * batches(size.ring()); },
+     /*isWhole=*/false},
+    {"getNodeNeighbors of the end of the chain, up to the hub",
+     [](const Desk& desk) { return neighbors(desk, lastHop(desk.size), desk.size.hops); },
+     [](const Size& size) { return size.hops; }, Growth::Hops,
+     [](const Size& size) { return kState + kStatement + kNodes * (size.hops + 1); }, kOneStatement,
+     [](const Size& size) { return kStatement + kNodes * (size.hops + 1); },
+     /*isWhole=*/false},
+    {"getL2Path",
+     [](const Desk& desk) {
+       ZNTopoAPIStatus status;
+       const auto path =
+           desk.api.getL2Path(leafAddress(1), kFarAddress, kDepth, status, ZNAddress::IPv4, false);
+       return inOrder(status, *path);
+     },
+     kAddressedPathItems, Growth::Hops,
+     // The ends' own interfaces come with the search for the addresses.
+     [](const Size& size) {
+       return kState + endsCost(size) + addressOwners(size) + searchCost(size) +
+              kStatement * (2 * size.hops) + kAddresses;
+     },
+     [](const Size&) { return kStatement * 2; },
+     [](const Size& size) {
+       return endsCost(size) + addressOwners(size) + kAddresses * 2 + searchCost(size) +
+              wayBackUncached(size) + firstInterfaceUncached(size) + pathInterfacesUncached(size);
+     },
+     /*isWhole=*/false},
+    {"getL2PathBetweenNodes",
+     [](const Desk& desk) {
+       ZNTopoAPIStatus status;
+       const auto path = desk.api.getL2PathBetweenNodes(nodeName(Part::Leaf), lastHop(desk.size),
+                                                        kDepth, status, ZNAddress::IPv4, false);
+       return inOrder(status, *path);
+     },
+     kPathItems, Growth::Hops,
+     [](const Size& size) {
+       return kState + endsCost(size) + kStatement * 2 + variables(size) + searchCost(size) +
+              kStatement * (2 * size.hops) + kAddresses;
+     },
+     [](const Size&) { return kStatement * 2; },
+     [](const Size& size) {
+       return endsCost(size) + kStatement * 2 + variables(size) + searchCost(size) +
+              wayBackUncached(size) + pathInterfacesUncached(size);
+     },
+     /*isWhole=*/false},
+    // Each pair of connected interfaces is tried with a search of its own.
+    {"getL2PathBetweenNodes without a path",
+     [](const Desk& desk) {
+       ZNTopoAPIStatus status;
+       const auto path = desk.api.getL2PathBetweenNodes(nodeName(Part::Hub), nodeName(Part::Isle),
+                                                        1, status, ZNAddress::IPv4, false);
+       return inOrder(status, *path);
+     },
+     kNone, Growth::Exceptional,
+     [](const Size& size) {
+       return kState + (kStatement + kNodes) * 2 +
+              (kStatement + kAddresses) * batches(size.ring()) + kStatement +
+              leafNodes(size) * batches(size.ring());
+     },
+     [](const Size&) { return kStatement * 2; },
+     [](const Size& size) {
+       return (kStatement + kNodes) * 2 + (kStatement + kAddresses) * batches(size.ring()) +
+              kStatement + leafNodes(size) * batches(size.ring()) * size.ring();
+     }},
+    {"convertPathInterfaceListToConnDataList",
+     [](const Desk& desk) {
+       ZNTopoAPIStatus status;
+       const std::list<ZNRefPtr<ZNInterface>> path = {
+           madeInterface(ObjID("a1"), ObjID("a")), madeInterface(ObjID("b1"), ObjID("b")),
+           madeInterface(ObjID("b2"), ObjID("b")), madeInterface(ObjID("c1"), ObjID("c"))};
+       const auto links = desk.api.convertPathInterfaceListToConnDataList(path, status);
+       return Answer{status.getStatus(), std::vector<std::string>(links->size(), "link")};
+     },
+     [](const Size&) { return 2; }, Growth::None, kNothing, kNothing, kNothing},
+};
+
+}  // namespace
+
+std::span<const Operation> connectivityOperations() { return kOperations; }
+
+}  // namespace zntopo::test

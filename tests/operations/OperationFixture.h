@@ -1,0 +1,34 @@
+#pragma once
+
+#include "tests/cache/CachePeer.h"
+#include "tests/operations/Operations.h"
+
+namespace zntopo::test {
+
+/// A network of a size in a store, and an empty cache whose clock stands still, so that the state
+/// row is read when the cache is cleared and at no other time.
+class OperationTest : public ApiTest {
+ protected:
+  static long stillClock() { return 1000000; }
+
+  void SetUp() override {
+    ApiTest::SetUp();
+    if (!store) return;
+    ZNTopoCachePeer(*ZNTopoAPI_Impl::cache()).setClock(stillClock);
+  }
+
+  void fill(const Size& size) { fillNetwork(*store, size); }
+
+  Desk deskOf(const Size& size) { return Desk{size, api, impl}; }
+
+  /// Nothing is kept from now on, and the state row is read.
+  void keepNothing() {
+    ZNTopoAPI::setCacheSize(0, 0, 0, 0, 0, 0, 0);
+    api.clearCache();
+    impl.validate(status);
+  }
+
+  ZNTopoAPI api;
+};
+
+}  // namespace zntopo::test

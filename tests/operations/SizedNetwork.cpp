@@ -1,0 +1,125 @@
+#include "tests/operations/SizedNetwork.h"
+
+namespace zntopo::test {
+namespace {
+
+/// Writes the rows of one network.
+class NetworkWriter {
+ public:
+  NetworkWriter(TestStore& store, const Size& size) : store_(store), size_(size) {}
+
+  void write() {
+    addNode(Part::Hub, 1, {{"QRMObjId", "1000"}});
+    for (int i = 1; i <= size_.leaves; ++i) addLeaf(i);
+    for (int i = 1; i <= size_.hops; ++i) {
+      addNode(Part::Hop, i);
+      i == 1 ? link(Part::Hop, i, nodeID(Part::Hub)) : link(Part::Hop, i, nodeID(Part::Hop, i - 1));
+    }
+    addAccess(Part::Hop, size_.hops, kFarAddress);
+    addNode(Part::Isle, 1);
+    addNode(Part::Isle, 2);
+    link(Part::Isle, 2, nodeID(Part::Isle, 1));
+    addNamedAddress();
+  }
+
+ private:
+  void addNode(Part part, int number, const Values& more = {}) {
+    store_.addNode(nodeID(part, number), nodeName(part, number), more);
+  }
+
+  void addInterface(const std::string& id, const std::string& node, Values more) {
+    more.insert({{"NodeName", node}});
+    store_.addInterface(id, node, id, more);
+  }
+
+  /// The link of a node with the one nearer to the hub.
+  void link(Part part, int number, const std::string& to, Values up = {}, Values down = {}) {
+    up.insert({{"isL2Connected", 1}});
+    down.insert({{"isL2Connected", 1}});
+    addInterface(upID(part, number), nodeID(part, number), up);
+    addInterface(downID(part, number), to, down);
+    store_.addLink(downID(part, number), upID(part, number), to, nodeID(part, number));
+  }
+
+  void addAddress(const std::string& id, const std::string& owner, const std::string& node,
+                  const std::string& text) {
+    store_.addAddress(id, owner, node, text, {{"RouteDistinguisher", 0}});
+  }
+
+  void addAccess(Part part, int number, const std::string& address) {
+    const std::string id = accessID(part, number);
+    addInterface(id, nodeID(part, number), {{"hasAddress", 1}});
+    addAddress(uuid(static_cast<int>(part) + number, 'e'), id, nodeID(part, number), address);
+  }
+
+  void addLeaf(int number) {
+    const std::string id = nodeID(Part::Leaf, number);
+    const Values variables = {{"hasDynamicProperty", size_.variables ? 1 : 0}};
+    addNode(Part::Leaf, number, variables);
+    link(Part::Leaf, number, nodeID(Part::Hub), variables,
+         {{"hasAddress", 1}, {"QRMObjId", std::to_string(2000 + number)}});
+    addAddress(hubAddressID(number), downID(Part::Leaf, number), nodeID(Part::Hub),
+               hubAddress(number));
+    addAccess(Part::Leaf, number, leafAddress(number));
+    addMemberships(id, upID(Part::Leaf, number));
+    if (!size_.variables) return;
+    addVariable(id);
+    addVariable(upID(Part::Leaf, number));
+  }
+
+  void addVariable(const std::string& owner) {
+    store_.insert("userdefvar",
+                  {{"ObjID", owner}, {"VarName", "site"}, {"VarValType", 3}, {"StrVal", "x"}});
+  }
+
+  void addMemberships(const std::string& node, const std::string& interface) {
+    store_.insert("containment", {{"ContainerObjID", uuid(1)},
+                                  {"ContainedObjID", interface},
+                                  {"ContainedNodeObjId", node},
+                                  {"ContainerType", 4},
+                                  {"ContainedType", 2}});
+    store_.insert("nwifcctm", {{"ContainerObjId", uuid(1)},
+                               {"InterfaceObjId", interface},
+                               {"NodeObjId", node},
+                               {"ContainmentType", 30},
+                               {"IFCType", 5},
+                               {"SequenceNumber", 1}});
+  }
+
+  void addNamedAddress() {
+    const std::string owner = uuid(2, 'f');
+    const std::string name = uuid(3, 'f');
+    addInterface(owner, nodeID(Part::Leaf, 2), {{"hasAddress", 1}});
+    store_.insert("address", {{"AddressId", v6AddressID()},
+                              {"AddressQRMId", "5001"},
+                              {"AddressType", 2},
+                              {"ObjId", owner},
+                              {"NodeObjId", nodeID(Part::Leaf, 2)},
+                              {"SubnetObjId", uuid(4, 'f')},
+                              {"isSubnet", 0},
+                              {"V6Address", kV6Address},
+                              {"V6ScopeType", 3},
+                              {"PrefixLength", 64}});
+    store_.insert("address", {{"AddressId", name},
+                              {"AddressType", 16},
+                              {"ObjId", owner},
+                              {"isSubnet", 0},
+                              {"DNSName", "www.example.net"}});
+    store_.insert(
+        "addressmapping",
+        {{"LeftAddressId", v6AddressID()}, {"RightAddressId", name}, {"AddressMappingType", 1}});
+  }
+
+  TestStore& store_;
+  const Size& size_;
+};
+
+}  // namespace
+
+void fillNetwork(TestStore& store, const Size& size) {
+  store.execute("begin");
+  NetworkWriter(store, size).write();
+  store.execute("commit");
+}
+
+}  // namespace zntopo::test
