@@ -56,13 +56,12 @@ constexpr Operation kOperations[] = {
      },
      kOneStatement,
      [](const Size& size) { return kStatement + kNodes + leafNodes(size) * batches(size.ring()); },
-     /*isWhole=*/false},
+     Whole::Part},
     {"getNodeNeighbors of the end of the chain, up to the hub",
      [](const Desk& desk) { return neighbors(desk, lastHop(desk.size), desk.size.hops); },
      [](const Size& size) { return size.hops; }, Growth::Hops,
      [](const Size& size) { return kState + kStatement + kNodes * (size.hops + 1); }, kOneStatement,
-     [](const Size& size) { return kStatement + kNodes * (size.hops + 1); },
-     /*isWhole=*/false},
+     [](const Size& size) { return kStatement + kNodes * (size.hops + 1); }, Whole::Part},
     {"getL2Path",
      [](const Desk& desk) {
        ZNTopoAPIStatus status;
@@ -81,7 +80,7 @@ constexpr Operation kOperations[] = {
        return endsCost(size) + addressOwners(size) + kAddresses * 2 + searchCost(size) +
               wayBackUncached(size) + firstInterfaceUncached(size) + pathInterfacesUncached(size);
      },
-     /*isWhole=*/false},
+     Whole::OrNoPath},
     {"getL2PathBetweenNodes",
      [](const Desk& desk) {
        ZNTopoAPIStatus status;
@@ -99,7 +98,7 @@ constexpr Operation kOperations[] = {
        return endsCost(size) + kStatement * 2 + variables(size) + searchCost(size) +
               wayBackUncached(size) + pathInterfacesUncached(size);
      },
-     /*isWhole=*/false},
+     Whole::OrNoPath},
     // Each pair of connected interfaces is tried with a search of its own.
     {"getL2PathBetweenNodes without a path",
      [](const Desk& desk) {

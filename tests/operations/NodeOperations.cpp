@@ -63,8 +63,7 @@ constexpr Operation kOperations[] = {
      },
      kLeaves, Growth::Batches,
      [](const Size& size) { return kState + leafNodes(size) * batches(size.leaves); }, kNothing,
-     [](const Size& size) { return leafNodes(size) * batches(size.leaves); },
-     /*isWhole=*/false},
+     [](const Size& size) { return leafNodes(size) * batches(size.leaves); }, Whole::Part},
     {"getNodesByObjIDList of all nodes",
      [](const Desk& desk) {
        ZNTopoAPIStatus status;

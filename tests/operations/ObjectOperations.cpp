@@ -49,7 +49,7 @@ constexpr Operation kOperations[] = {
      [](const Size& size) { return size.ring(); }, Growth::Batches,
      [](const Size& size) { return kState + kNodes + kInterfaces * batches(size.ring()); },
      kNothing, [](const Size& size) { return kNodes + kInterfaces * batches(size.ring()); },
-     /*isWhole=*/false},
+     Whole::Part},
     {"ZNNode::getInterfaceByAddressValue",
      [](const Desk& desk) {
        return one(kOK, leafOf(desk)->getInterfaceByAddressValue(leafAddress(1), ZNAddress::IPv4));
@@ -77,14 +77,13 @@ constexpr Operation kOperations[] = {
                      std::vector<std::string>(interfaceOf(desk)->getConnData().size(), "link")};
      },
      kOne, Growth::None, [](const Size&) { return kState + kInterfaces + kNodes; }, kNothing,
-     [](const Size&) { return kInterfaces + kNodes; },
-     /*isWhole=*/false},
+     [](const Size&) { return kInterfaces + kNodes; }, Whole::Part},
     {"ZNInterface::getConnectedL2Interfaces",
      [](const Desk& desk) { return many(kOK, *interfaceOf(desk)->getConnectedL2Interfaces()); },
      kOne, Growth::None,
      [](const Size& size) { return kState + kInterfaces + kNodes + kStatement + variables(size); },
      kNothing, [](const Size& size) { return kInterfaces + kNodes + kStatement + variables(size); },
-     /*isWhole=*/false},
+     Whole::Part},
     {"ZNEntity::getAddresses",
      [](const Desk& desk) { return manyAddresses(kOK, interfaceOf(desk)->getAddresses()); }, kOne,
      Growth::None, [](const Size&) { return kState + kInterfaces; }, kNothing,

@@ -58,6 +58,14 @@ enum class Growth {
   Exceptional  ///< More than that, which kExceptions accounts for.
 };
 
+/// Whether a cache that holds some of what is asked for, or a configuration that leaves links out,
+/// shows in the answer.
+enum class Whole {
+  Always,   ///< It does not.
+  Part,     ///< Items may be missing.
+  OrNoPath  ///< There may be none, with ZN_API_NO_PATH.
+};
+
 struct Operation {
   const char* name;
   Answer (*run)(const Desk&);
@@ -70,8 +78,7 @@ struct Operation {
   Formula warm;
   /// With a cache that keeps nothing.
   Formula uncached;
-  /// False if a cache that holds some of what is asked for makes the answer smaller.
-  bool isWhole = true;
+  Whole whole = Whole::Always;
 };
 
 /// All of them, by family.
