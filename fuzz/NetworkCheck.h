@@ -3,6 +3,7 @@
 #include <string>
 
 #include "fuzz/Fuzz.h"
+#include "tools/import/NetworkFormat.h"
 #include "tools/network/NetworkModel.h"
 #include "tools/network/NetworkReport.h"
 #include "tools/network/StoreRows.h"
@@ -55,6 +56,17 @@ inline void checkNetwork(const tools::NetworkModel& model) {
     const tools::TableDef& table = tools::tableDef(row.table);
     ZNTOPO_REQUIRE(row.cells.size() == table.columns.size());
     for (std::size_t i = 0; i < row.cells.size(); ++i) checkCell(table.columns[i], row.cells[i]);
+  }
+}
+
+/// Reads outside bytes as a network file: what it says can be written into a store, or it is told
+/// where the file is wrong.
+inline void checkReader(tools::ReadNetwork& read, const std::uint8_t* data, std::size_t size) {
+  try {
+    tools::NetworkReport report;
+    checkNetwork(read({"network", "network", textOf(data, size)}, report, {}));
+  } catch (const tools::ImportError& error) {
+    ZNTOPO_REQUIRE(*error.what() != '\0');
   }
 }
 

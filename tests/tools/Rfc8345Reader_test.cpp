@@ -70,7 +70,7 @@ struct Read {
 
   explicit Read(const std::string& content) {
     const TempFile file(content);
-    model = readRfc8345(file.path(), report);
+    model = readRfc8345(loadInputFile(file.path()), report);
   }
 
   int counted(const std::string& what) const {
@@ -100,7 +100,7 @@ std::string complaint(const std::string& content) {
   const TempFile file(content);
   NetworkReport report;
   try {
-    readRfc8345(file.path(), report);
+    readRfc8345(loadInputFile(file.path()), report);
     return "";
   } catch (const ImportError& error) {
     return std::string(error.what()).substr(file.path().size() + 2);

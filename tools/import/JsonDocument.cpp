@@ -1,37 +1,15 @@
 #include "tools/import/JsonDocument.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <limits>
+
+#include "tools/network/PlainText.h"
 
 namespace zntopo::tools {
 
 using nlohmann::json;
 
 namespace {
-
-std::string readFile(const std::string& file, std::size_t limit) {
-  struct stat info {};
-  if (stat(file.c_str(), &info) != 0) throw ImportError(file, std::strerror(errno));
-  if (S_ISDIR(info.st_mode)) throw ImportError(file, "is a folder");
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream) throw ImportError(file, std::strerror(errno));
-  std::string text;
-  std::vector<char> block(1 << 16);
-  while (stream.read(block.data(), static_cast<std::streamsize>(block.size())) ||
-         stream.gcount() > 0) {
-    text.append(block.data(), static_cast<std::size_t>(stream.gcount()));
-    if (text.size() > limit) {
-      throw ImportError(file, "is larger than " + std::to_string(limit) + " bytes");
-    }
-  }
-  if (stream.bad()) throw ImportError(file, "could not be read to its end");
-  return text;
-}
 
 /// Hears the parser's events: stops at what is too deep or stands twice, and knows the place.
 class Watch {
@@ -94,14 +72,11 @@ class Watch {
   std::vector<Level> levels_;
 };
 
-/// The parser's complaint without its own prefix ("[json.exception.parse_error.101] parse error")
-/// and without most of what it quotes.
+/// The parser's complaint without its own prefix ("[json.exception.parse_error.101] parse error").
 std::string complaint(const json::exception& error) {
-  constexpr std::size_t most = 200;
   const std::string text = error.what();
   const std::size_t bracket = text.find("] ");
-  const std::string bare = bracket == std::string::npos ? text : text.substr(bracket + 2);
-  return bare.size() > most ? bare.substr(0, most) + "..." : bare;
+  return shortComplaint(bracket == std::string::npos ? text : text.substr(bracket + 2));
 }
 
 /// Hands out a text's characters and tells now and then how far it is.
@@ -113,8 +88,7 @@ class Characters {
   using pointer = const char*;
   using reference = const char&;
 
-  Characters(const std::string& text, std::size_t position,
-             const std::function<void(double)>& progress)
+  Characters(const std::string& text, std::size_t position, const ProgressFunction& progress)
       : text_(&text), position_(position), progress_(&progress) {}
 
   reference operator*() const { return (*text_)[position_]; }
@@ -130,16 +104,17 @@ class Characters {
  private:
   const std::string* text_;
   std::size_t position_;
-  const std::function<void(double)>* progress_;
+  const ProgressFunction* progress_;
 };
 
 }  // namespace
 
-json loadJson(const std::string& file, const JsonLimits& limits,
-              const std::function<void(double)>& progress) {
-  const std::string text = readFile(file, limits.bytes);
-  if (text.find_first_not_of(" \t\r\n") == std::string::npos) throw ImportError(file, "is empty");
-  Watch watch(file, limits.depth);
+json loadJson(const InputFile& file, const JsonLimits& limits, const ProgressFunction& progress) {
+  const std::string& text = file.text;
+  if (text.find_first_not_of(" \t\r\n") == std::string::npos) {
+    throw ImportError(file.label, "is empty");
+  }
+  Watch watch(file.label, limits.depth);
   try {
     return json::parse(Characters(text, 0, progress), Characters(text, text.size(), progress),
                        std::ref(watch));
@@ -147,10 +122,6 @@ json loadJson(const std::string& file, const JsonLimits& limits,
     throw ImportError(watch.where(), complaint(error));
   }
 }
-
-namespace {
-bool isControl(unsigned char c) { return c < 0x20 || c == 0x7f; }
-}  // namespace
 
 std::string JsonPlace::text() const {
   if (!value_->is_string()) throw ImportError(where_, "is no text");
@@ -170,10 +141,7 @@ std::string JsonPlace::prose() const {
 
 std::string JsonPlace::name(std::size_t width) const {
   std::string result = text();
-  if (result.empty()) throw ImportError(where_, "is empty");
-  if (result.size() > width) {
-    throw ImportError(where_, "is longer than " + std::to_string(width) + " bytes");
-  }
+  checkName(where_, result, width);
   return result;
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "tools/import/InputFile.h"
 #include "tools/network/NetworkReport.h"
 
 /// @file
@@ -17,15 +17,13 @@ namespace zntopo::tools {
 
 /// The bounds within which a document is read.
 struct JsonLimits {
-  std::size_t bytes = 256u * 1024 * 1024;
   int depth = 64;
 };
 
-/// Reads and parses a file. Throws ImportError for a file that can't be read, is larger or deeper
-/// than the limits, is no JSON, or has a member twice in one object. The progress function hears
-/// what part of the file has been parsed.
-nlohmann::json loadJson(const std::string& file, const JsonLimits& limits = {},
-                        const std::function<void(double)>& progress = {});
+/// Parses a file. Throws ImportError for one that is empty, deeper than the limits, no JSON, or
+/// has a member twice in one object. The progress function hears what part has been parsed.
+nlohmann::json loadJson(const InputFile& file, const JsonLimits& limits = {},
+                        const ProgressFunction& progress = {});
 
 /// A value and the place where it stands.
 class JsonPlace {

@@ -8,8 +8,6 @@ namespace zntopo::tools::rfc8345 {
 
 namespace {
 
-/// The width of names and keys: that of the store's name columns, in bytes.
-constexpr std::size_t kNameWidth = 255;
 constexpr std::size_t kPhysicalAddressWidth = 256;
 
 /// Notes an element's index under its key; a key that is there already is an error.

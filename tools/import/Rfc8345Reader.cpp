@@ -174,6 +174,7 @@ class Builder {
       InterfaceModel interface;
       interface.key = key;
       interface.name = "to " + other.node;
+      interface.isNameMade = true;
       if (interface.name.size() > 255) throw ImportError(link.where, "has too long a node name");
       owner.interfaces.push_back(std::move(interface));
       known->second = {layers_.device(*at), owner.interfaces.size() - 1};
@@ -268,10 +269,10 @@ class Builder {
 }  // namespace
 }  // namespace rfc8345
 
-NetworkModel readRfc8345(const std::string& file, NetworkReport& report,
-                         const std::function<void(double)>& progress) {
+NetworkModel readRfc8345(const InputFile& file, NetworkReport& report,
+                         const ProgressFunction& progress) {
   const rfc8345::Document document =
-      rfc8345::readDocument(loadJson(file, {}, progress), file, report);
+      rfc8345::readDocument(loadJson(file, {}, progress), file.label, report);
   NetworkModel model;
   rfc8345::Builder(document, model, report).build();
   return model;

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <functional>
-#include <string>
-
+#include "tools/import/InputFile.h"
 #include "tools/network/NetworkModel.h"
 #include "tools/network/NetworkReport.h"
 
@@ -12,7 +10,7 @@ namespace zntopo::tools {
 ///
 /// Throws ImportError for a malformed file, with the place in it. What is well formed and was
 /// not carried over is counted in the report. The progress function hears the part read.
-NetworkModel readRfc8345(const std::string& file, NetworkReport& report,
-                         const std::function<void(double)>& progress = {});
+NetworkModel readRfc8345(const InputFile& file, NetworkReport& report,
+                         const ProgressFunction& progress = {});
 
 }  // namespace zntopo::tools

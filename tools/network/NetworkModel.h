@@ -35,6 +35,8 @@ struct AddressModel {
 struct InterfaceModel {
   std::string key;
   std::string name;
+  /// True if a reader made the name up: then it tells neither card nor port.
+  bool isNameMade = false;
   std::string description;
   std::string alias;
   std::string physicalAddress;

@@ -179,7 +179,7 @@ class RowMaker {
     Values values =
         putEntity(interfaceId, interface.name, E_Interface, ipLevel(families.hasV4, families.hasV6),
                   interface.description, !interface.addresses.empty());
-    const PortPlace place = portPlace(interface.name);
+    const PortPlace place = interface.isNameMade ? PortPlace() : portPlace(interface.name);
     values["NodeObjID"] = nodeId(end.node);
     values["PhysicalAddress"] = textCell(interface.physicalAddress);
     values["VendorCard"] = place.card;

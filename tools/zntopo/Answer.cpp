@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "tools/network/NetworkReport.h"
+#include "tools/network/PlainText.h"
 #include "tools/network/StoreTable.h"
 
 namespace zntopo::tools {
@@ -22,7 +23,8 @@ std::string withoutLineEnd(std::string text) {
 void printError(const ZNTopoAPIStatus& status) {
   std::cerr << "zntopo: " << status.getStatus() << " " << statusName(status.getStatus()) << ": "
             << withoutLineEnd(status.getStatusMsg()) << "\n";
-  if (!status.getAuxMsg().empty()) std::cerr << withoutLineEnd(status.getAuxMsg()) << "\n";
+  if (status.getAuxMsg().empty()) return;
+  std::cerr << printableLines(withoutLineEnd(status.getAuxMsg())) << "\n";
 }
 
 std::string dump(const Json& json) {

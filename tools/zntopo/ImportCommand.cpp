@@ -1,12 +1,18 @@
+#include <algorithm>
+#include <filesystem>
 #include <memory>
+#include <set>
 #include <vector>
 
-#include "tools/import/Rfc8345Reader.h"
+#include "tools/import/NetworkFormat.h"
+#include "tools/network/NetworkCounts.h"
+#include "tools/network/PlainText.h"
 #include "tools/network/StoreWriter.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Progress.h"
 #include "tools/zntopo/Session.h"
 #include "tools/zntopo/TextTable.h"
+#include "zntopo/platform/tvdbil/detail/SqlText.h"
 
 namespace zntopo::tools {
 
@@ -14,29 +20,35 @@ namespace {
 
 struct ImportOptions {
   std::vector<std::string> files;
+  /// Empty for what the file's content tells.
+  std::string format;
   std::string zone;
 };
 
-NetworkModel readFile(const std::string& file, NetworkReport& report) {
-  Progress progress("Reading " + printable(file));
-  return readRfc8345(file, report, [&](double part) { progress.show(part); });
+NetworkModel readNetwork(const std::string& path, const std::string& format,
+                         NetworkReport& report) {
+  Progress progress("Reading " + printable(path));
+  const InputFile file = loadInputFile(path);
+  return networkFormat(format, file).read(file, report, [&](double part) { progress.show(part); });
 }
 
-/// How many objects the files hold, summed up.
-Json contents(const std::vector<NetworkModel>& networks) {
-  std::size_t nodes = 0, interfaces = 0, addresses = 0, subnets = 0, vlans = 0, links = 0;
-  for (const NetworkModel& network : networks) {
-    nodes += network.nodes.size();
-    subnets += network.subnets.size();
-    vlans += network.vlans.size();
-    links += network.links.size();
-    for (const NodeModel& node : network.nodes) {
-      interfaces += node.interfaces.size();
-      for (const InterfaceModel& one : node.interfaces) addresses += one.addresses.size();
-    }
+/// Reads each file once, however often a call names it.
+std::vector<NetworkModel> readNetworks(const ImportOptions& options, NetworkReport& report) {
+  std::vector<NetworkModel> networks;
+  std::set<std::filesystem::path> known;
+  for (const std::string& path : options.files) {
+    std::error_code isMissing;
+    const auto place = std::filesystem::canonical(path, isMissing);
+    if (!isMissing && !known.insert(place).second) continue;
+    networks.push_back(readNetwork(path, options.format, report));
   }
-  return {{"nodes", nodes},     {"interfaces", interfaces}, {"addresses", addresses},
-          {"subnets", subnets}, {"vlans", vlans},           {"links", links}};
+  return networks;
+}
+
+Json countsJson(const NetworkCounts& counts) {
+  return {{"nodes", counts.nodes},         {"interfaces", counts.interfaces},
+          {"addresses", counts.addresses}, {"subnets", counts.subnets},
+          {"vlans", counts.vlans},         {"links", counts.links}};
 }
 
 Json notes(const NetworkReport& report) {
@@ -68,15 +80,14 @@ void import(const Context& context, const ImportOptions& options, Answer& answer
   chooseStore(context);
   TvDbil::DbConnection_t connection = openTopology();
   NetworkReport report;
-  std::vector<NetworkModel> networks;
-  for (const std::string& file : options.files) networks.push_back(readFile(file, report));
+  const std::vector<NetworkModel> networks = readNetworks(options, report);
   WriteCounts counts;
   {
     Progress progress("Writing");
     counts = writeNetworks(connection, networks, options.zone, report,
                            [&](double part) { progress.show(part); });
   }
-  const Json found = contents(networks);
+  const Json found = countsJson(countNetworks(networks));
   answer.json["found"] = found;
   answer.json["rows"] = {
       {"added", counts.added}, {"changed", counts.changed}, {"unchanged", counts.unchanged}};
@@ -85,7 +96,17 @@ void import(const Context& context, const ImportOptions& options, Answer& answer
 }
 
 std::string checkZone(const std::string& zone) {
-  return zone.size() > 64 ? "the zone is longer than 64 bytes" : "";
+  if (zone.size() > 64) return "the zone is longer than 64 bytes";
+  if (std::any_of(zone.begin(), zone.end(), isControl)) {
+    return "the zone has a control character in it";
+  }
+  return TvDbil::detail::isUtf8(zone) ? "" : "the zone is no UTF-8";
+}
+
+std::vector<std::string> formatNames() {
+  std::vector<std::string> names;
+  for (const NetworkFormat& format : networkFormats()) names.emplace_back(format.name);
+  return names;
 }
 
 }  // namespace
@@ -93,17 +114,23 @@ std::string checkZone(const std::string& zone) {
 void addImportCommand(CLI::App& app, Context& context) {
   CLI::App* const command = addCommand(
       app, context, "import",
-      "Read networks in RFC 8345 JSON (with the attributes of layers 2 and 3) into the store.\n"
-      "All files go in together, or none does. Nothing that is in the store is removed.",
+      "Read networks into the store: RFC 8345 JSON (with the attributes of layers 2 and 3) or\n"
+      "GraphML. All files go in together, or none does. Nothing that is in the store is removed.",
       "  zntopo import campus.json\n"
+      "  zntopo import backbone.graphml\n"
       "  zntopo import --store lab.db --zone lab-b l1.json l2.json\n"
-      "docs/import-rfc8345.md tells what becomes of a file.");
+      "docs/import-rfc8345.md and docs/import-graphml.md tell what becomes of a file.");
   const auto options = std::make_shared<ImportOptions>();
   command->add_option("FILE", options->files, "The files")->required();
   command
+      ->add_option("--format", options->format,
+                   "What the files are (otherwise the first character of each tells)")
+      ->type_name("FORMAT")
+      ->check(CLI::IsMember(formatNames()));
+  command
       ->add_option("--zone", options->zone,
                    "A name that keeps these networks apart from others with the same identifiers")
-      ->check(CLI::Validator(checkZone, "TEXT"));
+      ->check(CLI::Validator(checkZone, ""));
   command->callback([&context, options] {
     answer(context, {}, [&](Answer& result) { import(context, *options, result); });
   });

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "tools/zntopo/TextTable.h"
+#include "tools/network/PlainText.h"
 #include "zntopo/store/detail/GoodCode.h"
 
 namespace zntopo::tools {

@@ -1,5 +1,6 @@
 #include <memory>
 
+#include "tools/network/PlainText.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Lookup.h"
 #include "tools/zntopo/TextTable.h"

@@ -2,6 +2,7 @@
 #include <utility>
 #include <vector>
 
+#include "tools/network/PlainText.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Lookup.h"
 #include "tools/zntopo/TextTable.h"

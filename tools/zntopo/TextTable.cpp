@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "tools/network/PlainText.h"
+
 namespace zntopo::tools {
 
 namespace {
@@ -14,13 +16,6 @@ std::size_t width(const std::string& text) {
 }
 
 }  // namespace
-
-std::string printable(const std::string& text) {
-  std::string result = text;
-  const auto isControl = [](unsigned char c) { return c < 0x20 || c == 0x7f; };
-  std::replace_if(result.begin(), result.end(), isControl, '?');
-  return result;
-}
 
 std::string counted(std::size_t number, const std::string& what) {
   return std::to_string(number) + " " + what + (number == 1 ? "" : "s");

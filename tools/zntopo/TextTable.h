@@ -19,9 +19,6 @@ class TextTable {
   std::vector<std::vector<std::string>> rows_;
 };
 
-/// A text with what could disturb a terminal replaced by "?".
-std::string printable(const std::string& text);
-
 /// "1 node", "2 nodes".
 std::string counted(std::size_t number, const std::string& what);
 

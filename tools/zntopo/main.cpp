@@ -2,6 +2,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "tools/network/PlainText.h"
 #include "tools/zntopo/Commands.h"
 
 #ifndef ZNTOPO_VERSION
@@ -37,7 +38,9 @@ constexpr const char* kFooter =
 /// Prints help, version or what is wrong with the call.
 int finish(const CLI::App& app, const CLI::ParseError& error, AnswerStream& answers) {
   std::ostringstream out;
-  const int code = app.exit(error, out, std::cerr);
+  std::ostringstream complaint;
+  const int code = app.exit(error, out, complaint);
+  std::cerr << printableLines(complaint.str());
   if (!answers.write(out.str())) return ExitFailure;
   return code == 0 ? ExitAnswer : ExitWrongCall;
 }
