@@ -158,23 +158,23 @@ TEST(GraphmlReaderTest, DefaultsOfKeysFillWhatANodeDoesNotTell) {
 }
 
 TEST(GraphmlReaderTest, TheLabelOfADrawingIsALabel) {
-  const std::string keys =
-      R"(<key id="d6" for="node" yfiles.type="nodegraphics"/>)"
-      R"(<key id="d9" for="edge" yfiles.type="edgegraphics"/>)";
+  const std::string keys = R"(<key id="d6" for="node" yfiles.type="nodegraphics"/>)"
+                           R"(<key id="d9" for="edge" yfiles.type="edgegraphics"/>)";
   const auto drawn = [](const std::string& id, const std::string& labels) {
     return "<node id='" + id +
            "'><data key='d6'><y:ShapeNode xmlns:y='http://www.yworks.com/xml/graphml'>"
            "<y:Geometry height='30.0'/>" +
            labels + "<y:Shape type='rectangle'/></y:ShapeNode></data></node>";
   };
-  const Read read(document(
-      drawn("n0", "<y:NodeLabel/><y:NodeLabel>Mast <y:LabelModel>model</y:LabelModel>\n"
-                  "</y:NodeLabel><y:NodeLabel>second</y:NodeLabel>") +
-          drawn("n1", "") +
-          "<edge source='n0' target='n1'><data key='d9'>"
-          "<y:PolyLineEdge xmlns:y='http://www.yworks.com/xml/graphml'>"
-          "<y:EdgeLabel>fibre 7</y:EdgeLabel></y:PolyLineEdge></data></edge>",
-      keys));
+  const Read read(
+      document(drawn("n0",
+                     "<y:NodeLabel/><y:NodeLabel>Mast <y:LabelModel>model</y:LabelModel>\n"
+                     "</y:NodeLabel><y:NodeLabel>second</y:NodeLabel>") +
+                   drawn("n1", "") +
+                   "<edge source='n0' target='n1'><data key='d9'>"
+                   "<y:PolyLineEdge xmlns:y='http://www.yworks.com/xml/graphml'>"
+                   "<y:EdgeLabel>fibre 7</y:EdgeLabel></y:PolyLineEdge></data></edge>",
+               keys));
   EXPECT_THAT(read.nodeNames(), ElementsAre("Mast", "n1"));
   EXPECT_EQ(read.model.nodes[0].interfaces[0].description, "fibre 7");
   EXPECT_THAT(read.report.notes(), IsEmpty());
@@ -203,11 +203,12 @@ TEST(GraphmlReaderTest, AttributesThatNobodyReadsAreCountedByTheirNames) {
   const std::string keys =
       R"(<key id="d0" for="node" attr.name="Internal"/><key id="d1" for="edge" attr.name="speed"/>)"
       R"(<key id="g" for="graph" attr.name="Network"/>)";
-  const Read read(document("<data key='g'>x</data><node id='0'><data key='d0'>1</data></node>"
-                           "<node id='1'><data key='d0'>1</data></node><node id='2'>"
-                           "<data key='d0'/></node><edge source='0' target='1'>"
-                           "<data key='d1'>1000</data></edge>",
-                           keys));
+  const Read read(
+      document("<data key='g'>x</data><node id='0'><data key='d0'>1</data></node>"
+               "<node id='1'><data key='d0'>1</data></node><node id='2'>"
+               "<data key='d0'/></node><edge source='0' target='1'>"
+               "<data key='d1'>1000</data></edge>",
+               keys));
   EXPECT_EQ(read.counted("node attribute \"Internal\""), 2);
   EXPECT_EQ(read.counted("edge attribute \"speed\""), 1);
   EXPECT_EQ(read.report.notes().size(), 2u);
@@ -300,9 +301,9 @@ TEST(GraphmlReaderTest, AGraphSaysWhetherItsEdgesAreDirected) {
 // Ports.
 
 TEST(GraphmlReaderTest, APortIsAnInterfaceWithOrWithoutAnEdge) {
-  const Read read(document(node("0", "A", "<port name='p1'/><port name='p2'><port name='p3'/></port>") +
-                           node("1", "B", "<port name='q'/>") +
-                           edge("0", "1", "sourceport='p2' targetport='q'")));
+  const Read read(document(
+      node("0", "A", "<port name='p1'/><port name='p2'><port name='p3'/></port>") +
+      node("1", "B", "<port name='q'/>") + edge("0", "1", "sourceport='p2' targetport='q'")));
   EXPECT_THAT(read.interfaceNames(0), ElementsAre("p1", "p2", "p3"));
   EXPECT_THAT(read.links(), ElementsAre("A: p2 - B: q"));
 }

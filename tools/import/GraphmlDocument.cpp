@@ -205,9 +205,9 @@ class Parser : public XmlHandler {
     space_ = element.name.space;
     const bool isKnown = space_.empty() || space_.compare(0, kNamespace.size(), kNamespace) == 0;
     if (element.name.local == "graphml" && isKnown) return Part::Graphml;
-    throw ImportError(where(element),
-                      "is no GraphML: the root element is \"" + shortComplaint(element.name.local) +
-                          "\"" + (isKnown ? "" : " of another namespace"));
+    throw ImportError(where(element), "is no GraphML: the root element is \"" +
+                                          shortComplaint(element.name.local) + "\"" +
+                                          (isKnown ? "" : " of another namespace"));
   }
 
   static Part drawingPart(const XmlElement& element) {
@@ -219,7 +219,8 @@ class Parser : public XmlHandler {
   void startGraph(const XmlElement& element) {
     const std::string* const value = element.find("edgedefault");
     if (value && *value != "directed" && *value != "undirected") {
-      throw ImportError(where(element), "has an edgedefault that is neither directed nor undirected");
+      throw ImportError(where(element),
+                        "has an edgedefault that is neither directed nor undirected");
     }
     areDirected_.push_back(value && *value == "directed");
   }
@@ -228,9 +229,8 @@ class Parser : public XmlHandler {
   std::string nameOf(const XmlElement& element, const std::string& attribute) const {
     const std::string* const value = element.find(attribute);
     if (!value) {
-      throw ImportError(where(element),
-                        "has an element \"" + element.name.local + "\" without the attribute " +
-                            attribute);
+      throw ImportError(where(element), "has an element \"" + element.name.local +
+                                            "\" without the attribute " + attribute);
     }
     checkName(where(element) + ": " + element.name.local + " " + attribute, *value);
     return *value;
@@ -330,18 +330,18 @@ class Parser : public XmlHandler {
   void endNode() {
     const Item item = takeItem();
     Node& node = document_.nodes[item.index];
-    node.label = firstOf({told(Field::Label, item.fields),
-                          told(Field::Name, item.fields), item.drawnLabel});
-    node.description = firstOf({item.description, told(Field::Description, item.fields),
-                                placeText(item.fields)});
+    node.label =
+        firstOf({told(Field::Label, item.fields), told(Field::Name, item.fields), item.drawnLabel});
+    node.description =
+        firstOf({item.description, told(Field::Description, item.fields), placeText(item.fields)});
   }
 
   void endEdge() {
     const Item item = takeItem();
-    document_.edges[item.index].description = firstOf(
-        {told(Field::Label, item.fields), told(Field::LinkLabel, item.fields),
-         told(Field::Name, item.fields), item.drawnLabel, item.description,
-         told(Field::Description, item.fields)});
+    document_.edges[item.index].description =
+        firstOf({told(Field::Label, item.fields), told(Field::LinkLabel, item.fields),
+                 told(Field::Name, item.fields), item.drawnLabel, item.description,
+                 told(Field::Description, item.fields)});
   }
 
   const InputFile& file_;

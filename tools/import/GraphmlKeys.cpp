@@ -35,9 +35,9 @@ void Keys::add(const XmlElement& element, const InputFile& file) {
   if (!id || id->empty()) throw ImportError(element.place.in(file), "has a key without an id");
   const std::string* const kind = element.find("for");
   const std::string* const name = element.find("attr.name");
-  const bool isDrawing = std::any_of(
-      element.attributes.begin(), element.attributes.end(),
-      [](const XmlAttribute& one) { return one.name.local == "yfiles.type"; });
+  const bool isDrawing =
+      std::any_of(element.attributes.begin(), element.attributes.end(),
+                  [](const XmlAttribute& one) { return one.name.local == "yfiles.type"; });
   Key key{name ? *name : *id, std::nullopt, isDrawing && !name};
   key.field = fieldOf(key.name);
   lastKind_ = kind ? *kind : "all";

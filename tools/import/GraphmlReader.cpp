@@ -43,7 +43,8 @@ class Builder {
   std::size_t nodeOf(const std::string& id, const Edge& edge) const {
     const auto found = document_.nodeIndex.find(id);
     if (found != document_.nodeIndex.end()) return found->second;
-    throw ImportError(where(edge.place), "has an edge to the node \"" + id + "\", which is not there");
+    throw ImportError(where(edge.place),
+                      "has an edge to the node \"" + id + "\", which is not there");
   }
 
   void findEnds() {
@@ -118,8 +119,8 @@ class Builder {
     // Edges between the same two nodes are told apart by their order.
     const auto pair = std::minmax(edge.source, edge.target);
     const int number = ++edgeCounts_[pair];
-    const std::string edgeKey = key(
-        "edge", pair.first + "\n" + pair.second + "\n" + std::to_string(number) + "\n");
+    const std::string edgeKey =
+        key("edge", pair.first + "\n" + pair.second + "\n" + std::to_string(number) + "\n");
     const EndPoint left =
         interfaceFor(edge, edge.sourcePort, source, target, edgeKey + edge.source);
     const EndPoint right =
@@ -131,8 +132,8 @@ class Builder {
   bool isWayBack(const Edge& edge) {
     using Ends = std::array<std::string, 4>;
     report_.add("directed edge (links have no direction)", where(edge.place));
-    const auto way = openWays_.find(
-        Ends{edge.target, edge.targetPort, edge.source, edge.sourcePort});
+    const auto way =
+        openWays_.find(Ends{edge.target, edge.targetPort, edge.source, edge.sourcePort});
     if (way == openWays_.end() || way->second == 0) {
       ++openWays_[Ends{edge.source, edge.sourcePort, edge.target, edge.targetPort}];
       return false;

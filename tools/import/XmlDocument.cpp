@@ -130,8 +130,8 @@ class Listener : public xml::DefaultHandler {
                     const xml::Attributes& attributes) override {
     XmlElement element{{utf8_.of(space), utf8_.of(local)}, {}, place()};
     if (++depth_ > limits_.depth) {
-      throw ImportError(element.place.in(file_), "is nested deeper than " +
-                                                     std::to_string(limits_.depth) + " levels");
+      throw ImportError(element.place.in(file_),
+                        "is nested deeper than " + std::to_string(limits_.depth) + " levels");
     }
     element.attributes.reserve(attributes.getLength());
     for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
