@@ -39,7 +39,7 @@ TEST_P(NodeRequestsTest, ARequestForNeighboursLeavesItsArgumentsInTheTrail) {
 }
 
 TEST_P(NodeRequestsTest, AVendorThatCannotBeHadIsLogged) {
-  const auto isVendorLine = StartsWith(" Failed to get vendorName.:../ZNTopoAPI_NodeLoaders:");
+  const auto isVendorLine = StartsWith(" Failed to get vendorName.:../ZNTopoAPI_Attachments:");
   {
     const CapturedLog log(MC_MAJOR);
     impl.getVlanInfosByObjIDList_Int({ObjID(uuid(1))}, status, true, false);

@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "zntopo/api/detail/NodeRow.h"
-#include "zntopo/api/detail/QueryText.h"
+#include "zntopo/store/detail/QuotedList.h"
 
 namespace zntopo::detail {
 namespace {
@@ -150,87 +150,6 @@ TEST(NodeSqlTest, EachClassOfNamesHasItsStatement) {
 TEST(NodeSqlTest, ANameGoesInAsItStands) {
   EXPECT_EQ(nodeNameSelect(NodeNameClass::PartialDns, kActive, "o'hare", -1),
             "select objID from nwnode where entityname  like 'o'hare%'");
-}
-
-TEST(NodeSqlTest, UserVariablesAreThoseOfIdentifiersOrOfAKind) {
-  const std::string head =
-      "select a.VarName, a.VarValType, a.StrVal, a.IntVal, a.FloatVal, a.ObjID from userdefvar a ";
-  EXPECT_EQ(userVarSelect(kActive, E_Unknown, "ERROR", kIDs),
-            head + " where a.ObjId in  ( 'a','b')");
-  EXPECT_EQ(userVarSelect(kActive, E_Vlan, "nwvlan", kIDs),
-            head + " , nwentity b where a.objid = b.objid and b.entitytype = 4");
-  EXPECT_EQ(userVarSelect(kActive, E_Node, "nwnode", kIDs),
-            head + " , nwnode b where a.ObjID = b.ObjID ");
-  // VLANs are joined with the entity table of the active set, whichever set it is.
-  EXPECT_EQ(userVarSelect(kWorking, E_Vlan, "nwvlan_update", kIDs),
-            "select a.VarName, a.VarValType, a.StrVal, a.IntVal, a.FloatVal, a.ObjID from "
-            "userdefvar_update a  , nwentity b where a.objid = b.objid and b.entitytype = 4");
-}
-
-TEST(NodeSqlTest, ConnectionsAreThoseOfNodesOrAll) {
-  const std::string head =
-      "select leftobjid, rightobjid, leftifnodeobjid, rightifnodeobjid from NWInterfaceAsc";
-  EXPECT_EQ(connDataSelect(kActive, kIDs, false),
-            head +
-                " where ( leftifnodeobjid in  ( 'a','b') or rightifnodeobjid in  ( 'a','b') ) "
-                "and  reltype = 1  ");
-  EXPECT_EQ(connDataSelect(kActive, kIDs, true), head + " where reltype = 1 ");
-}
-
-TEST(NodeSqlTest, VlanDataAreThoseOfNodesOfVlansOrAll) {
-  const std::string columns =
-      " a.ContainerObjID, a.ContainedObjID,   b.NodeObjID, b.NodeName, b.VendorPort, "
-      "b.VendorCard from containment a, nwinterface b where  a.ContainedObjID = b.objid  ";
-  EXPECT_EQ(
-      vlanInfoSelect(kActive, kIDs, true, false, false),
-      "select " + columns + " AND a.ContainerType = 4 AND a.ContainedNodeObjId in  ( 'a','b')");
-  EXPECT_EQ(vlanInfoSelect(kActive, kIDs, false, false, false),
-            "select " + columns + " AND a.ContainerObjID in  ( 'a','b')");
-  EXPECT_EQ(vlanInfoSelect(kActive, {}, true, true, false),
-            "select " + columns + " AND a.ContainerType = 4 ");
-  EXPECT_EQ(vlanInfoSelect(kActive, {}, true, true, true),
-            "select --+ ORDERED \n " + columns + " AND a.ContainerType = 4 ");
-}
-
-TEST(NodeSqlTest, ContainerDataAreThoseOfNodesOfContainersOrAll) {
-  const std::string head =
-      "select  a.ContainerObjId, a.InterfaceObjId,   a.NodeObjId, a.ContainmentType, a.IFCType, "
-      "a.SequenceNumber from nwifcctm a, nwinterface b where  a.InterfaceObjID = b.objid ";
-  EXPECT_EQ(ifcInfoSelect(kActive, kIDs, true, false, 0), head + " AND a.NodeObjId in  ( 'a','b')");
-  EXPECT_EQ(ifcInfoSelect(kActive, kIDs, false, false, 3),
-            head + " AND a.IFCType = 3 AND a.ContainerObjID in  ( 'a','b')");
-  EXPECT_EQ(ifcInfoSelect(kActive, {}, true, true, 0), head);
-  EXPECT_EQ(ifcInfoSelect(kActive, {}, true, true, -2), head + " AND a.IFCType = -2");
-}
-
-constexpr const char* kDocumentHead =
-    "<filters xmlns=\"http://www.corvane.com/marlo/NetworkTopology/TopologyFilter\" "
-    "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
-    "xsi:schemaLocation=\"http://www.corvane.com/marlo/NetworkTopology/TopologyFilter "
-    "TopoFilter.xsd\"> <nodeAssertion name=\"op1\"><operator oper=\"NOOP\"><attribute>";
-constexpr const char* kDocumentTail = "</attribute></operator></nodeAssertion></filters>\n";
-
-TEST(NodeSqlTest, AFilterDocumentHoldsAPatternOfNamesOrOfAddresses) {
-  EXPECT_EQ(nodeFilterDocument("edge*", 4),
-            std::string(kDocumentHead) + "<name><string>edge*</string></name>" + kDocumentTail);
-  EXPECT_EQ(nodeFilterDocument("10.1.*.*", 0),
-            std::string(kDocumentHead) +
-                "<IPAddress> <IPv4><address>10.1.*.*</address><OADId>0</OADId></IPv4> "
-                "</IPAddress>" +
-                kDocumentTail);
-}
-
-TEST(NodeSqlTest, ANegativeRouteDistinguisherIsLeftOutOfAFilterDocument) {
-  for (const int rd : {-1, -2}) {
-    EXPECT_EQ(nodeFilterDocument("10.1.2.3", rd),
-              std::string(kDocumentHead) +
-                  "<IPAddress> <IPv4><address>10.1.2.3</address></IPv4> </IPAddress>" +
-                  kDocumentTail);
-  }
-}
-
-TEST(NodeSqlTest, APatternGoesIntoADocumentAsItStands) {
-  EXPECT_NE(nodeFilterDocument("<&>", -1).find("<address><&></address>"), std::string::npos);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "zntopo/api/detail/OperationScope.h"
+#include "zntopo/core/detail/OperationScope.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,7 @@
 // The engines accept each statement of this floor, on both table sets.
 
 #include "tests/api/ApiFixture.h"
+#include "zntopo/api/detail/AttachmentSql.h"
 #include "zntopo/api/detail/NodeSql.h"
 
 namespace zntopo::test {

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "zntopo/model/AtomicField.h"
-#include "zntopo/model/OwnedText.h"
-#include "zntopo/model/Published.h"
-#include "zntopo/model/PublishedHandle.h"
+#include "zntopo/core/AtomicField.h"
+#include "zntopo/core/OwnedText.h"
+#include "zntopo/core/Published.h"
+#include "zntopo/core/PublishedHandle.h"
 
 namespace zntopo {
 namespace {

@@ -4,9 +4,9 @@
 #include "zntopo/api/detail/AddressRow.h"
 #include "zntopo/api/detail/AddressSql.h"
 #include "zntopo/api/detail/Grouping.h"
-#include "zntopo/api/detail/OperationScope.h"
-#include "zntopo/api/detail/QueryText.h"
 #include "zntopo/core/MCLog.h"
+#include "zntopo/core/detail/Failure.h"
+#include "zntopo/core/detail/OperationScope.h"
 #include "zntopo/model/ZNRefPtrConversion.h"
 #include "zntopo/store/StoreAccess.h"
 

@@ -1,7 +1,7 @@
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 
-#include "zntopo/api/detail/OperationScope.h"
 #include "zntopo/core/MCLog.h"
+#include "zntopo/core/detail/OperationScope.h"
 #include "zntopo/store/StoreAccess.h"
 
 namespace zntopo {

@@ -119,7 +119,7 @@ class ZNTopoAPI_Impl : protected TableSet {
   /// Runs a statement with one column of identifiers; NULL values are left out.
   OwnedIDList getObjIDListFromSQL(const std::string& theSQL, ZNTopoAPIStatus& theStatus);
 
-  // What hangs on objects, by their identifiers: ZNTopoAPI_NodeLoaders.cpp.
+  // What hangs on objects, by their identifiers: ZNTopoAPI_Attachments.cpp.
   OwnedUserVarMap getUserDefVarsByObjIDList(const std::list<ObjID>& theObjIDList,
                                             ZNTopoAPIStatus& theStatus);
   /// With E_Unknown the variables of the identifiers, else those of all objects of the kind.

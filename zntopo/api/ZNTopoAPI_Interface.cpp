@@ -6,9 +6,10 @@
 #include "zntopo/api/detail/Grouping.h"
 #include "zntopo/api/detail/InterfaceSql.h"
 #include "zntopo/api/detail/NotDelivered.h"
-#include "zntopo/api/detail/OperationScope.h"
-#include "zntopo/api/detail/QueryText.h"
 #include "zntopo/core/MCLog.h"
+#include "zntopo/core/detail/Failure.h"
+#include "zntopo/core/detail/LogText.h"
+#include "zntopo/core/detail/OperationScope.h"
 #include "zntopo/store/StoreAccess.h"
 
 namespace zntopo {

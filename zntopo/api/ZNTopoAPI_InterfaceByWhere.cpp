@@ -3,9 +3,9 @@
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/api/detail/InterfaceRow.h"
 #include "zntopo/api/detail/InterfaceSql.h"
-#include "zntopo/api/detail/OperationScope.h"
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/ObjIDLookup.h"
+#include "zntopo/core/detail/OperationScope.h"
 
 namespace zntopo {
 

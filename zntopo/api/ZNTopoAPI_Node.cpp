@@ -1,10 +1,12 @@
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/api/detail/Batches.h"
+#include "zntopo/api/detail/FilterDocument.h"
 #include "zntopo/api/detail/NodeSql.h"
 #include "zntopo/api/detail/NotDelivered.h"
-#include "zntopo/api/detail/OperationScope.h"
-#include "zntopo/api/detail/QueryText.h"
 #include "zntopo/core/MCLog.h"
+#include "zntopo/core/detail/Failure.h"
+#include "zntopo/core/detail/LogText.h"
+#include "zntopo/core/detail/OperationScope.h"
 #include "zntopo/store/StoreAccess.h"
 
 namespace zntopo {

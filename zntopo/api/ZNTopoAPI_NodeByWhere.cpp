@@ -1,9 +1,9 @@
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/api/detail/NodeRow.h"
 #include "zntopo/api/detail/NodeSql.h"
-#include "zntopo/api/detail/OperationScope.h"
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/ObjIDLookup.h"
+#include "zntopo/core/detail/OperationScope.h"
 #include "zntopo/store/StoreAccess.h"
 
 namespace zntopo {

@@ -1,5 +1,5 @@
 #include "zntopo/api/ZNTopoAPI_Impl.h"
-#include "zntopo/api/detail/QueryText.h"
+#include "zntopo/core/detail/Failure.h"
 
 /// @file
 /// The operations that the library declares and does not carry out yet: each answers

@@ -1,8 +1,7 @@
 #include "zntopo/cache/ZNTopoCache.h"
 #include "zntopo/cache/detail/Shelves.h"
-#include "zntopo/core/LogFunction.h"
 #include "zntopo/core/MCLog.h"
-#include "zntopo/core/Trace.h"
+#include "zntopo/core/detail/OperationScope.h"
 #include "zntopo/store/StoreAccess.h"
 
 namespace zntopo {
@@ -11,8 +10,10 @@ const int ZNTopoCache::readinessCheckInterval = 30;  // seconds
 
 namespace {
 
-constexpr const char* kSourceName = "../ZNTopoCache";
-constexpr int kTraceCategory = 9;
+using detail::OperationScope;
+
+/// What the trace quotes, whichever file of the class the operation is in.
+constexpr const char* kSourceName = "ZNTopoCache.cpp";
 
 constexpr const char* kStateSql =
     "select TopologyReady, DISCOCYCLECOMPLETE, MeshState, HSRPState, ContainmentState, "
@@ -147,9 +148,7 @@ bool ZNTopoCache::isModelReady() const { return myModelStatus == ZNTopologyState
 long ZNTopoCache::getTimeStamp() const { return myTimeStamp; }
 
 ZNTopologyState ZNTopoCache::getTopologyState(ZNTopoAPIStatus& status) {
-  const LogFunction logFunction("ZNTopoCache::getTopologyState");
-  const TvXplTrc::BlockTrace_t trace(topoSvcProcObj, "ZNTopoCache::getTopologyState",
-                                     kTraceCategory, kSourceName, __LINE__);
+  const OperationScope scope({"ZNTopoCache::getTopologyState", kSourceName});
   status.reset();
   ZNTopologyState state;
   runQuery(kStateSql, kStateColumns, kStateTexts, status, [&](const Row& row) {
@@ -160,9 +159,7 @@ ZNTopologyState ZNTopoCache::getTopologyState(ZNTopoAPIStatus& status) {
 }
 
 void ZNTopoCache::getModelReadiness(long& timeStamp, int& status, ZNTopoAPIStatus& apiStatus) {
-  const LogFunction logFunction("ZNTopoCache::getModelReadiness");
-  const TvXplTrc::BlockTrace_t trace(topoSvcProcObj, "ZNTopoCache::getModelReadiness",
-                                     kTraceCategory, kSourceName, __LINE__);
+  const OperationScope scope({"ZNTopoCache::getModelReadiness", kSourceName});
   apiStatus.reset();
   timeStamp = 0;
   status = 0;

@@ -4,10 +4,11 @@
 #include <map>
 
 #include "zntopo/api/ZNTopoAPI_Impl.h"
-#include "zntopo/api/detail/OperationScope.h"
-#include "zntopo/connectivity/detail/ConnData.h"
+#include "zntopo/connectivity/detail/Walks.h"
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/ObjIDLookup.h"
+#include "zntopo/core/detail/LogText.h"
+#include "zntopo/core/detail/OperationScope.h"
 
 namespace zntopo {
 
@@ -27,7 +28,7 @@ struct Level {
   void reach(const ObjID& id, const ZNRefPtr<ZNConnData>& link) {
     const auto [entry, isNew] = ConnRelatedNodeIDs.try_emplace(id, link);
     if (!isNew && entry->first == id) entry->second = link;
-    detail::insertObjID(NodeIDSet, id);
+    insertObjID(NodeIDSet, id);
   }
 
   ZNRefPtr<ZNConnData> linkTo(const ObjID& id) const {
@@ -68,7 +69,7 @@ class RingSearch {
       for (const ZNRefPtr<ZNConnData>& data : theConnData) {
         if (!data.isNull() && follow(data, level)) return node;
       }
-      detail::insertObjID(theVisitedNodes_, node->getObjID());
+      insertObjID(theVisitedNodes_, node->getObjID());
     }
     return {};
   }

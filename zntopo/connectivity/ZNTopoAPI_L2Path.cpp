@@ -6,9 +6,10 @@
 #include <string>
 
 #include "zntopo/api/ZNTopoAPI_Impl.h"
-#include "zntopo/api/detail/OperationScope.h"
-#include "zntopo/connectivity/detail/ConnData.h"
+#include "zntopo/connectivity/detail/Walks.h"
 #include "zntopo/core/MCLog.h"
+#include "zntopo/core/detail/LogText.h"
+#include "zntopo/core/detail/OperationScope.h"
 
 namespace zntopo {
 

@@ -3,11 +3,12 @@
 #include <string>
 
 #include "zntopo/api/ZNTopoAPI_Impl.h"
-#include "zntopo/api/detail/OperationScope.h"
-#include "zntopo/api/detail/QueryText.h"
-#include "zntopo/connectivity/detail/ConnData.h"
+#include "zntopo/connectivity/detail/Walks.h"
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/ObjIDLookup.h"
+#include "zntopo/core/detail/Failure.h"
+#include "zntopo/core/detail/LogText.h"
+#include "zntopo/core/detail/OperationScope.h"
 
 namespace zntopo {
 
@@ -16,7 +17,6 @@ namespace {
 using NodeList = std::list<ZNRefPtr<ZNNode>>;
 using ConnectionList = std::list<ZNConnection>;
 using detail::farEnd;
-using detail::insertObjID;
 using detail::shown;
 
 /// What one walk keeps while it crosses its rings.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <utility>
 
 #include "zntopo/core/ObjID.h"
@@ -28,6 +29,11 @@ auto findObjID(Container& container, const ObjID& id) {
 template <typename Container>
 bool containsObjID(const Container& container, const ObjID& id) {
   return findObjID(container, id) != container.end();
+}
+
+/// Inserts an identifier into a working set, which never holds the null one.
+inline void insertObjID(std::set<ObjID>& set, const ObjID& id) {
+  if (!id.isNull()) set.insert(id);
 }
 
 }  // namespace zntopo

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "zntopo/model/AtomicField.h"
+#include "zntopo/core/AtomicField.h"
 #include "zntopo/model/IfStatus.h"
 #include "zntopo/model/ZNInterfaceCapabilitySet.h"
 #include "zntopo/platform/Export.h"

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "zntopo/model/AtomicField.h"
+#include "zntopo/core/AtomicField.h"
+#include "zntopo/core/PublishedHandle.h"
 #include "zntopo/model/InetAddressIPv4.h"
-#include "zntopo/model/PublishedHandle.h"
 #include "zntopo/model/SnmpState.h"
 #include "zntopo/model/ZNNodeCapabilitySet.h"
 #include "zntopo/platform/Export.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "zntopo/model/AtomicField.h"
+#include "zntopo/core/AtomicField.h"
 #include "zntopo/platform/Export.h"
 
 namespace zntopo {

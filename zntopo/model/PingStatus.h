@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zntopo/model/AtomicField.h"
+#include "zntopo/core/AtomicField.h"
 #include "zntopo/model/ObjectStatus.h"
 #include "zntopo/platform/Export.h"
 

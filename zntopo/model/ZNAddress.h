@@ -3,12 +3,12 @@
 #include <list>
 #include <string>
 
+#include "zntopo/core/AtomicField.h"
 #include "zntopo/core/ObjID.h"
+#include "zntopo/core/Published.h"
 #include "zntopo/core/ZNMutex.h"
 #include "zntopo/core/ZNTopoAPIStatus.h"
-#include "zntopo/model/AtomicField.h"
 #include "zntopo/model/PingState.h"
-#include "zntopo/model/Published.h"
 #include "zntopo/model/TopoDBType.h"
 #include "zntopo/platform/Export.h"
 

@@ -6,15 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "zntopo/core/AtomicField.h"
 #include "zntopo/core/ObjID.h"
+#include "zntopo/core/OwnedText.h"
 #include "zntopo/core/ZNMutex.h"
 #include "zntopo/core/ZNRefPtr.h"
 #include "zntopo/core/ZNTopoAPIStatus.h"
 #include "zntopo/model/AssEndPoint.h"
-#include "zntopo/model/AtomicField.h"
 #include "zntopo/model/EntityType.h"
 #include "zntopo/model/ObjectStatus.h"
-#include "zntopo/model/OwnedText.h"
 #include "zntopo/model/TopoDBType.h"
 #include "zntopo/model/UserDefVar.h"
 #include "zntopo/model/ZNAddress.h"

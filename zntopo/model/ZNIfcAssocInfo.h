@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "zntopo/core/AtomicField.h"
 #include "zntopo/core/ObjID.h"
 #include "zntopo/core/ZNMutex.h"
 #include "zntopo/core/ZNTopoAPIStatus.h"
-#include "zntopo/model/AtomicField.h"
 #include "zntopo/platform/Export.h"
 
 namespace zntopo {

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <iostream>
 
+#include "zntopo/core/detail/LogText.h"
 #include "zntopo/store/detail/GoodCode.h"
 
 namespace zntopo {
 
+using detail::filledIn;
 using detail::isGood;
 using TvDbil::DbilReturnCode_t;
 using TvXplMsg::MessageList_t;
@@ -16,17 +18,10 @@ namespace {
 /// The rendered list goes through a buffer of this size, its closing NUL included.
 constexpr std::size_t kErrorListBuffer = 3000;
 
-void replaceMark(std::string& text, const char* mark, const std::string& value) {
-  const std::size_t at = text.find(mark);
-  if (at != std::string::npos) text.replace(at, 2, value);
-}
-
 void logLine(const LogLine& line, const std::string& sql, DbilReturnCode_t code) {
   if (!line.text || !MCLog::isHeard(line.level)) return;
-  std::string text = line.text;
-  replaceMark(text, "%d", std::to_string(static_cast<int>(code)));
-  replaceMark(text, "%s", sql);
-  MCLog::log(line.level, "%s", text.c_str());
+  const std::string withCode = filledIn(line.text, "%d", std::to_string(static_cast<int>(code)));
+  MCLog::log(line.level, "%s", filledIn(withCode, "%s", sql).c_str());
 }
 
 void tellErrorList(ErrorList where, const MessageList_t& messages, ZNTopoAPIStatus& status) {

@@ -1,7 +1,7 @@
 #include "zntopo/api/detail/AddressSql.h"
 
-#include "zntopo/api/detail/QueryText.h"
 #include "zntopo/core/ltos.h"
+#include "zntopo/store/detail/QuotedList.h"
 
 namespace zntopo::detail {
 

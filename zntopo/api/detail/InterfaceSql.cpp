@@ -1,7 +1,8 @@
 #include "zntopo/api/detail/InterfaceSql.h"
 
-#include "zntopo/api/detail/QueryText.h"
+#include "zntopo/api/detail/TypeTexts.h"
 #include "zntopo/core/ltos.h"
+#include "zntopo/store/detail/QuotedList.h"
 
 namespace zntopo::detail {
 

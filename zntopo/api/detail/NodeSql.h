@@ -4,7 +4,6 @@
 #include <string>
 
 #include "zntopo/core/ObjID.h"
-#include "zntopo/model/EntityType.h"
 #include "zntopo/model/ZNEntity.h"
 #include "zntopo/store/TableSet.h"
 
@@ -31,23 +30,5 @@ std::string allNodesCondition(ZNEntity::IPLevel level, int rd);
 /// The nodes of a text of a class other than Uuid.
 std::string nodeNameSelect(NodeNameClass nameClass, const TableSet& tables, const std::string& name,
                            int rd);
-
-/// User variables: of the identifiers with E_Unknown, else of all objects of a kind.
-/// @param typeTable the table of the kind; VLANs live in the entity table of the active set.
-std::string userVarSelect(const TableSet& tables, EntityType type, const std::string& typeTable,
-                          const std::list<ObjID>& ids);
-/// Layer-2 connections of nodes, or all.
-std::string connDataSelect(const TableSet& tables, const std::list<ObjID>& ids, bool all);
-/// The nodes and interfaces in VLANs: of nodes (useNodeAsKey), of VLANs, or all.
-/// @param ordered asks the optimiser to join in the order written.
-std::string vlanInfoSelect(const TableSet& tables, const std::list<ObjID>& ids, bool useNodeAsKey,
-                           bool all, bool ordered);
-/// The nodes and interfaces in containers: of nodes (useNodeAsKey), of containers, or all; of
-/// all types with an ifcType of 0.
-std::string ifcInfoSelect(const TableSet& tables, const std::list<ObjID>& ids, bool useNodeAsKey,
-                          bool all, int ifcType);
-
-/// A filter document with one assertion, "op1", for a pattern of names or of IPv4 addresses.
-std::string nodeFilterDocument(const std::string& pattern, int rd);
 
 }  // namespace zntopo::detail

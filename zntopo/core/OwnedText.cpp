@@ -1,4 +1,4 @@
-#include "zntopo/model/OwnedText.h"
+#include "zntopo/core/OwnedText.h"
 
 #include <cstring>
 

@@ -2,6 +2,7 @@
 
 #include "tests/api/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
+#include "zntopo/api/detail/AttachmentSql.h"
 #include "zntopo/api/detail/NodeSql.h"
 #include "zntopo/core/ObjIDLookup.h"
 
@@ -25,7 +26,7 @@ std::list<ObjID> manyIDs(int count) {
 }
 
 /// The base of the suites here.
-class NodeLoadersTest : public ApiTest {
+class AttachmentTest : public ApiTest {
  protected:
   const ObjID node1{uuid(1)};
   const ObjID node2{uuid(2)};
@@ -33,7 +34,7 @@ class NodeLoadersTest : public ApiTest {
 
 // ---- user variables -----------------------------------------------------------------------------
 
-class UserVarTest : public NodeLoadersTest {
+class UserVarTest : public AttachmentTest {
  protected:
   void addVar(const std::string& owner, const std::string& name, int type, const Value& text,
               const Value& number, const Value& real = nullptr) {
@@ -163,10 +164,10 @@ TEST_P(UserVarTest, ARowWithInformationEndsTheReading) {
 // ---- layer-2 connections
 // ---------------------------------------------------------------------------
 
-class ConnDataTest : public NodeLoadersTest {
+class ConnDataTest : public AttachmentTest {
  protected:
   void SetUp() override {
-    NodeLoadersTest::SetUp();
+    AttachmentTest::SetUp();
     if (!store) return;
     store->addLink(uuid(11, 'c'), uuid(21, 'c'), uuid(1), uuid(2));
   }
@@ -265,7 +266,7 @@ TEST_P(ConnDataTest, ARowWithInformationEndsTheReading) {
 // ---- VLANs
 // -------------------------------------------------------------------------------------------
 
-class VlanInfoTest : public NodeLoadersTest {
+class VlanInfoTest : public AttachmentTest {
  protected:
   const ObjID vlan1{uuid(1, 'd')};
   const ObjID vlan2{uuid(2, 'd')};
@@ -372,7 +373,7 @@ TEST_P(VlanInfoTest, ManyIdentifiersGoInBatches) {
 // ---- containers
 // -------------------------------------------------------------------------------------
 
-class IfcInfoTest : public NodeLoadersTest {
+class IfcInfoTest : public AttachmentTest {
  protected:
   const ObjID ifc1{uuid(1, 'e')};
   const ObjID ifc2{uuid(2, 'e')};
@@ -451,10 +452,10 @@ TEST_P(IfcInfoTest, ManyIdentifiersGoInBatches) {
 // ---- on nodes
 // ----------------------------------------------------------------------------------------
 
-class AttachmentsTest : public NodeLoadersTest {
+class AttachmentsTest : public AttachmentTest {
  protected:
   void SetUp() override {
-    NodeLoadersTest::SetUp();
+    AttachmentTest::SetUp();
     if (!store) return;
     store->addNode(uuid(1), "edge", {{"hasDynamicProperty", 1}});
     store->addInterface(uuid(11, 'c'), uuid(1), "eth0");

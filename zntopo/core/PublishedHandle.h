@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "zntopo/core/Published.h"
 #include "zntopo/core/ZNRefPtr.h"
-#include "zntopo/model/Published.h"
 
 namespace zntopo {
 
