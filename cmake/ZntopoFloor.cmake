@@ -1,6 +1,9 @@
-# The floors of the house, ground floor first. A floor may include its own
-# headers and those of the floors before it.
-set(ZNTOPO_FLOORS tvxpl tv tvdbil core model store cache api connectivity)
+# The floors of the house, ground floor first: their folders and their names.
+file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/floors.txt ZNTOPO_FLOOR_FOLDERS REGEX "^[a-z]")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
+  ${CMAKE_CURRENT_LIST_DIR}/floors.txt)
+list(TRANSFORM ZNTOPO_FLOOR_FOLDERS REPLACE "^.*/" "" OUTPUT_VARIABLE ZNTOPO_FLOORS)
+list(GET ZNTOPO_FLOORS -1 ZNTOPO_TOP_FLOOR)
 
 # zntopo_floor(<name> SOURCES ... [LIBRARIES ...])
 #
@@ -18,9 +21,7 @@ endfunction()
 # Links the objects of every floor up to and with the top floor into a target.
 function(zntopo_link_floors target top)
   foreach(floor IN LISTS ZNTOPO_FLOORS)
-    if(TARGET zntopo_${floor})
-      target_link_libraries(${target} PRIVATE zntopo_${floor})
-    endif()
+    target_link_libraries(${target} PRIVATE zntopo_${floor})
     if(floor STREQUAL top)
       return()
     endif()

@@ -16,7 +16,7 @@
 #include "fuzz/Fuzz.h"
 #include "zntopo/platform/tvdbil/TvDbil.h"
 #include "zntopo/platform/tvdbil/detail/BoundColumn.h"
-#include "zntopo/platform/tvdbil/detail/SqlText.h"
+#include "zntopo/platform/tvxpl/Utf8.h"
 
 namespace {
 
@@ -118,8 +118,8 @@ void checkText(const Buffer& buffer, const std::string& value, DbilReturnCode co
 void checkRows(Store& store, const std::string& expression, int width, const std::string& value) {
   MessageList_t messages;
   DbStatement_t statement(messages, store.connection());
-  const std::string sql = "select " + expression + " union all select null union all select " +
-                          expression;
+  const std::string sql =
+      "select " + expression + " union all select null union all select " + expression;
   Buffer buffer(width);
   int indicator = 99;
   ZNTOPO_REQUIRE(statement.BindSql(messages, sql.c_str()) == TvDbil::DBIL_SUCCESS);
@@ -152,9 +152,10 @@ std::optional<std::string> fetchBound(Store& store, std::string value, int width
   return text;
 }
 
-/// Texts that are UTF-8 come back as they are, whatever the store keeps them in; others are refused.
+/// Texts that are UTF-8 come back as they are, whatever the store keeps them in; others are
+/// refused.
 void checkBound(const std::string& value, int width) {
-  const bool isUtf8 = TvDbil::detail::isUtf8(value.c_str());
+  const bool isUtf8 = TvXplStr::isUtf8(value.c_str());
   for (Store* store : {&utf8Store(), &utf16Store()}) {
     ZNTOPO_REQUIRE(fetchBound(*store, value, width).has_value() == isUtf8);
   }

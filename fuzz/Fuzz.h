@@ -12,12 +12,12 @@
 /// What the fuzz targets share.
 
 /// Ends the run where a promise is broken, so that the input is kept.
-#define ZNTOPO_REQUIRE(promise)                                                      \
-  do {                                                                               \
-    if (!(promise)) {                                                                \
-      std::fprintf(stderr, "%s:%d: broken: %s\n", __FILE__, __LINE__, #promise);     \
-      std::abort();                                                                  \
-    }                                                                                \
+#define ZNTOPO_REQUIRE(promise)                                                  \
+  do {                                                                           \
+    if (!(promise)) {                                                            \
+      std::fprintf(stderr, "%s:%d: broken: %s\n", __FILE__, __LINE__, #promise); \
+      std::abort();                                                              \
+    }                                                                            \
   } while (false)
 
 namespace zntopo::fuzz {

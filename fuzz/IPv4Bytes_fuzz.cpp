@@ -26,8 +26,8 @@ Octets octetsOf(const IPv4Bytes& bytes) {
 
 Octets systemOctets(const std::string& text, bool& isAddress) {
   Octets octets{};
-  isAddress = text.find('\0') == std::string::npos &&
-              inet_pton(AF_INET, text.c_str(), octets.data()) == 1;
+  isAddress =
+      text.find('\0') == std::string::npos && inet_pton(AF_INET, text.c_str(), octets.data()) == 1;
   return octets;
 }
 

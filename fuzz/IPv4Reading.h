@@ -18,8 +18,8 @@ inline unsigned char octetOf(const std::string& field) {
   std::size_t at = std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size());
   const bool isNegative = at < text.size() && text[at] == '-';
   if (at < text.size() && (text[at] == '-' || text[at] == '+')) ++at;
-  const auto limit = static_cast<unsigned __int128>(std::numeric_limits<long>::max()) +
-                     (isNegative ? 1 : 0);
+  const auto limit =
+      static_cast<unsigned __int128>(std::numeric_limits<long>::max()) + (isNegative ? 1 : 0);
   unsigned __int128 value = 0;
   for (; at < text.size() && text[at] >= '0' && text[at] <= '9' && value < limit; ++at) {
     value = 10 * value + static_cast<unsigned>(text[at] - '0');

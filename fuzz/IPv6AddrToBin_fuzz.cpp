@@ -22,7 +22,8 @@ unsigned valueOf(const std::string& group) {
   unsigned value = 0;
   for (const char c : padded.substr(0, 4)) {
     const bool isHex = std::isxdigit(static_cast<unsigned char>(c)) != 0;
-    value = 16 * value + (isHex ? static_cast<unsigned>(std::stoi(std::string(1, c), nullptr, 16)) : 0);
+    value =
+        16 * value + (isHex ? static_cast<unsigned>(std::stoi(std::string(1, c), nullptr, 16)) : 0);
   }
   return value;
 }
@@ -60,7 +61,9 @@ std::string bitsOf(const in6_addr& address) {
   return bits;
 }
 
-bool isPlain(const std::string& text) { return text.find_first_of(std::string(".\0", 2)) == std::string::npos; }
+bool isPlain(const std::string& text) {
+  return text.find_first_of(std::string(".\0", 2)) == std::string::npos;
+}
 
 void checkAgainstSystem(const std::string& text) {
   in6_addr address;

@@ -7,7 +7,7 @@
 #include "tools/network/NetworkModel.h"
 #include "tools/network/NetworkReport.h"
 #include "tools/network/StoreRows.h"
-#include "zntopo/platform/tvdbil/detail/SqlText.h"
+#include "zntopo/platform/tvxpl/Utf8.h"
 
 /// @file
 /// What every reader promises of the network that it gives out.
@@ -43,7 +43,7 @@ inline void checkCell(const tools::ColumnDef& column, const tools::Cell& cell) {
   ZNTOPO_REQUIRE(isNull || (text != nullptr) == (column.type == tools::ColumnDef::Text));
   if (text == nullptr) return;
   ZNTOPO_REQUIRE(text->size() <= static_cast<std::size_t>(column.width));
-  ZNTOPO_REQUIRE(TvDbil::detail::isUtf8(*text) && text->find('\0') == std::string::npos);
+  ZNTOPO_REQUIRE(TvXplStr::isUtf8(*text) && text->find('\0') == std::string::npos);
 }
 
 /// The network can be written into a store.

@@ -1,5 +1,5 @@
-// Lines of outside bytes as identifiers: each is of the kind that its text tells and keeps its text;
-// together they keep the laws of equality, order and hash.
+// Lines of outside bytes as identifiers: each is of the kind that its text tells and keeps its
+// text; together they keep the laws of equality, order and hash.
 #include <uuid/uuid.h>
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 // statement each; a text is UTF-8 exactly if each of its characters has its shortest form.
 #include "fuzz/Fuzz.h"
 #include "zntopo/platform/tvdbil/detail/SqlText.h"
+#include "zntopo/platform/tvxpl/Utf8.h"
 
 namespace {
 
@@ -61,6 +62,6 @@ bool isUtf8(std::string_view text) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);
   for (const SqlDialect& dialect : kDialects) checkStatements(text, dialect);
-  ZNTOPO_REQUIRE(TvDbil::detail::isUtf8(text) == isUtf8(text));
+  ZNTOPO_REQUIRE(TvXplStr::isUtf8(text) == isUtf8(text));
   return 0;
 }

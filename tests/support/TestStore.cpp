@@ -5,10 +5,10 @@
 #include <stdexcept>
 #include <vector>
 
+#include "zntopo/store/GoodCode.h"
 #include "zntopo/store/SchemaScript.h"
 #include "zntopo/store/TableSet.h"
 #include "zntopo/store/ZNDB.h"
-#include "zntopo/store/detail/GoodCode.h"
 
 namespace zntopo {
 
@@ -54,7 +54,7 @@ namespace {
 
 void check(TvDbil::DbilReturnCode_t code, const TvXplMsg::MessageList_t& messages,
            const std::string& what) {
-  if (detail::isGood(code)) return;
+  if (isGood(code)) return;
   throw std::runtime_error(what + ": " + messages.Format(TvXplMsg::fRecurse_k));
 }
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "tools/network/StoreTable.h"
-#include "zntopo/store/detail/GoodCode.h"
+#include "zntopo/store/GoodCode.h"
 
 namespace zntopo::tools {
 
@@ -40,7 +40,7 @@ struct State {
 };
 
 void check(TvDbil::DbilReturnCode_t code, const MessageList_t& messages) {
-  if (!detail::isGood(code)) throw StoreError("can't read or write the table state", messages);
+  if (!isGood(code)) throw StoreError("can't read or write the table state", messages);
 }
 
 std::string list(const std::string& behind, const std::string& between) {

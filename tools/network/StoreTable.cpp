@@ -1,12 +1,11 @@
 #include "tools/network/StoreTable.h"
 
-#include "zntopo/store/detail/GoodCode.h"
+#include "zntopo/store/GoodCode.h"
 
 namespace zntopo::tools {
 
 namespace {
 
-using detail::isGood;
 using TvXplMsg::MessageList_t;
 
 std::string join(const TableDef& table, const std::vector<std::size_t>& columns,

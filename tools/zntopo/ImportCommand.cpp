@@ -12,7 +12,7 @@
 #include "tools/zntopo/Progress.h"
 #include "tools/zntopo/Session.h"
 #include "tools/zntopo/TextTable.h"
-#include "zntopo/platform/tvdbil/detail/SqlText.h"
+#include "zntopo/platform/tvxpl/Utf8.h"
 
 namespace zntopo::tools {
 
@@ -100,7 +100,7 @@ std::string checkZone(const std::string& zone) {
   if (std::any_of(zone.begin(), zone.end(), isControl)) {
     return "the zone has a control character in it";
   }
-  return TvDbil::detail::isUtf8(zone) ? "" : "the zone is no UTF-8";
+  return TvXplStr::isUtf8(zone) ? "" : "the zone is no UTF-8";
 }
 
 std::vector<std::string> formatNames() {

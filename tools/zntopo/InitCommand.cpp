@@ -3,8 +3,8 @@
 #include "tools/network/StoreWriter.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Session.h"
+#include "zntopo/store/GoodCode.h"
 #include "zntopo/store/SchemaScript.h"
-#include "zntopo/store/detail/GoodCode.h"
 
 namespace zntopo::tools {
 
@@ -14,7 +14,7 @@ using TvXplMsg::MessageList_t;
 
 void require(TvDbil::DbilReturnCode_t code, const MessageList_t& messages,
              const std::string& what) {
-  if (!detail::isGood(code)) {
+  if (!isGood(code)) {
     throw Failure(ZN_API_DB_INIT_FAILURE, what + "\n" + messages.Format(TvXplMsg::fRecurse_k));
   }
 }

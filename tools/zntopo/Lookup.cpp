@@ -3,13 +3,12 @@
 #include <vector>
 
 #include "tools/network/PlainText.h"
-#include "zntopo/store/detail/GoodCode.h"
+#include "zntopo/store/GoodCode.h"
 
 namespace zntopo::tools {
 
 namespace {
 
-using detail::isGood;
 using TvXplMsg::MessageList_t;
 
 void require(bool isOk, const MessageList_t& messages) {

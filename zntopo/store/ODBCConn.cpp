@@ -1,11 +1,10 @@
 #include "zntopo/store/ODBCConn.h"
 
 #include "zntopo/core/MCLog.h"
-#include "zntopo/store/detail/GoodCode.h"
+#include "zntopo/store/GoodCode.h"
 
 namespace zntopo {
 
-using detail::isGood;
 using TvDbil::DbilReturnCode_t;
 using TvXplMsg::MessageList_t;
 

@@ -1,14 +1,13 @@
 #include "zntopo/store/SchemaScript.h"
 
 #include "zntopo/platform/tvdbil/detail/SqlText.h"
-#include "zntopo/store/detail/GoodCode.h"
+#include "zntopo/store/GoodCode.h"
 #include "zntopo/store/detail/SchemaTexts.h"
 
 namespace zntopo {
 
 namespace {
 
-using detail::isGood;
 using TvDbil::DbilReturnCode_t;
 using TvDbil::detail::kPlainDialect;
 using TvDbil::detail::splitStatements;

@@ -4,12 +4,11 @@
 #include <iostream>
 
 #include "zntopo/core/detail/LogText.h"
-#include "zntopo/store/detail/GoodCode.h"
+#include "zntopo/store/GoodCode.h"
 
 namespace zntopo {
 
 using detail::filledIn;
-using detail::isGood;
 using TvDbil::DbilReturnCode_t;
 using TvXplMsg::MessageList_t;
 

@@ -29,7 +29,4 @@ struct SqlStatement {
 /// or comment that never ends reaches to the end of the text.
 std::vector<SqlStatement> splitStatements(std::string_view text, const SqlDialect& dialect);
 
-/// True if a text is well-formed UTF-8.
-bool isUtf8(std::string_view text);
-
 }  // namespace TvDbil::detail

@@ -2,6 +2,7 @@
 
 #include "zntopo/platform/tvdbil/detail/Connection.h"
 #include "zntopo/platform/tvdbil/detail/StatementCounters.h"
+#include "zntopo/platform/tvxpl/Utf8.h"
 
 namespace TvDbil::detail {
 
@@ -32,7 +33,7 @@ DbilReturnCode Statement::bindSql(MessageList_t& messages, const char* sql) {
 DbilReturnCode Statement::checkText(MessageList_t& messages, const char* sql,
                                     std::string_view& statement) {
   sql_ = sql == nullptr ? "" : sql;
-  if (!isUtf8(sql_)) return refuse(messages, "The text of the statement is not UTF-8");
+  if (!TvXplStr::isUtf8(sql_)) return refuse(messages, "The text of the statement is not UTF-8");
   const auto statements = splitStatements(sql == nullptr ? "" : sql, connection_->dialect());
   if (statements.empty()) return refuse(messages, "There is no statement in the text");
   if (statements.size() > 1) return refuse(messages, "The text holds more than one statement");
@@ -93,7 +94,7 @@ DbilReturnCode Statement::checkParms(MessageList_t& messages) const {
     if (found == parms_.end()) {
       return refuse(messages, "Parameter " + std::to_string(position) + " is not bound");
     }
-    if (found->second.text != nullptr && !isUtf8(found->second.text)) {
+    if (found->second.text != nullptr && !TvXplStr::isUtf8(found->second.text)) {
       return refuse(messages, "Parameter " + std::to_string(position) + " is not UTF-8");
     }
   }
