@@ -1,25 +1,111 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
 
 #include "tools/zntopo/Answer.h"
 
+/// @file
+/// The subcommands of zntopo. Each is a record in a source file of its own.
+///
+/// To add one, say "hosts":
+///
+/// 1. HostsCommand.cpp has its options, its work and its record.
+///
+///        namespace {
+///        struct HostsOptions {
+///          std::string node;
+///          int level = 4;
+///        };
+///
+///        void addOptions(CLI::App& command, HostsOptions& options) {
+///          addNodeArgument(command, "NODE", options.node);
+///          command.add_option("--level", options.level, "...")->capture_default_str();
+///        }
+///
+///        void hosts(const Context& context, const HostsOptions& options, Answer& answer) {
+///          Session session(context);
+///          ...
+///        }
+///        }  // namespace
+///
+///        constinit const Command kHostsCommand = {
+///            .name = "hosts",
+///            .about = "List the hosts around a node.",
+///            .examples = "  zntopo hosts core-1\n",
+///            .empty = R"({"hosts": []})",
+///            .prepare = prepare<addOptions, hosts>,
+///        };
+///
+///    The work fills the answer, or throws: a Failure, or any error of the tools. What it lists or
+///    shows is a table of fields (fields/Field.h), which makes the JSON, the table and the view.
+///    A wrong value of an option is refused by the option (CLI::Validator), not by the work.
+/// 2. Here: declare the record, and put it into kCommands at its place in the help.
+/// 3. tools/CMakeLists.txt: the source file.
+/// 4. docs/tools.md: a line of the table, and a section with an example and a paragraph "JSON:".
+///    Tests take the names from `zntopo --help` and hold help, JSON and documentation together.
+
 namespace zntopo::tools {
 
-// Each adds one subcommand, with its options, help and work.
+/// What a subcommand does once its options are read.
+using Work = std::function<void(const Context&, Answer&)>;
 
-void addInitCommand(CLI::App& app, Context& context);
-void addImportCommand(CLI::App& app, Context& context);
-void addStateCommand(CLI::App& app, Context& context);
-void addNodesCommand(CLI::App& app, Context& context);
-void addNodeCommand(CLI::App& app, Context& context);
-void addInterfacesCommand(CLI::App& app, Context& context);
-void addNeighborsCommand(CLI::App& app, Context& context);
-void addPathCommand(CLI::App& app, Context& context);
+/// A subcommand.
+struct Command {
+  const char* name;
+  /// One sentence for the list of subcommands; more may follow after a line feed.
+  const char* about;
+  /// Lines for the end of the help, each beginning with "  zntopo NAME".
+  const char* examples;
+  /// A JSON object: the members that each answer has, with what a failure shows there.
+  const char* empty = "{}";
+  /// Adds the options and arguments, and gives the work: see prepare.
+  Work (*prepare)(CLI::App& command);
+};
 
-/// A subcommand with its options for the store and for JSON.
-CLI::App* addCommand(CLI::App& app, Context& context, const std::string& name,
-                     const std::string& description, const std::string& examples);
+/// The two forms of Command::prepare, made of
+///
+///     void addOptions(CLI::App& command, Options& options);
+///     void work(const Context& context, const Options& options, Answer& answer);
+///
+/// and, for a subcommand without options of its own, void work(const Context&, Answer&).
+template <auto addOptions, auto work>
+Work prepare(CLI::App& command) {
+  const auto add = []<typename Options>(CLI::App& app, void (*function)(CLI::App&, Options&)) {
+    auto options = std::make_shared<Options>();
+    function(app, *options);
+    return options;
+  };
+  return [options = add(command, addOptions)](const Context& context, Answer& answer) {
+    work(context, *options, answer);
+  };
+}
+
+template <void (*work)(const Context&, Answer&)>
+Work prepare(CLI::App&) {
+  return work;
+}
+
+extern const Command kInitCommand;
+extern const Command kImportCommand;
+extern const Command kStateCommand;
+extern const Command kNodesCommand;
+extern const Command kNodeCommand;
+extern const Command kInterfacesCommand;
+extern const Command kNeighborsCommand;
+extern const Command kPathCommand;
+
+/// In the order of the help.
+inline constexpr std::array kCommands = {
+    &kInitCommand, &kImportCommand,     &kStateCommand,     &kNodesCommand,
+    &kNodeCommand, &kInterfacesCommand, &kNeighborsCommand, &kPathCommand,
+};
+
+/// Adds all of kCommands, with their options for the store and for JSON.
+void addCommands(CLI::App& app, Context& context);
 
 /// Adds an argument that names a node.
 void addNodeArgument(CLI::App& command, const std::string& name, std::string& value);

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 #include <set>
 #include <vector>
 
@@ -109,31 +108,33 @@ std::vector<std::string> formatNames() {
   return names;
 }
 
-}  // namespace
-
-void addImportCommand(CLI::App& app, Context& context) {
-  CLI::App* const command = addCommand(
-      app, context, "import",
-      "Read networks into the store: RFC 8345 JSON (with the attributes of layers 2 and 3) or\n"
-      "GraphML. All files go in together, or none does. Nothing that is in the store is removed.",
-      "  zntopo import campus.json\n"
-      "  zntopo import backbone.graphml\n"
-      "  zntopo import --store lab.db --zone lab-b l1.json l2.json\n"
-      "docs/import-rfc8345.md and docs/import-graphml.md tell what becomes of a file.");
-  const auto options = std::make_shared<ImportOptions>();
-  command->add_option("FILE", options->files, "The files")->required();
+void addOptions(CLI::App& command, ImportOptions& options) {
+  command.add_option("FILE", options.files, "The files")->required();
   command
-      ->add_option("--format", options->format,
-                   "What the files are (otherwise the first character of each tells)")
+      .add_option("--format", options.format,
+                  "What the files are (otherwise the first character of each tells)")
       ->type_name("FORMAT")
       ->check(CLI::IsMember(formatNames()));
   command
-      ->add_option("--zone", options->zone,
-                   "A name that keeps these networks apart from others with the same identifiers")
+      .add_option("--zone", options.zone,
+                  "A name that keeps these networks apart from others with the same identifiers")
       ->check(CLI::Validator(checkZone, ""));
-  command->callback([&context, options] {
-    answer(context, {}, [&](Answer& result) { import(context, *options, result); });
-  });
 }
+
+}  // namespace
+
+constinit const Command kImportCommand = {
+    .name = "import",
+    .about =
+        "Read networks into the store: RFC 8345 JSON (with the attributes of layers 2 and 3) or\n"
+        "GraphML. All files go in together, or none does. Nothing that is in the store is removed.",
+    .examples =
+        "  zntopo import campus.json\n"
+        "  zntopo import backbone.graphml\n"
+        "  zntopo import --store lab.db --zone lab-b l1.json l2.json\n"
+        "docs/import-rfc8345.md and docs/import-graphml.md tell what becomes of a file.",
+    .empty = R"({"found": null, "rows": null, "notes": []})",
+    .prepare = prepare<addOptions, import>,
+};
 
 }  // namespace zntopo::tools

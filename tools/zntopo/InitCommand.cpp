@@ -50,13 +50,14 @@ void init(const Context& context, Answer& answer) {
 
 }  // namespace
 
-void addInitCommand(CLI::App& app, Context& context) {
-  CLI::App* const command =
-      addCommand(app, context, "init", "Create an empty store; never over an existing one.",
-                 "  zntopo init --store campus.db\n"
-                 "  zntopo init --store \"Driver=PostgreSQL Unicode;Servername=db;Database=topo\"");
-  command->callback(
-      [&context] { answer(context, {}, [&context](Answer& result) { init(context, result); }); });
-}
+constinit const Command kInitCommand = {
+    .name = "init",
+    .about = "Create an empty store; never over an existing one.",
+    .examples =
+        "  zntopo init --store campus.db\n"
+        "  zntopo init --store \"Driver=PostgreSQL Unicode;Servername=db;Database=topo\"",
+    .empty = R"({"store": null})",
+    .prepare = prepare<init>,
+};
 
 }  // namespace zntopo::tools

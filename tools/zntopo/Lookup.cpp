@@ -124,9 +124,4 @@ std::map<std::string, ZNRefPtr<ZNInterface>> interfacesById(Session& session,
   return result;
 }
 
-std::string interfaceLabel(const ZNInterface& interface) {
-  const std::string padded = interface.getInterfaceName();
-  return padded.substr(0, padded.find('\0'));
-}
-
 }  // namespace zntopo::tools

@@ -34,9 +34,6 @@ std::map<std::string, ZNRefPtr<ZNNode>> nodesById(Session& session, const std::s
 std::map<std::string, ZNRefPtr<ZNInterface>> interfacesById(Session& session,
                                                             const std::set<ObjID>& ids);
 
-/// The label of an interface: its alias, name or description, without the padding.
-std::string interfaceLabel(const ZNInterface& interface);
-
 /// The first column of a statement with one parameter. Throws a Failure.
 std::vector<std::string> selectTexts(TvDbil::DbConnection_t& connection, const std::string& sql,
                                      const std::string& parameter);

@@ -1,9 +1,8 @@
-#include <memory>
-
 #include "tools/network/PlainText.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Lookup.h"
-#include "tools/zntopo/TextTable.h"
+#include "tools/zntopo/fields/InterfaceFields.h"
+#include "tools/zntopo/fields/LinkFields.h"
 
 namespace zntopo::tools {
 
@@ -44,13 +43,13 @@ class Names {
     interfaces_ = interfacesById(session, interfaces);
   }
 
-  std::string node(const ObjID& id) const {
-    const auto found = nodes_.find(id.toString());
-    return found == nodes_.end() ? id.toString() : found->second->getName();
-  }
-  std::string interface(const ObjID& id) const {
-    const auto found = interfaces_.find(id.toString());
-    return found == interfaces_.end() ? id.toString() : interfaceLabel(*found->second);
+  LinkEnd end(const ObjID& node, const ObjID& interface) const {
+    const std::string nodeId = node.toString();
+    const std::string interfaceId = interface.toString();
+    const auto foundNode = nodes_.find(nodeId);
+    const auto found = interfaces_.find(interfaceId);
+    return {foundNode == nodes_.end() ? nodeId : foundNode->second->getName(), nodeId,
+            found == interfaces_.end() ? interfaceId : interfaceLabel(*found->second), interfaceId};
   }
 
  private:
@@ -66,51 +65,38 @@ void neighbors(const Context& context, const NeighborsOptions& options, Answer& 
   std::vector<Link> links;
   for (const ZNConnection& connection : *connections) links.emplace_back(connection);
   const Names names(session, links);
-  TextTable table({"NODE", "INTERFACE", "NODE", "INTERFACE"});
+  Listing<NamedLink> listing(linkFields());
   for (const Link& link : links) {
-    const std::string nearNode = names.node(link.nearNode);
-    const std::string nearInterface = names.interface(link.nearInterface);
-    const std::string farNode = names.node(link.farNode);
-    const std::string farInterface = names.interface(link.farInterface);
-    Json json;
-    json["source_node"] = nearNode;
-    json["source_node_id"] = link.nearNode.toString();
-    json["source_interface"] = nearInterface;
-    json["source_interface_id"] = link.nearInterface.toString();
-    json["dest_node"] = farNode;
-    json["dest_node_id"] = link.farNode.toString();
-    json["dest_interface"] = farInterface;
-    json["dest_interface_id"] = link.farInterface.toString();
-    answer.json["connections"].push_back(json);
-    table.add({nearNode, nearInterface, farNode, farInterface});
+    listing.add(
+        {names.end(link.nearNode, link.nearInterface), names.end(link.farNode, link.farInterface)});
   }
+  answer.json["connections"] = listing.json();
   if (answer.status.isOK() || !links.empty()) {
-    answer.text = table.text() + counted(table.size(), "link") + " within " +
+    answer.text = listing.text() + counted(listing.size(), "link") + " within " +
                   counted(static_cast<std::size_t>(std::max(options.hops, 0)), "hop") + " of " +
                   printable(start.node->getName()) + "\n";
   }
 }
 
+void addOptions(CLI::App& command, NeighborsOptions& options) {
+  addNodeArgument(command, "NODE", options.node);
+  command.add_option("--hops", options.hops, "How far to go")->capture_default_str();
+  command
+      .add_option("--max-nodes", options.maxNodes,
+                  "Stop at so many nodes; what was found until then is shown")
+      ->capture_default_str();
+}
+
 }  // namespace
 
-void addNeighborsCommand(CLI::App& app, Context& context) {
-  CLI::App* const command =
-      addCommand(app, context, "neighbors",
-                 "List the layer-2 links around a node, those among its outermost neighbours too.",
-                 "  zntopo neighbors core-1\n"
-                 "  zntopo neighbors core-1 --hops 2 --max-nodes 50 --json");
-  const auto options = std::make_shared<NeighborsOptions>();
-  addNodeArgument(*command, "NODE", options->node);
-  command->add_option("--hops", options->hops, "How far to go")->capture_default_str();
-  command
-      ->add_option("--max-nodes", options->maxNodes,
-                   "Stop at so many nodes; what was found until then is shown")
-      ->capture_default_str();
-  command->callback([&context, options] {
-    Answer empty;
-    empty.json["connections"] = Json::array();
-    answer(context, empty, [&](Answer& result) { neighbors(context, *options, result); });
-  });
-}
+constinit const Command kNeighborsCommand = {
+    .name = "neighbors",
+    .about = "List the layer-2 links around a node, those among its outermost neighbours too.",
+    .examples =
+        "  zntopo neighbors core-1\n"
+        "  zntopo neighbors core-1 --hops 2 --max-nodes 50 --json",
+    .empty = R"({"connections": []})",
+    .prepare = prepare<addOptions, neighbors>,
+};
 
 }  // namespace zntopo::tools

@@ -1,44 +1,46 @@
-#include <memory>
-
 #include "tools/zntopo/Commands.h"
-#include "tools/zntopo/NodeText.h"
 #include "tools/zntopo/Session.h"
-#include "tools/zntopo/TextTable.h"
+#include "tools/zntopo/fields/NodeFields.h"
 
 namespace zntopo::tools {
 
 namespace {
 
-void nodes(const Context& context, int ipLevel, Answer& answer) {
+struct NodesOptions {
+  int ipLevel = 0;
+};
+
+void addOptions(CLI::App& command, NodesOptions& options) {
+  command.add_option("--ip-level", options.ipLevel, "Only nodes of this level")
+      ->check(CLI::IsMember({4, 6}));
+}
+
+void nodes(const Context& context, const NodesOptions& options, Answer& answer) {
   Session session(context, Session::Load::NodesAlone);
+  ZNTopoAPIStatus status;
   std::set<ObjID> notFound;
-  auto list = session.api().getNodesByObjIDList({}, notFound, answer.status, false, false, true,
-                                                static_cast<ZNEntity::IPLevel>(ipLevel), -1);
+  auto list =
+      session.api().getNodesByObjIDList({}, notFound, status, false, false, true,
+                                        static_cast<ZNEntity::IPLevel>(options.ipLevel), -1);
+  check(status);
   list->sort([](const ZNRefPtr<ZNNode>& left, const ZNRefPtr<ZNNode>& right) {
     return left->getName() < right->getName();
   });
-  TextTable table({"NAME", "ADDRESS", "ROLE", "DESCRIPTION"});
-  for (const auto& node : *list) {
-    answer.json["nodes"].push_back(nodeJson(*node));
-    table.add({node->getName(), managementAddress(*node), nodeRole(*node), node->getDescription()});
-  }
-  if (answer.status.isOK()) answer.text = table.text() + counted(table.size(), "node") + "\n";
+  Listing<ZNNode> listing(nodeFields());
+  for (const auto& node : *list) listing.add(*node);
+  listing.fill(answer, "nodes", "node");
 }
 
 }  // namespace
 
-void addNodesCommand(CLI::App& app, Context& context) {
-  CLI::App* const command = addCommand(app, context, "nodes", "List all nodes, by name.",
-                                       "  zntopo nodes\n"
-                                       "  zntopo nodes --ip-level 6 --json");
-  const auto ipLevel = std::make_shared<int>(0);
-  command->add_option("--ip-level", *ipLevel, "Only nodes of this level")
-      ->check(CLI::IsMember({4, 6}));
-  command->callback([&context, ipLevel] {
-    Answer empty;
-    empty.json["nodes"] = Json::array();
-    answer(context, empty, [&](Answer& result) { nodes(context, *ipLevel, result); });
-  });
-}
+constinit const Command kNodesCommand = {
+    .name = "nodes",
+    .about = "List all nodes, by name.",
+    .examples =
+        "  zntopo nodes\n"
+        "  zntopo nodes --ip-level 6 --json",
+    .empty = R"({"nodes": []})",
+    .prepare = prepare<addOptions, nodes>,
+};
 
 }  // namespace zntopo::tools

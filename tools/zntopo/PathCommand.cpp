@@ -1,4 +1,3 @@
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -6,6 +5,8 @@
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Lookup.h"
 #include "tools/zntopo/TextTable.h"
+#include "tools/zntopo/fields/InterfaceFields.h"
+#include "tools/zntopo/fields/LinkFields.h"
 
 namespace zntopo::tools {
 
@@ -47,18 +48,11 @@ InterfaceList findPath(Session& session, const PathOptions& options, const Named
   return pathBetweenNodes(session, options, from, to, status);
 }
 
-struct Step {
-  std::string node;
-  std::string nodeId;
-  std::string interface;
-  std::string interfaceId;
-};
-
-std::vector<Step> stepsOf(Session& session, const std::list<ZNRefPtr<ZNInterface>>& path) {
+std::vector<LinkEnd> stepsOf(Session& session, const std::list<ZNRefPtr<ZNInterface>>& path) {
   std::set<ObjID> ids;
   for (const auto& interface : path) ids.insert(interface->getParentObjID());
   const auto nodes = nodesById(session, ids);
-  std::vector<Step> steps;
+  std::vector<LinkEnd> steps;
   for (const auto& interface : path) {
     const std::string id = interface->getParentObjID().toString();
     const auto node = nodes.find(id);
@@ -69,7 +63,7 @@ std::vector<Step> stepsOf(Session& session, const std::list<ZNRefPtr<ZNInterface
 }
 
 /// A line for each node, with the interfaces by which the path comes and goes.
-std::string pathText(const std::vector<Step>& steps) {
+std::string pathText(const std::vector<LinkEnd>& steps) {
   TextTable table({"NODE", "IN", "OUT"});
   for (std::size_t i = 0; i < steps.size();) {
     std::size_t last = i;
@@ -92,40 +86,36 @@ void path(const Context& context, const PathOptions& options, Answer& answer) {
     answer.note = "A path through routers is looked for with --cross-routers only.";
   }
   check(answer.status);
-  const std::vector<Step> steps = stepsOf(session, *found);
+  const std::vector<LinkEnd> steps = stepsOf(session, *found);
   std::size_t hops = 0;
   for (std::size_t i = 0; i < steps.size(); ++i) {
     if (i > 0 && steps[i].nodeId != steps[i - 1].nodeId) ++hops;
-    answer.json["interfaces"].push_back({{"node", steps[i].node},
-                                         {"node_id", steps[i].nodeId},
-                                         {"interface", steps[i].interface},
-                                         {"interface_id", steps[i].interfaceId}});
+    answer.json["interfaces"].push_back(fieldsJson(linkEndFields(), steps[i]));
   }
   answer.json["hops"] = hops;
   answer.text = pathText(steps) + counted(hops, "hop") + "\n";
 }
 
+void addOptions(CLI::App& command, PathOptions& options) {
+  addNodeArgument(command, "A", options.from);
+  addNodeArgument(command, "B", options.to);
+  command.add_option("--max-hops", options.maxHops, "The most links to cross")
+      ->capture_default_str();
+  command.add_flag("--cross-routers", options.crossRouters,
+                   "Go through routers too (the ends may always be routers)");
+}
+
 }  // namespace
 
-void addPathCommand(CLI::App& app, Context& context) {
-  CLI::App* const command =
-      addCommand(app, context, "path", "Show the layer-2 path between two nodes or addresses.",
-                 "  zntopo path 10.20.3.44 10.20.8.17\n"
-                 "  zntopo path core-1 \"harbor master pc\" --max-hops 8\n"
-                 "  zntopo path access-1 srv-nms --cross-routers --json");
-  const auto options = std::make_shared<PathOptions>();
-  addNodeArgument(*command, "A", options->from);
-  addNodeArgument(*command, "B", options->to);
-  command->add_option("--max-hops", options->maxHops, "The most links to cross")
-      ->capture_default_str();
-  command->add_flag("--cross-routers", options->crossRouters,
-                    "Go through routers too (the ends may always be routers)");
-  command->callback([&context, options] {
-    Answer empty;
-    empty.json["hops"] = 0;
-    empty.json["interfaces"] = Json::array();
-    answer(context, empty, [&](Answer& result) { path(context, *options, result); });
-  });
-}
+constinit const Command kPathCommand = {
+    .name = "path",
+    .about = "Show the layer-2 path between two nodes or addresses.",
+    .examples =
+        "  zntopo path 10.20.3.44 10.20.8.17\n"
+        "  zntopo path core-1 \"harbor master pc\" --max-hops 8\n"
+        "  zntopo path access-1 srv-nms --cross-routers --json",
+    .empty = R"({"hops": 0, "interfaces": [], "note": null})",
+    .prepare = prepare<addOptions, path>,
+};
 
 }  // namespace zntopo::tools

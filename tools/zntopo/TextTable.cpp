@@ -39,4 +39,23 @@ std::string TextTable::text() const {
   return result;
 }
 
+std::string columnsText(const std::vector<TextColumn>& columns) {
+  std::vector<const TextColumn*> shown;
+  std::vector<std::string> heads;
+  for (const TextColumn& column : columns) {
+    const auto isNothing = [](const std::string& cell) { return cell == "-"; };
+    if (column.isRare && std::all_of(column.cells.begin(), column.cells.end(), isNothing)) continue;
+    shown.push_back(&column);
+    heads.push_back(column.head);
+  }
+  TextTable table(heads);
+  const std::size_t size = shown.empty() ? 0 : shown.front()->cells.size();
+  for (std::size_t i = 0; i < size; ++i) {
+    std::vector<std::string> row;
+    for (const TextColumn* column : shown) row.push_back(column->cells[i]);
+    table.add(std::move(row));
+  }
+  return table.text();
+}
+
 }  // namespace zntopo::tools

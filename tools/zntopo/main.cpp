@@ -11,20 +11,6 @@
 
 namespace zntopo::tools {
 
-CLI::App* addCommand(CLI::App& app, Context& context, const std::string& name,
-                     const std::string& description, const std::string& examples) {
-  CLI::App* const command = app.add_subcommand(name, description);
-  command->footer("Examples:\n" + examples);
-  addStoreOption(*command, context);
-  addJsonOption(*command, context);
-  return command;
-}
-
-void addNodeArgument(CLI::App& command, const std::string& name, std::string& value) {
-  command.add_option(name, value, "A name, the beginning of one, an address or an identifier")
-      ->required();
-}
-
 namespace {
 
 constexpr const char* kFooter =
@@ -53,14 +39,7 @@ int run(int argc, char** argv) {
   app.require_subcommand(1);
   app.set_version_flag("--version", std::string("zntopo ") + ZNTOPO_VERSION);
   app.footer(kFooter);
-  addInitCommand(app, context);
-  addImportCommand(app, context);
-  addStateCommand(app, context);
-  addNodesCommand(app, context);
-  addNodeCommand(app, context);
-  addInterfacesCommand(app, context);
-  addNeighborsCommand(app, context);
-  addPathCommand(app, context);
+  addCommands(app, context);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -1,0 +1,51 @@
+#include "tools/zntopo/fields/NodeFields.h"
+
+namespace zntopo::tools {
+
+namespace {
+
+Json role(const ZNNode& node) {
+  Json roles = Json::array();
+  if (node.isRouter()) roles.push_back("router");
+  if (node.isSwitch()) roles.push_back("switch");
+  return roles;
+}
+
+constexpr Field<ZNNode> kNodeFields[] = {
+    {.key = "name", .head = "NAME", .value = member<&ZNNode::getName>},
+    {.key = "id", .value = member<&ZNNode::getObjID>},
+    {.key = "description", .value = member<&ZNNode::getDescription>},
+    {.key = "ip_level", .value = member<&ZNNode::getIPLevel>},
+    {.key = "management_address",
+     .head = "ADDRESS",
+     .value = [](const ZNNode& node) { return nullIfEmpty(node.getIPv4ManagementAddress()); }},
+    {.key = "router", .value = member<&ZNNode::isRouter>},
+    {.key = "switch", .value = member<&ZNNode::isSwitch>},
+    {.key = "zone", .head = "ZONE", .value = member<&ZNNode::getZoneNumber>, .isRare = true},
+    {.head = "ROLE", .value = role},
+    {.head = "DESCRIPTION", .value = member<&ZNNode::getDescription>},
+};
+
+template <auto pointer>
+Json ofNode(const NodeDetails& details) {
+  return member<pointer>(details.node);
+}
+
+constexpr Field<NodeDetails> kDetailFields[] = {
+    {.key = "capabilities", .value = ofNode<&ZNNode::getCapabilities>},
+    {.key = "sys_oid", .value = ofNode<&ZNNode::getEntityOid>},
+    {.key = "contact", .value = ofNode<&ZNNode::getSysContact>},
+    {.key = "location", .value = ofNode<&ZNNode::getSysLocation>},
+    {.key = "interfaces", .value = member<&NodeDetails::interfaces>},
+    {.key = "links",
+     .value = [](const NodeDetails& all) -> Json { return all.node.getConnDataList().size(); }},
+    {.key = "vlans", .value = member<&NodeDetails::vlans>},
+};
+
+}  // namespace
+
+std::span<const Field<ZNNode>> nodeFields() { return kNodeFields; }
+
+std::span<const Field<NodeDetails>> nodeDetailFields() { return kDetailFields; }
+
+}  // namespace zntopo::tools
