@@ -75,6 +75,19 @@ CliResult zntopoRun(const std::vector<std::string>& arguments,
   return result;
 }
 
+std::vector<std::string> subcommands() {
+  std::istringstream help(zntopoRun({"--help"}).out);
+  std::vector<std::string> names;
+  std::string line;
+  while (std::getline(help, line) && line != "Subcommands:") {
+  }
+  // Further lines of a description stand further in.
+  while (std::getline(help, line) && !line.empty()) {
+    if (line.size() > 2 && line[2] != ' ') names.push_back(line.substr(2, line.find(' ', 2) - 2));
+  }
+  return names;
+}
+
 std::string samplePath() {
   return std::string(ZNTOPO_SOURCE_DIR) + "/data/networks/harbor-campus.rfc8345.json";
 }

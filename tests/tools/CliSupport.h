@@ -28,6 +28,9 @@ struct CliResult {
 CliResult zntopoRun(const std::vector<std::string>& arguments,
                     const std::vector<std::string>& environment = {});
 
+/// The names of the subcommands, as the help lists them.
+std::vector<std::string> subcommands();
+
 /// The sample network of this project.
 std::string samplePath();
 
