@@ -42,15 +42,32 @@ TEST(CutTextTest, CutsBetweenCharacters) {
             "a");
 }
 
+RowOf<NwEntity> entityRow(const std::string& name, int hasAddress) {
+  RowOf<NwEntity> row;
+  row["ObjId"] = "x";
+  row["EntityName"] = name;
+  row["hasAddress"] = hasAddress;
+  return row;
+}
+
 TEST(RowSetTest, ARowThatComesAgainReplacesTheOneBeforeButForStickyFlags) {
   RowSet rows;
-  rows.put(NwEntity, {{"ObjId", "x"}, {"EntityName", "one"}, {"hasAddress", 1}});
-  rows.put(NwEntity, {{"ObjId", "x"}, {"EntityName", "two"}, {"hasAddress", 0}});
-  rows.put(NwVlan, {{"ObjId", "x"}});
+  rows.put(entityRow("one", 1));
+  rows.put(entityRow("two", 0));
+  RowOf<NwVlan> vlan;
+  vlan["ObjId"] = "x";
+  rows.put(vlan);
   ASSERT_EQ(rows.rows().size(), 2u);
-  const auto& cells = rows.rows()[0].cells;
-  EXPECT_EQ(cells[1], Cell("two"));
-  EXPECT_EQ(cells[9], Cell(1));
+  EXPECT_EQ(rows.rows()[0].cells, entityRow("two", 1).cells);
+}
+
+TEST(RowSetTest, WhatIsToldOnceStaysTold) {
+  RowSet rows;
+  RowOf<NwEntity> told = entityRow("one", 0);
+  told["Status"] = 6;
+  rows.put(told);
+  rows.put(entityRow("one", 0));
+  EXPECT_EQ(rows.rows().front().cells, told.cells);
 }
 
 TEST(StoreRowsTest, TooLongADescriptionIsCutAndCounted) {
@@ -64,7 +81,8 @@ TEST(StoreRowsTest, TooLongADescriptionIsCutAndCounted) {
   NetworkReport report;
   addRows(model, "", rows, report);
   ASSERT_EQ(report.notes().size(), 1u);
-  EXPECT_EQ(rows.rows()[0].cells[3], Cell(std::string(1999, 'x')));
+  EXPECT_EQ(rows.rows()[0].cells[ColumnOf<NwEntity>("Description").index],
+            Cell(std::string(1999, 'x')));
 }
 
 TEST(StoreRowsTest, AZoneMakesOtherIdentifiers) {

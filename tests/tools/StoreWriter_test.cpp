@@ -8,7 +8,7 @@
 
 #include "tests/support/TestStore.h"
 #include "tests/tools/StoreDump.h"
-#include "tools/network/StoreTable.h"
+#include "tools/network/StoreError.h"
 
 namespace zntopo::tools {
 namespace {

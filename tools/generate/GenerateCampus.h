@@ -29,7 +29,8 @@ struct CampusCounts {
 /// A store that holds topology is refused unless "isMerging": then rows are compared with those
 /// that are there, and nothing is removed, as an import does it.
 ///
-/// Throws PlanError or StoreError. The progress function hears the part done, from 0 to 1.
+/// Throws PlanError, StoreNotEmpty or StoreError. The progress function hears the part done, from 0
+/// to 1.
 CampusCounts generateCampus(TvDbil::DbConnection_t& connection, const CampusPlan& plan,
                             const std::function<void(double)>& progress = {},
                             bool isMerging = false);

@@ -20,6 +20,22 @@ std::optional<IpAddress> IpAddress::parse(std::string_view text) {
   return std::nullopt;
 }
 
+IpAddress IpAddress::v4(std::uint32_t bits) {
+  IpAddress address;
+  for (int i = 0; i < 4; ++i) address.bytes_[i] = static_cast<std::uint8_t>(bits >> (24 - 8 * i));
+  return address;
+}
+
+IpAddress IpAddress::v6(std::uint64_t high, std::uint64_t low) {
+  IpAddress address;
+  address.isV6_ = true;
+  for (int i = 0; i < 8; ++i) {
+    address.bytes_[i] = static_cast<std::uint8_t>(high >> (56 - 8 * i));
+    address.bytes_[8 + i] = static_cast<std::uint8_t>(low >> (56 - 8 * i));
+  }
+  return address;
+}
+
 std::string IpAddress::text() const {
   char buffer[INET6_ADDRSTRLEN] = "";
   inet_ntop(isV6_ ? AF_INET6 : AF_INET, bytes_.data(), buffer, sizeof buffer);

@@ -17,6 +17,10 @@ class IpAddress {
   /// Dotted decimal of four parts, or any form of IPv6 text; a zone ("%eth0") is cut off.
   static std::optional<IpAddress> parse(std::string_view text);
 
+  static IpAddress v4(std::uint32_t bits);
+  /// The first and the last 64 bits.
+  static IpAddress v6(std::uint64_t high, std::uint64_t low);
+
   bool isV6() const { return isV6_; }
   /// The length in bits: 32 or 128.
   int bits() const { return isV6_ ? 128 : 32; }

@@ -31,7 +31,10 @@ Index NetworkModel::subnetOf(const IpPrefix& prefix, const std::string& scope) {
 
 Index NetworkModel::vlanOf(const std::string& key, const std::string& name, int number) {
   const auto [found, isNew] = vlansByKey_.try_emplace(key, vlans.size());
-  if (isNew) vlans.push_back({key, "", number});
+  if (isNew) {
+    vlans.emplace_back().key = key;
+    vlans.back().number = number;
+  }
   VlanModel& vlan = vlans[found->second];
   if (vlan.name.empty()) vlan.name = name;
   return found->second;

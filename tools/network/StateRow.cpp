@@ -5,7 +5,7 @@
 #include <limits>
 #include <string>
 
-#include "tools/network/StoreTable.h"
+#include "tools/network/StoreError.h"
 #include "zntopo/store/GoodCode.h"
 
 namespace zntopo::tools {

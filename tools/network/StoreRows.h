@@ -1,9 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
-#include <map>
 #include <string>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 #include "tools/network/NetworkModel.h"
@@ -12,44 +12,35 @@
 
 namespace zntopo::tools {
 
-/// The tables that the importer fills.
-enum Table : int {
-  NwEntity,
-  NwNode,
-  NwInterface,
-  NwVlan,
-  UserDefVar,
-  Address,
-  Containment,
-  NwInterfaceAsc,
-  TableCount
+/// Where rows go.
+class RowSink {
+ public:
+  virtual ~RowSink() = default;
+  virtual void put(Row row) = 0;
 };
 
-const TableDef& tableDef(Table table);
-
 /// Rows of all tables, each key once: a row that comes again replaces the one before, but for
-/// the sticky flags.
-class RowSet {
+/// the sticky flags and for what is told only once.
+class RowSet : public RowSink {
  public:
-  struct Row {
-    Table table;
-    std::vector<Cell> cells;
-  };
-
-  /// Cells by column name; columns that are not named are NULL.
-  void put(Table table, const std::map<std::string, Cell>& values);
+  void put(Row row) override;
   /// In the order of first occurrence.
   const std::vector<Row>& rows() const { return rows_; }
+  /// Gives the rows away.
+  std::vector<Row> take() { return std::move(rows_); }
 
  private:
   std::vector<Row> rows_;
-  std::map<std::pair<int, std::string>, std::size_t> index_;
+  std::array<std::unordered_map<std::string, std::size_t>, TableCount> index_;
 };
 
 /// Makes the rows of a network. A zone keeps networks apart that use the same keys, and stands
 /// in the column ZoneNumber. Descriptions that are too long are cut and counted.
-void addRows(const NetworkModel& model, const std::string& zone, RowSet& rows,
+void addRows(const NetworkModel& model, const std::string& zone, RowSink& rows,
              NetworkReport& report);
+
+/// The key of an interface's address: what the identifier of its row is made of.
+std::string addressKey(const std::string& interfaceKey, const IpAddress& address);
 
 /// Where an interface sits, as its name tells it: "Gi1/0/23" is port 23 of card 1/0. "-" for
 /// what is not known or does not fit.

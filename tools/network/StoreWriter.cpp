@@ -6,9 +6,10 @@
 #include <memory>
 #include <optional>
 
+#include "tools/network/SetAsideIndices.h"
 #include "tools/network/StateRow.h"
 #include "tools/network/StoreRows.h"
-#include "tools/network/StoreTable.h"
+#include "zntopo/store/GoodCode.h"
 
 namespace zntopo::tools {
 
@@ -61,45 +62,167 @@ void waitForTurn(TvDbil::DbConnection_t& connection) {
   }
 }
 
-void writeRows(TvDbil::DbConnection_t& connection, const RowSet& rows, int now, WriteCounts& counts,
-               const std::function<void(double)>& progress) {
-  std::vector<std::unique_ptr<TableWriter>> writers(TableCount);
-  std::size_t done = 0;
-  for (const RowSet::Row& row : rows.rows()) {
-    auto& writer = writers[row.table];
-    if (!writer) writer = std::make_unique<TableWriter>(connection, tableDef(row.table));
-    switch (writer->put(row.cells, now)) {
-      case TableWriter::Outcome::Added:
-        ++counts.added;
-        break;
-      case TableWriter::Outcome::Changed:
-        ++counts.changed;
-        break;
-      case TableWriter::Outcome::Unchanged:
-        ++counts.unchanged;
-        break;
-    }
-    if (progress && ++done % 256 == 0) {
-      progress(static_cast<double>(done) / static_cast<double>(rows.rows().size()));
-    }
+bool isEmpty(TvDbil::DbConnection_t& connection, const TableDef& table) {
+  const std::string sql =
+      std::string("select ") + table.columns.front().name + " from " + table.name + " limit 1";
+  CellStatement statement(connection, table, sql);
+  statement.bindResults({0});
+  statement.execute();
+  return !statement.fetch();
+}
+
+bool isEmpty(TvDbil::DbConnection_t& connection) {
+  return std::all_of(kTables.begin(), kTables.end(),
+                     [&](const TableDef& table) { return isEmpty(connection, table); });
+}
+
+/// The engine that shares our process has little memory for pages by default, and would write
+/// many of them several times. Others have no such statement.
+void makeRoom(TvDbil::DbConnection_t& connection) {
+  if (connection.GetEngineName() != "SQLite") return;
+  MessageList_t ignored;
+  TvDbil::DbStatement_t statement(ignored, &connection);
+  if (isGood(statement.BindSql(ignored, "pragma cache_size = -131072"))) {
+    statement.Exec(ignored);
   }
+}
+
+/// Hears of rows as they pass, and tells the part done by the nodes among them.
+class PassingRows : public RowSink {
+ public:
+  PassingRows(std::size_t nodes, const std::function<void(double)>& progress)
+      : nodes_(nodes), progress_(progress) {}
+
+  void put(Row row) override {
+    if (row.table == NwNode && progress_) {
+      progress_(static_cast<double>(seen_++) / static_cast<double>(nodes_));
+    }
+    pass(std::move(row));
+  }
+
+ protected:
+  virtual void pass(Row row) = 0;
+
+ private:
+  std::size_t nodes_;
+  std::size_t seen_ = 0;
+  const std::function<void(double)>& progress_;
+};
+
+/// Counts rows, and nothing else.
+class CountedRows : public PassingRows {
+ public:
+  using PassingRows::PassingRows;
+  const WriteReport& report() const { return report_; }
+
+ protected:
+  void pass(Row row) override {
+    ++report_.added;
+    ++report_.tables[row.table].added;
+  }
+
+ private:
+  WriteReport report_;
+};
+
+/// Writes rows into their tables, as they come.
+class WrittenRows : public PassingRows {
+ public:
+  WrittenRows(TvDbil::DbConnection_t& connection, int time, bool isInserting, std::size_t nodes,
+              const std::function<void(double)>& progress)
+      : PassingRows(nodes, progress),
+        connection_(connection),
+        time_(time),
+        isInserting_(isInserting) {
+    if (isInserting) indices_.emplace(connection);
+  }
+
+  /// Writes the rest, and tells what became of all.
+  WriteReport finish() {
+    WriteReport report;
+    for (int table = 0; table < TableCount; ++table) {
+      if (!writers_[table]) continue;
+      writers_[table]->flush();
+      const WriteCounts& counts = report.tables[table] = writers_[table]->counts();
+      report.added += counts.added;
+      report.changed += counts.changed;
+      report.unchanged += counts.unchanged;
+    }
+    if (indices_) indices_->makeAgain();
+    return report;
+  }
+
+ protected:
+  void pass(Row row) override {
+    auto& writer = writers_[row.table];
+    if (!writer) writer = makeWriter(tableDef(row.table));
+    writer->put(std::move(row.cells));
+  }
+
+ private:
+  std::unique_ptr<TableWriter> makeWriter(const TableDef& table) {
+    if (isInserting_) return std::make_unique<TableInserter>(connection_, table, time_);
+    return std::make_unique<TableMerger>(connection_, table, time_);
+  }
+
+  TvDbil::DbConnection_t& connection_;
+  int time_;
+  bool isInserting_;
+  std::optional<SetAsideIndices> indices_;
+  std::array<std::unique_ptr<TableWriter>, TableCount> writers_;
+};
+
+/// Runs the writing of rows within a transaction.
+template <typename Write>
+WriteReport inTransaction(TvDbil::DbConnection_t& connection, const Write& write) {
+  makeRoom(connection);
+  Transaction transaction(connection);
+  waitForTurn(connection);
+  const WriteReport report = write(isEmpty(connection));
+  markReady(connection, report.isAnyChange(), timeNow());
+  transaction.commit();
+  return report;
+}
+
+void passParts(const NetworkParts& parts, const std::string& zone, RowSink& rows) {
+  NetworkReport ignored;
+  for (std::size_t i = 0; i < parts.count; ++i) addRows(parts.part(i), zone, rows, ignored);
 }
 
 }  // namespace
 
-WriteCounts writeNetworks(TvDbil::DbConnection_t& connection,
+WriteReport writeNetworks(TvDbil::DbConnection_t& connection,
                           const std::vector<NetworkModel>& networks, const std::string& zone,
                           NetworkReport& report, const std::function<void(double)>& progress) {
   RowSet rows;
-  for (const NetworkModel& network : networks) addRows(network, zone, rows, report);
-  const int now = timeNow();
-  WriteCounts counts;
-  Transaction transaction(connection);
-  waitForTurn(connection);
-  writeRows(connection, rows, now, counts, progress);
-  markReady(connection, counts.isAnyChange(), now);
-  transaction.commit();
-  return counts;
+  std::size_t nodes = 0;
+  for (const NetworkModel& network : networks) {
+    addRows(network, zone, rows, report);
+    nodes += network.nodes.size();
+  }
+  return inTransaction(connection, [&](bool isEmptyStore) {
+    WrittenRows written(connection, timeNow(), isEmptyStore, nodes, progress);
+    for (Row& row : rows.take()) written.put(std::move(row));
+    return written.finish();
+  });
+}
+
+WriteReport writeParts(TvDbil::DbConnection_t& connection, const NetworkParts& parts,
+                       const std::string& zone, int time, bool isMerging,
+                       const std::function<void(double)>& progress) {
+  return inTransaction(connection, [&](bool isEmptyStore) {
+    if (!isEmptyStore && !isMerging) throw StoreNotEmpty();
+    WrittenRows written(connection, time, isEmptyStore, parts.nodes, progress);
+    passParts(parts, zone, written);
+    return written.finish();
+  });
+}
+
+WriteReport countParts(const NetworkParts& parts, const std::string& zone,
+                       const std::function<void(double)>& progress) {
+  CountedRows rows(parts.nodes, progress);
+  passParts(parts, zone, rows);
+  return rows.report();
 }
 
 bool hasSchema(TvDbil::DbConnection_t& connection) {

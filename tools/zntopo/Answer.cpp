@@ -9,7 +9,7 @@
 
 #include "tools/network/NetworkReport.h"
 #include "tools/network/PlainText.h"
-#include "tools/network/StoreTable.h"
+#include "tools/network/StoreError.h"
 
 namespace zntopo::tools {
 

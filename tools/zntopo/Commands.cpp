@@ -1,5 +1,10 @@
 #include "tools/zntopo/Commands.h"
 
+#include <algorithm>
+
+#include "tools/network/PlainText.h"
+#include "zntopo/platform/tvxpl/Utf8.h"
+
 namespace zntopo::tools {
 
 namespace {
@@ -17,10 +22,22 @@ void addCommand(CLI::App& app, Context& context, const Command& command) {
   });
 }
 
+std::string checkZone(const std::string& zone) {
+  if (zone.size() > 64) return "the zone is longer than 64 bytes";
+  if (std::any_of(zone.begin(), zone.end(), isControl)) {
+    return "the zone has a control character in it";
+  }
+  return TvXplStr::isUtf8(zone) ? "" : "the zone is no UTF-8";
+}
+
 }  // namespace
 
 void addCommands(CLI::App& app, Context& context) {
   for (const Command* command : kCommands) addCommand(app, context, *command);
+}
+
+void addZoneOption(CLI::App& command, const std::string& help, std::string& value) {
+  command.add_option("--zone", value, help)->check(CLI::Validator(checkZone, ""));
 }
 
 void addNodeArgument(CLI::App& command, const std::string& name, std::string& value) {

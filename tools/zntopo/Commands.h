@@ -91,6 +91,7 @@ Work prepare(CLI::App&) {
 
 extern const Command kInitCommand;
 extern const Command kImportCommand;
+extern const Command kGenerateCommand;
 extern const Command kStateCommand;
 extern const Command kNodesCommand;
 extern const Command kNodeCommand;
@@ -100,13 +101,15 @@ extern const Command kPathCommand;
 
 /// In the order of the help.
 inline constexpr std::array kCommands = {
-    &kInitCommand, &kImportCommand,     &kStateCommand,     &kNodesCommand,
+    &kInitCommand, &kImportCommand,     &kGenerateCommand,  &kStateCommand, &kNodesCommand,
     &kNodeCommand, &kInterfacesCommand, &kNeighborsCommand, &kPathCommand,
 };
 
 /// Adds all of kCommands, with their options for the store and for JSON.
 void addCommands(CLI::App& app, Context& context);
 
+/// Adds the option --zone, which refuses what the store can't hold.
+void addZoneOption(CLI::App& command, const std::string& help, std::string& value);
 /// Adds an argument that names a node.
 void addNodeArgument(CLI::App& command, const std::string& name, std::string& value);
 

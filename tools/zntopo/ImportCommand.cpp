@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <filesystem>
 #include <set>
 #include <vector>
@@ -11,7 +10,6 @@
 #include "tools/zntopo/Progress.h"
 #include "tools/zntopo/Session.h"
 #include "tools/zntopo/TextTable.h"
-#include "zntopo/platform/tvxpl/Utf8.h"
 
 namespace zntopo::tools {
 
@@ -80,7 +78,7 @@ void import(const Context& context, const ImportOptions& options, Answer& answer
   TvDbil::DbConnection_t connection = openTopology();
   NetworkReport report;
   const std::vector<NetworkModel> networks = readNetworks(options, report);
-  WriteCounts counts;
+  WriteReport counts;
   {
     Progress progress("Writing");
     counts = writeNetworks(connection, networks, options.zone, report,
@@ -92,14 +90,6 @@ void import(const Context& context, const ImportOptions& options, Answer& answer
       {"added", counts.added}, {"changed", counts.changed}, {"unchanged", counts.unchanged}};
   answer.json["notes"] = notes(report);
   answer.text = text(found, counts, report);
-}
-
-std::string checkZone(const std::string& zone) {
-  if (zone.size() > 64) return "the zone is longer than 64 bytes";
-  if (std::any_of(zone.begin(), zone.end(), isControl)) {
-    return "the zone has a control character in it";
-  }
-  return TvXplStr::isUtf8(zone) ? "" : "the zone is no UTF-8";
 }
 
 std::vector<std::string> formatNames() {
@@ -115,10 +105,9 @@ void addOptions(CLI::App& command, ImportOptions& options) {
                   "What the files are (otherwise the first character of each tells)")
       ->type_name("FORMAT")
       ->check(CLI::IsMember(formatNames()));
-  command
-      .add_option("--zone", options.zone,
-                  "A name that keeps these networks apart from others with the same identifiers")
-      ->check(CLI::Validator(checkZone, ""));
+  addZoneOption(command,
+                "A name that keeps these networks apart from others with the same identifiers",
+                options.zone);
 }
 
 }  // namespace
