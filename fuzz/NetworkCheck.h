@@ -52,7 +52,7 @@ inline void checkNetwork(const tools::NetworkModel& model) {
   tools::NetworkReport report;
   tools::RowSet rows;
   tools::addRows(model, "", rows, report);
-  for (const tools::RowSet::Row& row : rows.rows()) {
+  for (const tools::Row& row : rows.rows()) {
     const tools::TableDef& table = tools::tableDef(row.table);
     ZNTOPO_REQUIRE(row.cells.size() == table.columns.size());
     for (std::size_t i = 0; i < row.cells.size(); ++i) checkCell(table.columns[i], row.cells[i]);
