@@ -6,54 +6,54 @@ namespace {
 constexpr Operation kOperations[] = {
     {"getAddressByObjID",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto address = desk.api.getAddressByObjID(ObjID(hubAddressID(1)), status);
-       return oneAddress(status, address);
+       return oneAddress([&](ZNTopoAPIStatus& status) {
+         return desk.api.getAddressByObjID(ObjID(hubAddressID(1)), status);
+       });
      },
      kOne, Growth::None, kStateAndOneStatement, kNothing, kOneStatement},
     {"getAddrsByObjIDs",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
        std::list<ObjID> ids;
        for (int i = 1; i <= desk.size.leaves; ++i) ids.push_back(ObjID(hubAddressID(i)));
-       const auto addresses = desk.api.getAddrsByObjIDs(ids, status, false, ZNAddress::IPv4);
-       return manyAddresses(status, *addresses);
+       return manyAddresses([&](ZNTopoAPIStatus& status) {
+         return desk.api.getAddrsByObjIDs(ids, status, false, ZNAddress::IPv4);
+       });
      },
      kLeaves, Growth::None, kStateAndOneStatement, kNothing, kOneStatement},
     {"getAddrsByObjIDs of all addresses",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto addresses = desk.api.getAddrsByObjIDs({}, status, true, ZNAddress::IPv4);
-       return manyAddresses(status, *addresses);
+       return manyAddresses([&](ZNTopoAPIStatus& status) {
+         return desk.api.getAddrsByObjIDs({}, status, true, ZNAddress::IPv4);
+       });
      },
      [](const Size& size) { return 2 * size.leaves + 1; }, Growth::None, kStateAndOneStatement,
      kOneStatement, kOneStatement},
     {"getAddressByQRMObjID",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto address = desk.api.getAddressByQRMObjID(ObjID(5001), status);
-       return oneAddress(status, address);
+       return oneAddress([&](ZNTopoAPIStatus& status) {
+         return desk.api.getAddressByQRMObjID(ObjID(5001), status);
+       });
      },
      kOne, Growth::None, kStateAndOneStatement, kNothing, kOneStatement},
     {"getMonitoredIPv6AddressByObjID",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto address = desk.api.getMonitoredIPv6AddressByObjID(ObjID(v6AddressID()), status);
-       return oneAddress(status, address);
+       return oneAddress([&](ZNTopoAPIStatus& status) {
+         return desk.api.getMonitoredIPv6AddressByObjID(ObjID(v6AddressID()), status);
+       });
      },
      kOne, Growth::None, kStateAndOneStatement, kNothing, kOneStatement},
     {"getMonitoredIPv6AddressByQRMObjID",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto address = desk.api.getMonitoredIPv6AddressByQRMObjID(ObjID(5001), status);
-       return oneAddress(status, address);
+       return oneAddress([&](ZNTopoAPIStatus& status) {
+         return desk.api.getMonitoredIPv6AddressByQRMObjID(ObjID(5001), status);
+       });
      },
      kOne, Growth::None, kStateAndOneStatement, kNothing, kOneStatement},
     {"getAddressByIP",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto address = desk.api.getAddressByIP(hubAddress(1), status, -1);
-       return oneAddress(status, address);
+       return oneAddress([&](ZNTopoAPIStatus& status) {
+         return desk.api.getAddressByIP(hubAddress(1), status, -1);
+       });
      },
      kOne, Growth::None, kOneStatement, kOneStatement, kOneStatement},
     {"resolveIPv6ToDNS",

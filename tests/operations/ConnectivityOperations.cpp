@@ -14,9 +14,10 @@ Answer neighbors(const Desk& desk, const std::string& name, int hops) {
 }
 
 /// A path keeps its order.
-template <typename Path>
-Answer inOrder(const ZNTopoAPIStatus& status, const Path& path) {
-  return {status.getStatus(), idsOf(path)};
+template <typename Ask>
+Answer inOrder(const Ask& ask) {
+  const auto [status, path] = asked(ask);
+  return {status.getStatus(), idsOf(*path)};
 }
 
 // A path enters and leaves each node between its ends.
@@ -64,10 +65,10 @@ constexpr Operation kOperations[] = {
      [](const Size& size) { return kStatement + kNodes * (size.hops + 1); }, Whole::Part},
     {"getL2Path",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto path =
-           desk.api.getL2Path(leafAddress(1), kFarAddress, kDepth, status, ZNAddress::IPv4, false);
-       return inOrder(status, *path);
+       return inOrder([&](ZNTopoAPIStatus& status) {
+         return desk.api.getL2Path(leafAddress(1), kFarAddress, kDepth, status, ZNAddress::IPv4,
+                                   false);
+       });
      },
      kAddressedPathItems, Growth::Hops,
      // The ends' own interfaces come with the search for the addresses.
@@ -83,10 +84,10 @@ constexpr Operation kOperations[] = {
      Whole::OrNoPath},
     {"getL2PathBetweenNodes",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto path = desk.api.getL2PathBetweenNodes(nodeName(Part::Leaf), lastHop(desk.size),
-                                                        kDepth, status, ZNAddress::IPv4, false);
-       return inOrder(status, *path);
+       return inOrder([&](ZNTopoAPIStatus& status) {
+         return desk.api.getL2PathBetweenNodes(nodeName(Part::Leaf), lastHop(desk.size), kDepth,
+                                               status, ZNAddress::IPv4, false);
+       });
      },
      kPathItems, Growth::Hops,
      [](const Size& size) {
@@ -102,10 +103,10 @@ constexpr Operation kOperations[] = {
     // Each pair of connected interfaces is tried with a search of its own.
     {"getL2PathBetweenNodes without a path",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto path = desk.api.getL2PathBetweenNodes(nodeName(Part::Hub), nodeName(Part::Isle),
-                                                        1, status, ZNAddress::IPv4, false);
-       return inOrder(status, *path);
+       return inOrder([&](ZNTopoAPIStatus& status) {
+         return desk.api.getL2PathBetweenNodes(nodeName(Part::Hub), nodeName(Part::Isle), 1, status,
+                                               ZNAddress::IPv4, false);
+       });
      },
      kNone, Growth::Exceptional,
      [](const Size& size) {

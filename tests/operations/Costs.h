@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "tests/api/ObjectTexts.h"
 #include "tests/operations/Operations.h"
 
@@ -79,6 +81,41 @@ Answer keysOf(const ZNTopoAPIStatus& status, const Map& map) {
     if (!value.isNull() && !value->empty()) keys.push_back(key);
   }
   return sorted(status, std::move(keys));
+}
+
+// The same of a question, which fills the status and gives the object or its container.
+
+template <typename Ask>
+auto asked(const Ask& ask) {
+  ZNTopoAPIStatus status;
+  auto result = ask(status);
+  return std::pair(status, std::move(result));
+}
+
+template <typename Ask>
+Answer one(const Ask& ask) {
+  const auto [status, result] = asked(ask);
+  return one(status, result);
+}
+template <typename Ask>
+Answer many(const Ask& ask) {
+  const auto [status, result] = asked(ask);
+  return many(status, *result);
+}
+template <typename Ask>
+Answer oneAddress(const Ask& ask) {
+  const auto [status, result] = asked(ask);
+  return oneAddress(status, result);
+}
+template <typename Ask>
+Answer manyAddresses(const Ask& ask) {
+  const auto [status, result] = asked(ask);
+  return manyAddresses(status, *result);
+}
+template <typename Ask>
+Answer keysOf(const Ask& ask) {
+  const auto [status, result] = asked(ask);
+  return keysOf(status, *result);
 }
 
 inline std::set<ObjID> leafIDs(const Size& size) {

@@ -26,49 +26,48 @@ constexpr Formula kFoundInterface = [](const Size&) { return kStatement + kInter
 constexpr Operation kOperations[] = {
     {"getInterfaceByObjID",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto interface = desk.api.getInterfaceByObjID(ObjID(down(1)), status);
-       return one(status, interface);
+       return one([&](ZNTopoAPIStatus& status) {
+         return desk.api.getInterfaceByObjID(ObjID(down(1)), status);
+       });
      },
      kOne, Growth::None, kInterfaceCold, kNothing, kInterface},
     {"getInterfaceByObjID with user variables",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto interface = desk.api.getInterfaceByObjID(ObjID(up(1)), status);
-       return one(status, interface);
+       return one([&](ZNTopoAPIStatus& status) {
+         return desk.api.getInterfaceByObjID(ObjID(up(1)), status);
+       });
      },
      kOne, Growth::None, [](const Size& size) { return kState + kStatement + variables(size); },
      kNothing, [](const Size& size) { return kStatement + variables(size); }},
     {"getInterfacesByObjIDList",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
        std::set<ObjID> notFound;
-       const auto interfaces =
-           desk.api.getInterfacesByObjIDList(downIDs(desk.size), notFound, status, false, false);
-       return many(status, *interfaces);
+       return many([&](ZNTopoAPIStatus& status) {
+         return desk.api.getInterfacesByObjIDList(downIDs(desk.size), notFound, status, false,
+                                                  false);
+       });
      },
      kLeaves, Growth::Batches,
      [](const Size& size) { return kState + kInterfaces * batches(size.leaves); }, kNothing,
      [](const Size& size) { return kInterfaces * batches(size.leaves); }},
     {"getInterfacesByObjIDList by legacy identifiers",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
        std::set<ObjID> ids;
        for (int i = 1; i <= desk.size.leaves; ++i) ids.insert(ObjID(std::to_string(2000 + i)));
        std::set<ObjID> notFound;
-       const auto interfaces =
-           desk.api.getInterfacesByObjIDList(ids, notFound, status, true, false);
-       return many(status, *interfaces);
+       return many([&](ZNTopoAPIStatus& status) {
+         return desk.api.getInterfacesByObjIDList(ids, notFound, status, true, false);
+       });
      },
      kLeaves, Growth::Batches,
      [](const Size& size) { return kState + kInterfaces * batches(size.leaves); }, kNothing,
      [](const Size& size) { return kInterfaces * batches(size.leaves); }},
     {"getInterfacesByObjIDList of all connected interfaces",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
        std::set<ObjID> notFound;
-       const auto interfaces = desk.api.getInterfacesByObjIDList({}, notFound, status, false, true);
-       return many(status, *interfaces);
+       return many([&](ZNTopoAPIStatus& status) {
+         return desk.api.getInterfacesByObjIDList({}, notFound, status, false, true);
+       });
      },
      [](const Size& size) { return size.connectedInterfaces(); }, Growth::Exceptional,
      [](const Size& size) { return kState + kInterfaces + allVariables(size); },
@@ -76,10 +75,9 @@ constexpr Operation kOperations[] = {
      [](const Size& size) { return kInterfaces + allVariables(size); }},
     {"getInterfacesByNodeObjIDList",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto interfaces =
-           desk.impl.getInterfacesByNodeObjIDList(listOf(leafIDs(desk.size)), status);
-       return many(status, *interfaces);
+       return many([&](ZNTopoAPIStatus& status) {
+         return desk.impl.getInterfacesByNodeObjIDList(listOf(leafIDs(desk.size)), status);
+       });
      },
      // A link and an access interface each, and the one with the IPv6 address.
      [](const Size& size) { return 2 * size.leaves + 1; }, Growth::Exceptional,
@@ -88,32 +86,31 @@ constexpr Operation kOperations[] = {
      [](const Size& size) { return kInterfaces + allVariables(size); }},
     {"getInterfaceIDsByNodeObjIDList",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto map =
-           desk.impl.getInterfaceIDsByNodeObjIDList(listOf(leafIDs(desk.size)), status);
-       return keysOf(status, *map);
+       return keysOf([&](ZNTopoAPIStatus& status) {
+         return desk.impl.getInterfaceIDsByNodeObjIDList(listOf(leafIDs(desk.size)), status);
+       });
      },
      kLeaves, Growth::None, kOneStatement, kOneStatement, kOneStatement},
     {"getInterfaceByIfName",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto interface = desk.api.getInterfaceByIfName(down(1), nodeID(Part::Hub), status);
-       return one(status, interface);
+       return one([&](ZNTopoAPIStatus& status) {
+         return desk.api.getInterfaceByIfName(down(1), nodeID(Part::Hub), status);
+       });
      },
      kOne, Growth::None, kFoundInterfaceCold, kOneStatement, kFoundInterface},
     {"getInterfaceByIPV4",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto interface = desk.api.getInterfaceByIPV4(hubAddress(1), status, -1);
-       return one(status, interface);
+       return one([&](ZNTopoAPIStatus& status) {
+         return desk.api.getInterfaceByIPV4(hubAddress(1), status, -1);
+       });
      },
      kOne, Growth::None, kFoundInterfaceCold, kOneStatement, kFoundInterface},
     // It is looked for among the nodes first, and the cache does not remember what is none.
     {"getEntityByObjID of an interface",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto entity = desk.api.getEntityByObjID(ObjID(down(1)), status);
-       return one(status, entity);
+       return one([&](ZNTopoAPIStatus& status) {
+         return desk.api.getEntityByObjID(ObjID(down(1)), status);
+       });
      },
      kOne, Growth::None, kFoundInterfaceCold, kOneStatement, kFoundInterface},
     {"getMeshID",

@@ -4,9 +4,7 @@ namespace zntopo::test {
 namespace {
 
 Answer byName(const Desk& desk, const std::string& name, int rd = -1) {
-  ZNTopoAPIStatus status;
-  const auto node = desk.api.getNodeByName(name, status, rd);
-  return one(status, node);
+  return one([&](ZNTopoAPIStatus& status) { return desk.api.getNodeByName(name, status, rd); });
 }
 
 constexpr Formula kStateAndNode = [](const Size&) { return kState + kNodes; };
@@ -25,16 +23,16 @@ constexpr Formula kLoaderBatches = [](const Size& size) {
 constexpr Operation kOperations[] = {
     {"getNodeByObjID",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto node = desk.api.getNodeByObjID(ObjID(nodeID(Part::Hub)), status);
-       return one(status, node);
+       return one([&](ZNTopoAPIStatus& status) {
+         return desk.api.getNodeByObjID(ObjID(nodeID(Part::Hub)), status);
+       });
      },
      kOne, Growth::None, kStateAndNode, kNothing, kNode},
     {"getNodeByQRMObjID",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto node = desk.api.getNodeByQRMObjID(ObjID(1000), status);
-       return one(status, node);
+       return one([&](ZNTopoAPIStatus& status) {
+         return desk.api.getNodeByQRMObjID(ObjID(1000), status);
+       });
      },
      kOne, Growth::None, kStateAndNode, kNothing, kNode},
     {"getNodeByName of an identifier",
@@ -55,22 +53,22 @@ constexpr Operation kOperations[] = {
      kOne, Growth::None, kNameCold, kOneStatement, kNameUncached},
     {"getNodesByObjIDList",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
        std::set<ObjID> notFound;
-       const auto nodes = desk.api.getNodesByObjIDList(leafIDs(desk.size), notFound, status, false,
-                                                       false, false, ZNEntity::AllProtocol, -1);
-       return many(status, *nodes);
+       return many([&](ZNTopoAPIStatus& status) {
+         return desk.api.getNodesByObjIDList(leafIDs(desk.size), notFound, status, false, false,
+                                             false, ZNEntity::AllProtocol, -1);
+       });
      },
      kLeaves, Growth::Batches,
      [](const Size& size) { return kState + leafNodes(size) * batches(size.leaves); }, kNothing,
      [](const Size& size) { return leafNodes(size) * batches(size.leaves); }, Whole::Part},
     {"getNodesByObjIDList of all nodes",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
        std::set<ObjID> notFound;
-       const auto nodes = desk.api.getNodesByObjIDList({}, notFound, status, false, false, true,
-                                                       ZNEntity::AllProtocol, -1);
-       return many(status, *nodes);
+       return many([&](ZNTopoAPIStatus& status) {
+         return desk.api.getNodesByObjIDList({}, notFound, status, false, false, true,
+                                             ZNEntity::AllProtocol, -1);
+       });
      },
      [](const Size& size) { return size.nodes(); }, Growth::Exceptional,
      [](const Size& size) { return kState + kAllNodes + allVariables(size); },
@@ -78,9 +76,9 @@ constexpr Operation kOperations[] = {
      [](const Size& size) { return kAllNodes + allVariables(size); }},
     {"getEntityByObjID of a node",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto entity = desk.api.getEntityByObjID(ObjID(nodeID(Part::Hub)), status);
-       return one(status, entity);
+       return one([&](ZNTopoAPIStatus& status) {
+         return desk.api.getEntityByObjID(ObjID(nodeID(Part::Hub)), status);
+       });
      },
      kOne, Growth::None, kStateAndNode, kNothing, kNode},
     {"getTopologyState",
@@ -92,27 +90,25 @@ constexpr Operation kOperations[] = {
      kOne, Growth::None, kOneStatement, kOneStatement, kOneStatement},
     {"getUserDefVarsByObjIDList",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto map = desk.impl.getUserDefVarsByObjIDList(listOf(leafIDs(desk.size)), status);
-       return keysOf(status, *map);
+       return keysOf([&](ZNTopoAPIStatus& status) {
+         return desk.impl.getUserDefVarsByObjIDList(listOf(leafIDs(desk.size)), status);
+       });
      },
      [](const Size& size) { return size.variables ? size.leaves : 0; }, Growth::Exceptional,
      [](const Size& size) { return kState + kStatement * batches(size.leaves); }, kLoaderBatches,
      kLoaderBatches},
     {"getConnDatasByNodeObjIDList",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto map =
-           desk.impl.getConnDatasByNodeObjIDList(listOf(leafIDs(desk.size)), status, false);
-       return keysOf(status, *map);
+       return keysOf([&](ZNTopoAPIStatus& status) {
+         return desk.impl.getConnDatasByNodeObjIDList(listOf(leafIDs(desk.size)), status, false);
+       });
      },
      kLeaves, Growth::Batches, kLoaderBatches, kLoaderBatches, kLoaderBatches},
     {"getVlanInfosByObjIDList",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto map =
-           desk.impl.getVlanInfosByObjIDList(listOf(leafIDs(desk.size)), status, true, false);
-       return keysOf(status, *map);
+       return keysOf([&](ZNTopoAPIStatus& status) {
+         return desk.impl.getVlanInfosByObjIDList(listOf(leafIDs(desk.size)), status, true, false);
+       });
      },
      kLeaves, Growth::Batches,
      [](const Size& size) {
@@ -126,23 +122,23 @@ constexpr Operation kOperations[] = {
      }},
     {"getVlanInfosByObjIDList of all VLANs",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto map = desk.impl.getVlanInfosByObjIDList({}, status, false, true);
-       return keysOf(status, *map);
+       return keysOf([&](ZNTopoAPIStatus& status) {
+         return desk.impl.getVlanInfosByObjIDList({}, status, false, true);
+       });
      },
      kOne, Growth::None, kOneStatement, kOneStatement, kOneStatement},
     {"getIfcInfosByObjIDList",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto map = desk.api.getIfcInfosByObjIDList(leafIDs(desk.size), status, true, false, 0);
-       return keysOf(status, *map);
+       return keysOf([&](ZNTopoAPIStatus& status) {
+         return desk.api.getIfcInfosByObjIDList(leafIDs(desk.size), status, true, false, 0);
+       });
      },
      kLeaves, Growth::Batches, kLoaderBatches, kLoaderBatches, kLoaderBatches},
     {"getIfcInfosByObjIDList of all containers",
      [](const Desk& desk) {
-       ZNTopoAPIStatus status;
-       const auto map = desk.api.getIfcInfosByObjIDList({}, status, false, true, 5);
-       return keysOf(status, *map);
+       return keysOf([&](ZNTopoAPIStatus& status) {
+         return desk.api.getIfcInfosByObjIDList({}, status, false, true, 5);
+       });
      },
      kOne, Growth::None, kOneStatement, kOneStatement, kOneStatement},
 };
