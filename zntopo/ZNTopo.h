@@ -33,6 +33,7 @@
 #include "zntopo/model/AspectFactory.h"
 #include "zntopo/model/AssEndPoint.h"
 #include "zntopo/model/BaseAspectFactoryImpl.h"
+#include "zntopo/model/CapabilityBits.h"
 #include "zntopo/model/ContainmentAss.h"
 #include "zntopo/model/EntityType.h"
 #include "zntopo/model/IFProperty.h"

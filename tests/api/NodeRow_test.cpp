@@ -145,8 +145,8 @@ TEST_P(NodeRowTest, EachCapabilityColumnSetsItsBit) {
 
 TEST_P(NodeRowTest, ANegativeValueSetsTheBitOfHsrpAlone) {
   Values values;
-  for (const detail::NodeCapabilityBit& bit : detail::kNodeCapabilityBits) {
-    values.insert_or_assign(detail::kNodeColumns[bit.column].name, -1);
+  for (const detail::CapabilityColumn& each : detail::kNodeCapabilityColumns) {
+    values.insert_or_assign(detail::kNodeColumns[each.column].name, -1);
   }
   EXPECT_EQ(readWith(values)->getNodeCapabilitySet().getCapabilityMask(), 0x10u);
 }

@@ -78,10 +78,10 @@ TEST(NodeSqlTest, TextColumnsHaveTheirBuffersAndAllOthersAreNumbers) {
 
 TEST(NodeSqlTest, EachCapabilityColumnHasABitOfItsOwn) {
   unsigned long all = 0;
-  for (const NodeCapabilityBit& bit : kNodeCapabilityBits) {
-    EXPECT_EQ(all & bit.mask, 0u) << bit.column;
-    EXPECT_EQ(std::string(kNodeColumns[bit.column].name).substr(0, 2), "is");
-    all |= bit.mask;
+  for (const CapabilityColumn& each : kNodeCapabilityColumns) {
+    EXPECT_EQ(all & each.bit, 0u) << each.column;
+    EXPECT_EQ(std::string(kNodeColumns[each.column].name).substr(0, 2), "is");
+    all |= each.bit;
   }
   EXPECT_EQ(all, 0x2fffffu);  // 0x100000 has no column
 }

@@ -1,5 +1,6 @@
 #include <array>
 
+#include "zntopo/model/CapabilityBits.h"
 #include "zntopo/model/ZNInterfaceCapabilitySet.h"
 #include "zntopo/model/ZNNodeCapabilitySet.h"
 
@@ -14,59 +15,76 @@ struct Capability {
 
 }  // namespace
 
-struct NodeCapabilities {
+struct NodeCapabilities : NodeCapability {
   /// Names that stand for a bit without being the name that the bit is listed under.
-  static constexpr Capability kAliases[] = {{0x2, "isRouter"}, {0x80, "isWireless"}};
-  /// What is listed, in this order. The bit 0x800 is told by the accessor isWireless of a node
-  /// and listed under the name of 0x80, which by name stands for wireless, too.
+  static constexpr Capability kAliases[] = {{IPv4Router, "isRouter"}, {BGP, "isWireless"}};
+  static constexpr std::array<Capability, 0> kFirst{};
+  /// What is listed, in this order. The bit Wireless is told by the accessor isWireless of a node
+  /// and listed under the name of BGP, which by name stands for wireless, too.
   static constexpr Capability kListed[] = {
-      {0x1, "isLanSwitch"},     {0x2, "isIPv4Router"},     {0x4, "isIPv6Router"},
-      {0x8, "isATM"},           {0x10, "isHSRP"},          {0x20, "isFrameRelay"},
-      {0x40, "isCDP"},          {0x80, "isBGP"},           {0x100, "isOSPF"},
-      {0x200, "isSTP"},         {0x400, "isVRRP"},         {0x800, "isBGP"},
-      {0x1000, "isSonet"},      {0x2000, "isRMON"},        {0x4000, "isRMON2"},
-      {0x8000, "isDS1"},        {0x10000, "isDS3"},        {0x20000, "isMPLS"},
-      {0x40000, "isMultiHome"}, {0x80000, "isManageable"}, {0x200000, "isSnmpSupported"},
+      {LanSwitch, "isLanSwitch"},
+      {IPv4Router, "isIPv4Router"},
+      {IPv6Router, "isIPv6Router"},
+      {ATM, "isATM"},
+      {HSRP, "isHSRP"},
+      {FrameRelay, "isFrameRelay"},
+      {CDP, "isCDP"},
+      {BGP, "isBGP"},
+      {OSPF, "isOSPF"},
+      {STP, "isSTP"},
+      {VRRP, "isVRRP"},
+      {Wireless, "isBGP"},
+      {SONET, "isSonet"},
+      {RMON, "isRMON"},
+      {RMON2, "isRMON2"},
+      {DS1, "isDS1"},
+      {DS3, "isDS3"},
+      {MPLS, "isMPLS"},
+      {MultiHome, "isMultiHome"},
+      {Manageable, "isManageable"},
+      {SnmpSupported, "isSnmpSupported"},
   };
-  /// In which order toCapabilityStr() looks for the first bit.
-  static constexpr const auto& kFirst = kListed;
   static constexpr const char* kNone = "";
 };
 
-struct InterfaceCapabilities {
+struct InterfaceCapabilities : InterfaceCapability {
   static constexpr std::array<Capability, 0> kAliases{};
-  /// The bit 0x8 has no name; 0x10 is listed twice.
+  /// What toCapabilityStr() looks for ahead of the list.
+  static constexpr Capability kFirst[] = {{HSRP, "isHSRP"}, {L2Connected, "isL2Connected"}};
+  /// ATM has no name; HSRP is listed twice.
   static constexpr Capability kListed[] = {
-      {0x1, "isAccessPort"}, {0x10, "isHSRP"},       {0x2, "isL2Connected"},
-      {0x10, "isHSRP"},      {0x20000, "isMPLS"},    {0x400, "isVRRP"},
-      {0x2000, "isRMON"},    {0x4000, "isRMON2"},    {0x8000, "isDS1"},
-      {0x10000, "isDS3"},    {0x1000, "isSonet"},    {0x40, "isCDP"},
-      {0x200, "isSTP"},      {0x20, "isFrameRelay"}, {0x80, "isBGP"},
-      {0x100, "isOSPF"},     {0x800, "isWireless"},  {0x100000, "isMeshInterface"},
-  };
-  static constexpr Capability kFirst[] = {
-      {0x10, "isHSRP"},
-      {0x2, "isL2Connected"},
-      {0x1, "isAccessPort"},
-      {0x20000, "isMPLS"},
-      {0x400, "isVRRP"},
-      {0x2000, "isRMON"},
-      {0x4000, "isRMON2"},
-      {0x8000, "isDS1"},
-      {0x10000, "isDS3"},
-      {0x1000, "isSonet"},
-      {0x40, "isCDP"},
-      {0x200, "isSTP"},
-      {0x20, "isFrameRelay"},
-      {0x80, "isBGP"},
-      {0x100, "isOSPF"},
-      {0x800, "isWireless"},
-      {0x100000, "isMeshInterface"},
+      {AccessPort, "isAccessPort"},
+      {HSRP, "isHSRP"},
+      {L2Connected, "isL2Connected"},
+      {HSRP, "isHSRP"},
+      {MPLS, "isMPLS"},
+      {VRRP, "isVRRP"},
+      {RMON, "isRMON"},
+      {RMON2, "isRMON2"},
+      {DS1, "isDS1"},
+      {DS3, "isDS3"},
+      {SONET, "isSonet"},
+      {CDP, "isCDP"},
+      {STP, "isSTP"},
+      {FrameRelay, "isFrameRelay"},
+      {BGP, "isBGP"},
+      {OSPF, "isOSPF"},
+      {Wireless, "isWireless"},
+      {MeshInterface, "isMeshInterface"},
   };
   static constexpr const char* kNone = "UNKNOWN";
 };
 
 namespace {
+
+/// The name of the first bit in the table that is set, or null.
+template <typename Table, typename Set>
+const char* firstNameIn(const Table& table, const Set& set) {
+  for (const Capability& capability : table) {
+    if (set.isCapabilitySet(capability.mask)) return capability.name;
+  }
+  return nullptr;
+}
 
 template <typename Table>
 std::uint32_t maskIn(const Table& table, const std::string& name) {
@@ -113,10 +131,9 @@ std::vector<ZNCapability> ZNCapabilitySet<Kind>::toCapabilityList() const {
 
 template <typename Kind>
 std::string ZNCapabilitySet<Kind>::toCapabilityStr(unsigned long) const {
-  for (const Capability& capability : Kind::kFirst) {
-    if (isCapabilitySet(capability.mask)) return capability.name;
-  }
-  return Kind::kNone;
+  if (const char* const name = firstNameIn(Kind::kFirst, *this)) return name;
+  const char* const name = firstNameIn(Kind::kListed, *this);
+  return name ? name : Kind::kNone;
 }
 
 template <typename Kind>

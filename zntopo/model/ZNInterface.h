@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "zntopo/core/ZNRefPtr.h"
+#include "zntopo/model/CapabilityBits.h"
 #include "zntopo/model/IFProperty.h"
 #include "zntopo/model/ZNConnData.h"
 #include "zntopo/model/ZNEntity.h"
@@ -79,22 +80,22 @@ class ZNTOPO_EXPORT ZNInterface : public ZNEntity {
   ZNTopoAPIStatus setIfAdminStatus(IfAdminStatus newStatus, bool updateDB);
   ZNTopoAPIStatus setIfOperStatus(IfOperStatus newStatus, bool updateDB);
 
-  bool isAccessPort() const { return has(0x1); }
-  bool isConnectedByL2Link() const { return has(0x2); }
-  bool isATM() const { return has(0x8); }
-  bool isHSRP() const { return has(0x10); }
-  bool isFrameRelay() const { return has(0x20); }
-  bool isCDP() const { return has(0x40); }
-  bool isBGP() const { return has(0x80); }
-  bool isOSPF() const { return has(0x100); }
-  bool isSTP() const { return has(0x200); }
-  bool isVRRP() const { return has(0x400); }
-  bool isWireless() const { return has(0x800); }
-  bool isSONET() const { return has(0x1000); }
-  bool isDS1() const { return has(0x8000); }
-  bool isDS3() const { return has(0x10000); }
-  bool isMPLS() const { return has(0x20000); }
-  bool isMeshInterface() const { return has(0x100000); }
+  bool isAccessPort() const { return has(InterfaceCapability::AccessPort); }
+  bool isConnectedByL2Link() const { return has(InterfaceCapability::L2Connected); }
+  bool isATM() const { return has(InterfaceCapability::ATM); }
+  bool isHSRP() const { return has(InterfaceCapability::HSRP); }
+  bool isFrameRelay() const { return has(InterfaceCapability::FrameRelay); }
+  bool isCDP() const { return has(InterfaceCapability::CDP); }
+  bool isBGP() const { return has(InterfaceCapability::BGP); }
+  bool isOSPF() const { return has(InterfaceCapability::OSPF); }
+  bool isSTP() const { return has(InterfaceCapability::STP); }
+  bool isVRRP() const { return has(InterfaceCapability::VRRP); }
+  bool isWireless() const { return has(InterfaceCapability::Wireless); }
+  bool isSONET() const { return has(InterfaceCapability::SONET); }
+  bool isDS1() const { return has(InterfaceCapability::DS1); }
+  bool isDS3() const { return has(InterfaceCapability::DS3); }
+  bool isMPLS() const { return has(InterfaceCapability::MPLS); }
+  bool isMeshInterface() const { return has(InterfaceCapability::MeshInterface); }
   std::vector<ZNCapability> getCapabilityList() const;
   bool isInHSRP() const;
   /// The HSRP groups that this interface serves in. Asks the store as long as there are none.

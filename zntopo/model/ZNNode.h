@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "zntopo/core/ZNRefPtr.h"
+#include "zntopo/model/CapabilityBits.h"
 #include "zntopo/model/NodeProperty.h"
 #include "zntopo/model/ZNConnData.h"
 #include "zntopo/model/ZNEntity.h"
@@ -78,29 +79,29 @@ class ZNTOPO_EXPORT ZNNode : public ZNEntity {
   const std::string& getSysContact() const { return myNodeProperty.sysContact; }
   const std::string& getSysLocation() const { return myNodeProperty.sysLocation; }
 
-  bool isSwitch() const { return has(0x1); }
-  bool isIPv4Router() const { return has(0x2); }
-  bool isIPv6Router() const { return has(0x4); }
-  bool isRouter() const { return has(0x4 | 0x2); }
-  bool isATM() const { return has(0x8); }
-  bool isHSRP() const { return has(0x10); }
-  bool isFrameRelay() const { return has(0x20); }
-  bool isCDP() const { return has(0x40); }
-  bool isBGP() const { return has(0x80); }
-  bool isOSPF() const { return has(0x100); }
-  bool isSTP() const { return has(0x200); }
-  bool isVRRP() const { return has(0x400); }
-  bool isWireless() const { return has(0x800); }
-  bool isSonet() const { return has(0x1000); }
-  bool isRMON() const { return has(0x2000); }
-  bool isRMON2() const { return has(0x4000); }
-  bool isDS1() const { return has(0x8000); }
-  bool isDS3() const { return has(0x10000); }
-  bool isMPLS() const { return has(0x20000); }
-  bool isMultiHome() const { return has(0x40000); }
-  bool isSnmpSupported() const { return has(0x200000); }
+  bool isSwitch() const { return has(NodeCapability::LanSwitch); }
+  bool isIPv4Router() const { return has(NodeCapability::IPv4Router); }
+  bool isIPv6Router() const { return has(NodeCapability::IPv6Router); }
+  bool isRouter() const { return has(NodeCapability::IPv6Router | NodeCapability::IPv4Router); }
+  bool isATM() const { return has(NodeCapability::ATM); }
+  bool isHSRP() const { return has(NodeCapability::HSRP); }
+  bool isFrameRelay() const { return has(NodeCapability::FrameRelay); }
+  bool isCDP() const { return has(NodeCapability::CDP); }
+  bool isBGP() const { return has(NodeCapability::BGP); }
+  bool isOSPF() const { return has(NodeCapability::OSPF); }
+  bool isSTP() const { return has(NodeCapability::STP); }
+  bool isVRRP() const { return has(NodeCapability::VRRP); }
+  bool isWireless() const { return has(NodeCapability::Wireless); }
+  bool isSonet() const { return has(NodeCapability::SONET); }
+  bool isRMON() const { return has(NodeCapability::RMON); }
+  bool isRMON2() const { return has(NodeCapability::RMON2); }
+  bool isDS1() const { return has(NodeCapability::DS1); }
+  bool isDS3() const { return has(NodeCapability::DS3); }
+  bool isMPLS() const { return has(NodeCapability::MPLS); }
+  bool isMultiHome() const { return has(NodeCapability::MultiHome); }
+  bool isSnmpSupported() const { return has(NodeCapability::SnmpSupported); }
   /// True for each IPv6 router, too.
-  bool isManageable() const { return has(0x80000 | 0x4); }
+  bool isManageable() const { return has(NodeCapability::Manageable | NodeCapability::IPv6Router); }
   bool isRelay() const { return isSwitch() || isRouter(); }
 
   const ZNNodeCapabilitySet& getNodeCapabilitySet() const { return myNodeProperty.capabilitySet; }

@@ -2,35 +2,31 @@
 
 #include <cstring>
 
+#include "zntopo/api/detail/CapabilityColumns.h"
 #include "zntopo/api/detail/RowValues.h"
 
 namespace zntopo::detail {
 
 namespace {
 
-struct Capability {
-  InterfaceColumn column;
-  unsigned long mask;
+constexpr CapabilityColumn kCapabilityColumns[] = {
+    whenNonZero(IF_isAccessPort, InterfaceCapability::AccessPort),
+    whenNonZero(IF_isL2Connected, InterfaceCapability::L2Connected),
+    whenNonZero(IF_isATM, InterfaceCapability::ATM),
+    whenNonZero(IF_isHSRP, InterfaceCapability::HSRP),
+    whenNonZero(IF_isFrameRelay, InterfaceCapability::FrameRelay),
+    whenNonZero(IF_isCDP, InterfaceCapability::CDP),
+    whenNonZero(IF_isBGP, InterfaceCapability::BGP),
+    whenNonZero(IF_isOSPF, InterfaceCapability::OSPF),
+    whenNonZero(IF_isSTP, InterfaceCapability::STP),
+    whenNonZero(IF_isVRRP, InterfaceCapability::VRRP),
+    whenNonZero(IF_isWireless, InterfaceCapability::Wireless),
+    whenNonZero(IF_isSONET, InterfaceCapability::SONET),
+    whenNonZero(IF_isDS1, InterfaceCapability::DS1),
+    whenNonZero(IF_isDS3, InterfaceCapability::DS3),
+    whenNonZero(IF_isMPLS, InterfaceCapability::MPLS),
+    whenNonZero(IF_isMeshInterface, InterfaceCapability::MeshInterface),
 };
-
-constexpr Capability kCapabilities[] = {
-    {IF_isAccessPort, 0x1},  {IF_isL2Connected, 0x2},
-    {IF_isATM, 0x8},         {IF_isHSRP, 0x10},
-    {IF_isFrameRelay, 0x20}, {IF_isCDP, 0x40},
-    {IF_isBGP, 0x80},        {IF_isOSPF, 0x100},
-    {IF_isSTP, 0x200},       {IF_isVRRP, 0x400},
-    {IF_isWireless, 0x800},  {IF_isSONET, 0x1000},
-    {IF_isDS1, 0x8000},      {IF_isDS3, 0x10000},
-    {IF_isMPLS, 0x20000},    {IF_isMeshInterface, 0x100000},
-};
-
-unsigned long capabilityMask(const Row& row) {
-  unsigned long capaMask = 0;
-  for (const Capability& capability : kCapabilities) {
-    if (presentInt(row, capability.column) != 0) capaMask |= capability.mask;
-  }
-  return capaMask;
-}
 
 /// Three characters and a terminator at most; the column's buffer is no wider.
 void copyNumber(char (&number)[4], const Row& row, InterfaceColumn column) {
@@ -47,7 +43,7 @@ IFProperty propertyFromRow(const Row& row) {
   property.vpi = static_cast<short>(presentInt(row, IF_Vpi, property.vpi));
   property.vci = static_cast<short>(presentInt(row, IF_Vci, property.vci));
   property.L2DomainID = static_cast<short>(presentInt(row, IF_L2DomainId, property.L2DomainID));
-  property.capaSet = ZNInterfaceCapabilitySet(capabilityMask(row));
+  property.capaSet = ZNInterfaceCapabilitySet(capabilityMask(row, kCapabilityColumns));
   property.ifType = static_cast<short>(presentInt(row, IF_IfType, property.ifType));
   property.ifName = presentText(row, IF_IfName, "-");
   property.ifAlias = presentText(row, IF_IfAlias, "-");

@@ -6,17 +6,6 @@ namespace zntopo::detail {
 
 namespace {
 
-ZNNodeCapabilitySet capabilitiesOf(const Row& row) {
-  unsigned long mask = 0;
-  for (const NodeCapabilityBit& bit : kNodeCapabilityBits) {
-    const int value = row.integer(bit.column);
-    if (row.isPresent(bit.column) && (value >= 1 || (bit.countsNegative && value != 0))) {
-      mask |= bit.mask;
-    }
-  }
-  return ZNNodeCapabilitySet(mask);
-}
-
 ZNRefPtr<InetAddressIPv4> managementAddressOf(const Row& row, TopoDBType dbType) {
   std::string address = "-";
   std::string publicAddress = "-";
@@ -30,7 +19,7 @@ ZNRefPtr<InetAddressIPv4> managementAddressOf(const Row& row, TopoDBType dbType)
 
 NodeProperty propertyOf(const Row& row, TopoDBType dbType) {
   NodeProperty property;
-  property.capabilitySet = capabilitiesOf(row);
+  property.capabilitySet = ZNNodeCapabilitySet(capabilityMask(row, kNodeCapabilityColumns));
   property.entityOid = row.text(N_SysOID);
   property.V4MgmtAddress = managementAddressOf(row, dbType);
   property.sysContact = row.text(N_sysContact);

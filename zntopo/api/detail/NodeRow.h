@@ -1,5 +1,6 @@
 #pragma once
 
+#include "zntopo/api/detail/CapabilityColumns.h"
 #include "zntopo/core/ZNRefPtr.h"
 #include "zntopo/model/TopoDBType.h"
 #include "zntopo/model/ZNNode.h"
@@ -55,7 +56,8 @@ enum NodeColumn : int {
   N_isWireless,
   N_sysContact,
   N_sysLocation,
-  N_isSNMPSupported
+  N_isSNMPSupported,
+  NODE_COLUMN_COUNT
 };
 
 inline constexpr Column kNodeColumns[] = {
@@ -104,23 +106,31 @@ inline constexpr Column kNodeColumns[] = {
     textColumn("sysLocation", 129),
     intColumn("isSNMPSupported"),
 };
+static_assert(sizeof(kNodeColumns) / sizeof(Column) == NODE_COLUMN_COUNT);
 
-/// A capability of nodes: the column that tells it and its bit.
-struct NodeCapabilityBit {
-  NodeColumn column;
-  unsigned long mask;
-  /// Negative values set the bit, too.
-  bool countsNegative = false;
-};
-
-inline constexpr NodeCapabilityBit kNodeCapabilityBits[] = {
-    {N_isLanSwitch, 0x1},     {N_isIPV4Router, 0x2},     {N_isIPV6Router, 0x4},
-    {N_isATM, 0x8},           {N_isHSRP, 0x10, true},    {N_isFrameRelay, 0x20},
-    {N_isCDP, 0x40},          {N_isBGP, 0x80},           {N_isOSPF, 0x100},
-    {N_isSTP, 0x200},         {N_isVRRP, 0x400},         {N_isWireless, 0x800},
-    {N_isSONET, 0x1000},      {N_isRMON, 0x2000},        {N_isRMON2, 0x4000},
-    {N_isDS1, 0x8000},        {N_isDS3, 0x10000},        {N_isMPLS, 0x20000},
-    {N_isMultiHome, 0x40000}, {N_isManageable, 0x80000}, {N_isSNMPSupported, 0x200000},
+/// What makes the mask of a node's capabilities.
+inline constexpr CapabilityColumn kNodeCapabilityColumns[] = {
+    whenPositive(N_isLanSwitch, NodeCapability::LanSwitch),
+    whenPositive(N_isIPV4Router, NodeCapability::IPv4Router),
+    whenPositive(N_isIPV6Router, NodeCapability::IPv6Router),
+    whenPositive(N_isATM, NodeCapability::ATM),
+    whenNonZero(N_isHSRP, NodeCapability::HSRP),
+    whenPositive(N_isFrameRelay, NodeCapability::FrameRelay),
+    whenPositive(N_isCDP, NodeCapability::CDP),
+    whenPositive(N_isBGP, NodeCapability::BGP),
+    whenPositive(N_isOSPF, NodeCapability::OSPF),
+    whenPositive(N_isSTP, NodeCapability::STP),
+    whenPositive(N_isVRRP, NodeCapability::VRRP),
+    whenPositive(N_isWireless, NodeCapability::Wireless),
+    whenPositive(N_isSONET, NodeCapability::SONET),
+    whenPositive(N_isRMON, NodeCapability::RMON),
+    whenPositive(N_isRMON2, NodeCapability::RMON2),
+    whenPositive(N_isDS1, NodeCapability::DS1),
+    whenPositive(N_isDS3, NodeCapability::DS3),
+    whenPositive(N_isMPLS, NodeCapability::MPLS),
+    whenPositive(N_isMultiHome, NodeCapability::MultiHome),
+    whenPositive(N_isManageable, NodeCapability::Manageable),
+    whenPositive(N_isSNMPSupported, NodeCapability::SnmpSupported),
 };
 
 /// True if what a node can't do without is there.
