@@ -55,25 +55,11 @@ IFProperty propertyFromRow(const Row& row) {
   return property;
 }
 
-ZNEntity entityFromRow(const Row& row, TopoDBType dbType) {
-  return ZNEntity(ObjID(row.text(IF_ObjId)), presentText(row, IF_ZoneNumber),
-                  presentID(row, IF_QRMObjId), row.text(IF_EntityName),
-                  presentText(row, IF_Description), E_Interface, presentStatus(row, IF_Status),
-                  presentStatus(row, IF_V6CompoundStatus), presentStatus(row, IF_V6GlobalStatus),
-                  presentStatus(row, IF_V6SiteStatus), presentInt(row, IF_CreateTimeUTC),
-                  presentInt(row, IF_ChangeTimeUTC), presentInt(row, IF_StatusChangeTimeUTC),
-                  presentInt(row, IF_routeDistinguisher), ipLevelOf(row, IF_IPLevel), dbType);
-}
-
 }  // namespace
 
-bool hasCriticalInterfaceData(const Row& row) {
-  return row.isPresent(IF_ObjId) && row.isPresent(IF_EntityName) && row.isPresent(IF_IPLevel);
-}
-
 ZNRefPtr<ZNInterface> interfaceFromRow(const Row& row, TopoDBType dbType) {
-  ZNRefPtr<ZNInterface> interface(
-      new ZNInterface(entityFromRow(row, dbType), propertyFromRow(row)));
+  ZNRefPtr<ZNInterface> interface(new ZNInterface(
+      entityFromRow(row, kInterfaceEntityColumns, E_Interface, dbType), propertyFromRow(row)));
   interface->setPartOf(
       AssEndPoint(presentText(row, IF_nodeName, "UNKNOWN"), presentID(row, IF_NodeObjID), E_Node));
   return interface;

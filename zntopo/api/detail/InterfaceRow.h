@@ -1,5 +1,6 @@
 #pragma once
 
+#include "zntopo/api/detail/EntityRow.h"
 #include "zntopo/core/ZNRefPtr.h"
 #include "zntopo/model/TopoDBType.h"
 #include "zntopo/model/ZNInterface.h"
@@ -119,9 +120,28 @@ inline constexpr Column kInterfaceColumns[] = {
 };
 static_assert(sizeof(kInterfaceColumns) / sizeof(Column) == INTERFACE_COLUMN_COUNT);
 
-/// True if the row has what no interface can be without.
-bool hasCriticalInterfaceData(const Row& row);
-/// The interface of a row, its parent set.
+/// What an interface has in common with other entities.
+inline constexpr EntityColumns kInterfaceEntityColumns = {
+    .objID = IF_ObjId,
+    .name = IF_EntityName,
+    .ipLevel = IF_IPLevel,
+    .zoneNumber = IF_ZoneNumber,
+    .qrmObjID = IF_QRMObjId,
+    .description = IF_Description,
+    .status = IF_Status,
+    .v6CompoundStatus = IF_V6CompoundStatus,
+    .v6GlobalStatus = IF_V6GlobalStatus,
+    .v6SiteStatus = IF_V6SiteStatus,
+    .createTime = IF_CreateTimeUTC,
+    .changeTime = IF_ChangeTimeUTC,
+    .statusChangeTime = IF_StatusChangeTimeUTC,
+    .routeDistinguisher = IF_routeDistinguisher,
+    .hasDynamicProperty = IF_hasDynamicProperty,
+    .hasAddress = IF_hasAddress,
+    .refusal = "Unable to create Interface!\n",
+};
+
+/// The interface of a complete row, its parent set.
 ZNRefPtr<ZNInterface> interfaceFromRow(const Row& row, TopoDBType dbType);
 
 }  // namespace zntopo::detail

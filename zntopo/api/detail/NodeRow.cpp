@@ -31,24 +31,11 @@ NodeProperty propertyOf(const Row& row, TopoDBType dbType) {
   return property;
 }
 
-ZNEntity entityOf(const Row& row, TopoDBType dbType) {
-  return ZNEntity(row.text(N_ObjId), row.text(N_ZoneNumber), presentID(row, N_QRMObjId, ObjID(0)),
-                  row.text(N_EntityName), row.text(N_Description), E_Node,
-                  presentStatus(row, N_Status), presentStatus(row, N_V6CompoundStatus),
-                  presentStatus(row, N_V6GlobalStatus), presentStatus(row, N_V6SiteStatus),
-                  row.integer(N_CreateTimeUTC), row.integer(N_ChangeTimeUTC),
-                  row.integer(N_StatusChangeTimeUTC), row.integer(N_V4ManagementAddressRD),
-                  ipLevelOf(row, N_IPLevel), dbType);
-}
-
 }  // namespace
 
-bool isNodeRowComplete(const Row& row) {
-  return row.isPresent(N_ObjId) && row.isPresent(N_EntityName) && row.isPresent(N_IPLevel);
-}
-
-ZNRefPtr<ZNNode> makeNode(const Row& row, TopoDBType dbType) {
-  ZNRefPtr<ZNNode> node(new ZNNode(entityOf(row, dbType), propertyOf(row, dbType)));
+ZNRefPtr<ZNNode> nodeFromRow(const Row& row, TopoDBType dbType) {
+  ZNRefPtr<ZNNode> node(
+      new ZNNode(entityFromRow(row, kNodeEntityColumns, E_Node, dbType), propertyOf(row, dbType)));
   // A copied entity has no parent: it is set on the node itself.
   node->setPartOf(AssEndPoint("UNKNOWN", ObjID(), E_Unknown));
   return node;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "zntopo/api/detail/CapabilityColumns.h"
+#include "zntopo/api/detail/EntityRow.h"
 #include "zntopo/core/ZNRefPtr.h"
 #include "zntopo/model/TopoDBType.h"
 #include "zntopo/model/ZNNode.h"
@@ -133,10 +134,27 @@ inline constexpr CapabilityColumn kNodeCapabilityColumns[] = {
     whenPositive(N_isSNMPSupported, NodeCapability::SnmpSupported),
 };
 
-/// True if what a node can't do without is there.
-bool isNodeRowComplete(const Row& row);
+/// What a node has in common with other entities. Its addresses hang on its interfaces.
+inline constexpr EntityColumns kNodeEntityColumns = {
+    .objID = N_ObjId,
+    .name = N_EntityName,
+    .ipLevel = N_IPLevel,
+    .zoneNumber = N_ZoneNumber,
+    .qrmObjID = N_QRMObjId,
+    .description = N_Description,
+    .status = N_Status,
+    .v6CompoundStatus = N_V6CompoundStatus,
+    .v6GlobalStatus = N_V6GlobalStatus,
+    .v6SiteStatus = N_V6SiteStatus,
+    .createTime = N_CreateTimeUTC,
+    .changeTime = N_ChangeTimeUTC,
+    .statusChangeTime = N_StatusChangeTimeUTC,
+    .routeDistinguisher = N_V4ManagementAddressRD,
+    .hasDynamicProperty = N_hasDynamicProperty,
+    .absentQRMObjID = 0,
+};
 
 /// The node of a complete row, with nothing hanging on it yet.
-ZNRefPtr<ZNNode> makeNode(const Row& row, TopoDBType dbType);
+ZNRefPtr<ZNNode> nodeFromRow(const Row& row, TopoDBType dbType);
 
 }  // namespace zntopo::detail
