@@ -3,7 +3,10 @@
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/api/detail/AddressRow.h"
 #include "zntopo/api/detail/AddressSql.h"
+#include "zntopo/api/detail/CachedObjects.h"
 #include "zntopo/api/detail/Grouping.h"
+#include "zntopo/api/detail/ReadColumn.h"
+#include "zntopo/api/detail/SingleObject.h"
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/detail/Failure.h"
 #include "zntopo/core/detail/OperationScope.h"
@@ -22,16 +25,37 @@ constexpr AccessTexts kAddressTexts = {
     .column = {ZN_API_ADDR_QUERY_FAILURE, "Problem binding values for Address"},
 };
 
-constexpr Column kObjIDColumns[] = {textColumn("ObjID", 66)};
-constexpr AccessTexts kObjIDTexts = {
-    .column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for getObjIDs:", true},
-    .exec = {ZN_API_SQL_EXEC_ERROR, "Problem Executing SQL Command:", true},
+// A failure of the read stays as it is.
+constexpr detail::SingleObjectTexts kByObjID = {.nullID = "Received a NULL Address ID as Input.",
+                                                .afterID = " is not a valid Address ID"};
+
+// The null identifier, too, is asked of the store.
+constexpr detail::CachedKind<ZNAddress> kCachedByID = {
+    .inCache = &ZNTopoCache::inAddressIDCache, .use = &ZNTopoCache::useAddress, .countsNull = true};
+constexpr detail::CachedKind<ZNAddress> kCachedByQRMID = {
+    .inCache = &ZNTopoCache::inAddressQRMIDCache, .use = &ZNTopoCache::useAddress};
+
+constexpr detail::ColumnQuery kObjIDQuery = {
+    .column = textColumn("ObjID", 66),
+    .texts = {.column = {ZN_API_SQL_BIND_COLUMN_ERROR,
+                         "Problem binding values for getObjIDs:", true},
+              .exec = {ZN_API_SQL_EXEC_ERROR, "Problem Executing SQL Command:", true}},
+    .nullLine = "Found Null data in retrieval of getObjIDs\n",
 };
 
-constexpr Column kDnsNameColumns[] = {textColumn("DNSName", 257)};
-constexpr AccessTexts kDnsNameTexts = {
-    .column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for resolveIPv6ToDNS"},
+constexpr detail::ColumnQuery kDnsNameQuery = {
+    .column = textColumn("DNSName", 257),
+    .texts = {.column = {ZN_API_SQL_BIND_COLUMN_ERROR,
+                         "Problem binding values for resolveIPv6ToDNS"}},
+    .nullLine = "Found Null data in retrieval of resolveIPv6ToDNS\n",
 };
+
+/// The texts of identifiers, sorted and each once, as the statement has them.
+std::set<std::string> textsOf(const std::list<ObjID>& ids) {
+  std::set<std::string> texts;
+  for (const ObjID& id : ids) texts.insert(id.getStrValue());
+  return texts;
+}
 
 /// Narrows an address that was found by an identifier to a monitored one.
 ZNRefPtr<MonitoredInetAddressIPv6> monitoredOnly(const ZNRefPtr<ZNAddress>& address,
@@ -85,18 +109,9 @@ ZNTopoAPI_Impl::OwnedAddressVector ZNTopoAPI_Impl::getAddrsByObjIDs(
       theStatus.setStatus(ZN_API_EMPTY_OBJID_LIST);
       return theAddresses;
     }
-    std::set<std::string> missing;
-    for (const ObjID& id : theAddrObjIDs) {
-      ZNRefPtr<ZNAddress> cached;
-      if (cache()->inAddressIDCache(id, cached)) {
-        theAddresses->push_back(cached);
-        useAddress(cached);
-      } else {
-        missing.insert(id.getStrValue());
-      }
-    }
+    const auto missing = detail::takeCached(*cache(), kCachedByID, theAddrObjIDs, *theAddresses);
     if (missing.empty()) return theAddresses;
-    theWhereClause = detail::addressesByIDs(missing);
+    theWhereClause = detail::addressesByIDs(textsOf(missing));
   }
   const auto read = getAddressesByWhereClause(theWhereClause, "", theStatus);
   if (theStatus.getStatus() == ZN_API_ADDR_QUERY_FAILURE) {
@@ -111,16 +126,9 @@ ZNRefPtr<ZNAddress> ZNTopoAPI_Impl::getAddressByObjID(const ObjID& theObjID,
                                                       ZNTopoAPIStatus& theStatus) {
   const detail::OperationScope scope("getAddressByObjID");
   theStatus.reset();
-  if (theObjID.isNull()) {
-    detail::setFailure(theStatus, ZN_API_INVALID_ID, "Received a NULL Address ID as Input.");
-    return {};
-  }
-  const auto found = getAddrsByObjIDs({theObjID}, theStatus, false, ZNAddress::IPv4);
-  if (!theStatus.isOK()) return {};
-  if (!found->empty()) return found->front();
-  detail::setFailure(theStatus, ZN_API_INVALID_ID,
-                     theObjID.getStrValue() + " is not a valid Address ID");
-  return {};
+  return detail::singleObject(theObjID, kByObjID, theStatus, [&] {
+    return getAddrsByObjIDs({theObjID}, theStatus, false, ZNAddress::IPv4);
+  });
 }
 
 ZNRefPtr<ZNAddress> ZNTopoAPI_Impl::getAddressByQRMObjID(const ObjID& theQRMObjID,
@@ -133,10 +141,7 @@ ZNRefPtr<ZNAddress> ZNTopoAPI_Impl::getAddressByQRMObjID(const ObjID& theQRMObjI
     return {};
   }
   ZNRefPtr<ZNAddress> cached;
-  if (cache()->inAddressQRMIDCache(theQRMObjID, cached)) {
-    useAddress(cached);
-    return cached;
-  }
+  if (detail::useCached(*cache(), kCachedByQRMID, theQRMObjID, cached)) return cached;
   const auto found = getAddressesByWhereClause(detail::addressByQRMID(theQRMObjID), "", theStatus);
   if (theStatus.getStatus() == ZN_API_ADDR_QUERY_FAILURE) {
     detail::setFailure(theStatus, ZN_API_ADDR_QUERY_FAILURE, "QRMObjiId not found in database.");
@@ -186,39 +191,21 @@ ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getObjIDs(const std::string& sql,
                                                       ZNTopoAPIStatus& theStatus) {
   const detail::OperationScope scope("getObjIDs");
   theStatus.reset();
-  auto theIDs = std::make_unique<std::list<ObjID>>();
-  runQuery(sql, kObjIDColumns, kObjIDTexts, theStatus, [&](const Row& row) {
-    if (row.isPresent(0)) {
-      theIDs->push_back(ObjID(row.text(0)));
-    } else {
-      MCLog::log(MC_INFO, "Found Null data in retrieval of getObjIDs\n");
-    }
-    return true;
-  });
-  return theIDs;
+  return detail::readColumn<ObjID>(sql, kObjIDQuery, theStatus);
 }
 
 std::unique_ptr<std::list<std::string>> ZNTopoAPI_Impl::resolveIPv6ToDNS(
     const ObjID& theObjID, ZNTopoAPIStatus& theStatus) {
   const detail::OperationScope scope("resolveIPv6ToDNS");
   theStatus.reset();
-  auto theNames = std::make_unique<std::list<std::string>>();
-  if (!validate(theStatus)) return theNames;
+  if (!validate(theStatus)) return std::make_unique<std::list<std::string>>();
   if (theObjID.isNull()) {
     detail::setFailure(theStatus, ZN_API_INVALID_ID, "Received a NULL Object ID as Input.");
-    return theNames;
+    return std::make_unique<std::list<std::string>>();
   }
   const std::string sql = detail::dnsNamesSql(*this, theObjID);
   MCLog::log(MC_INFO, "resolveIPv6ToDNS SQL string: %s\n", sql.c_str());
-  runQuery(sql, kDnsNameColumns, kDnsNameTexts, theStatus, [&](const Row& row) {
-    if (row.isPresent(0)) {
-      theNames->push_back(row.text(0));
-    } else {
-      MCLog::log(MC_INFO, "Found Null data in retrieval of resolveIPv6ToDNS\n");
-    }
-    return true;
-  });
-  return theNames;
+  return detail::readColumn<std::string>(sql, kDnsNameQuery, theStatus);
 }
 
 ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getInetAddressIPv6IDsFromDNSExpression(

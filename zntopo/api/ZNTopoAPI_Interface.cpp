@@ -3,9 +3,12 @@
 
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/api/detail/Batches.h"
+#include "zntopo/api/detail/CachedObjects.h"
 #include "zntopo/api/detail/Grouping.h"
 #include "zntopo/api/detail/InterfaceSql.h"
 #include "zntopo/api/detail/NotDelivered.h"
+#include "zntopo/api/detail/ReadColumn.h"
+#include "zntopo/api/detail/SingleObject.h"
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/detail/Failure.h"
 #include "zntopo/core/detail/LogText.h"
@@ -18,35 +21,22 @@ namespace {
 
 using InterfaceList = std::list<ZNRefPtr<ZNInterface>>;
 
-/// What the lookup by identifier and the one by legacy identifier differ in.
-struct IDKind {
-  bool (ZNTopoCache::*inCache)(const ObjID&, ZNRefPtr<ZNInterface>&) const;
-  const char* cacheName;
-  detail::IDGetter idOf;
-};
+// Whatever kept the interface from being read, the caller is told of the identifier.
+constexpr detail::SingleObjectTexts kByObjID = {.nullID = "Null Interface ID",
+                                                .beforeID = "The ObjID: ",
+                                                .afterID = " is not a valid ObjID in RZ ",
+                                                .replacesFailure = true};
 
-constexpr IDKind kByID = {&ZNTopoCache::inInterfaceIDCache, "CACHE", &ZNEntity::getObjID};
-constexpr IDKind kByQRMID = {&ZNTopoCache::inInterfaceQRMIDCache, "QRM ID CACHE",
-                             &ZNEntity::getQRMObjID};
-
-/// Appends what the cache has, which counts as a use, and gives the identifiers that it lacks.
-std::list<ObjID> takeCached(ZNTopoCache& cache, const IDKind& kind, const std::set<ObjID>& ids,
-                            InterfaceList& found) {
-  std::list<ObjID> missing;
-  for (const ObjID& id : ids) {
-    if (id.isNull()) continue;
-    ZNRefPtr<ZNInterface> cached;
-    if (!(cache.*kind.inCache)(id, cached)) {
-      missing.push_back(id);
-      continue;
-    }
-    MCLog::log(MC_INFO, "FOUND IF = %s IN %s! \n", detail::shown(MC_INFO, id).c_str(),
-               kind.cacheName);
-    cache.useInterface(cached);
-    found.push_back(cached);
-  }
-  return missing;
-}
+constexpr detail::CachedKind<ZNInterface> kCachedByID = {
+    .inCache = &ZNTopoCache::inInterfaceIDCache,
+    .use = &ZNTopoCache::useInterface,
+    .foundLine = "FOUND IF = %s IN CACHE! \n",
+    .idOf = &ZNInterface::getObjID};
+constexpr detail::CachedKind<ZNInterface> kCachedByQRMID = {
+    .inCache = &ZNTopoCache::inInterfaceQRMIDCache,
+    .use = &ZNTopoCache::useInterface,
+    .foundLine = "FOUND IF = %s IN QRM ID CACHE! \n",
+    .idOf = &ZNInterface::getQRMObjID};
 
 std::list<ObjID> withoutNulls(const std::list<ObjID>& ids) {
   std::list<ObjID> kept;
@@ -70,9 +60,9 @@ constexpr AccessTexts kInterfaceIDTexts = {
     .executed = {"Execution done \n"},
 };
 
-constexpr Column kMeshColumns[] = {textColumn("ContainerObjId", 66)};
-constexpr AccessTexts kMeshTexts = {
-    .column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for getMeshID"},
+constexpr detail::ColumnQuery kMeshQuery = {
+    .column = textColumn("ContainerObjId", 66),
+    .texts = {.column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for getMeshID"}},
 };
 
 constexpr Column kContainedColumns[] = {textColumn("ContainedObjId", 66)};
@@ -100,16 +90,10 @@ ZNRefPtr<ZNInterface> ZNTopoAPI_Impl::getInterfaceByObjID(const ObjID& theObjID,
                                                           ZNTopoAPIStatus& theStatus) {
   const detail::OperationScope scope("getInterfaceByObjID");
   theStatus.reset();
-  if (theObjID.isNull()) {
-    detail::setFailure(theStatus, ZN_API_INVALID_ID, "Null Interface ID");
-    return {};
-  }
-  std::set<ObjID> notFoundIDs;
-  const auto found = getInterfacesByObjIDList({theObjID}, notFoundIDs, theStatus, false, false);
-  if (!found->empty()) return found->front();
-  detail::setFailure(theStatus, ZN_API_INVALID_ID,
-                     "The ObjID: " + theObjID.getStrValue() + " is not a valid ObjID in RZ ");
-  return {};
+  return detail::singleObject(theObjID, kByObjID, theStatus, [&] {
+    std::set<ObjID> notFoundIDs;
+    return getInterfacesByObjIDList({theObjID}, notFoundIDs, theStatus, false, false);
+  });
 }
 
 ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByObjIDList(
@@ -153,8 +137,8 @@ ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByObjIDList_Int(
     MCLog::log(MC_CRITICAL, "getInterfacesByObjIDLIst() - empty list ! \n");
     return theList;
   }
-  const IDKind& kind = isQRMID ? kByQRMID : kByID;
-  const std::list<ObjID> ifsToReadFromDB = takeCached(*cache(), kind, theIFIDs, *theList);
+  const auto& kind = isQRMID ? kCachedByQRMID : kCachedByID;
+  const std::list<ObjID> ifsToReadFromDB = detail::takeCached(*cache(), kind, theIFIDs, *theList);
   if (theList->size() == theIFIDs.size()) {
     MCLog::log(MC_INFO, "Found all Interface in cache ! \n");
     return theList;
@@ -234,13 +218,11 @@ ObjID ZNTopoAPI_Impl::getMeshID(ObjID theIFObjID, ZNTopoAPIStatus& theStatus) {
   const detail::OperationScope scope("getMeshID");
   MCLog::log(MC_TRACE_L2, "Entering getMeshID() \n");
   theStatus.reset();
-  ObjID theID;
-  const bool ran = runQuery(detail::meshSql(*this, theIFObjID), kMeshColumns, kMeshTexts, theStatus,
-                            [&](const Row& row) {
-                              if (row.isPresent(0)) theID = ObjID(row.text(0));
-                              return true;
-                            });
-  if (!ran) return theID;
+  const auto ids =
+      detail::readColumn<ObjID>(detail::meshSql(*this, theIFObjID), kMeshQuery, theStatus);
+  // The last one wins.
+  const ObjID theID = ids->empty() ? ObjID() : ids->back();
+  if (!theStatus.isOK()) return theID;
   if (theID.isNull()) {
     MCLog::log(MC_TRACE_L2, "getMeshID():theID is NULL\n");
   } else {
@@ -258,14 +240,10 @@ std::set<ObjID> ZNTopoAPI_Impl::getInterfacesByObjID(const ObjID& theObjID,
   theStatus.reset();
   StoreAccess access(theStatus, kContainedTexts);
   if (!access.isConnected() || !validate(theStatus)) return {};
-  // The result is built from a list of entities that nothing fills, so the set of texts that the
-  // statement gives goes nowhere. Callers live with the empty answer.
-  std::set<std::string> theIFs;
+  // The result is built from a list of entities that nothing fills: what the statement gives goes
+  // nowhere. Callers live with the empty answer.
   access.run(detail::containedInterfacesSql(*this, theObjID), kContainedColumns,
-             [&](const Row& row) {
-               theIFs.insert(row.text(0));
-               return true;
-             });
+             [](const Row& /*row*/) { return true; });
   return {};
 }
 

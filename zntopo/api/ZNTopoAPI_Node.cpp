@@ -1,13 +1,14 @@
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/api/detail/Batches.h"
+#include "zntopo/api/detail/CachedObjects.h"
 #include "zntopo/api/detail/FilterDocument.h"
 #include "zntopo/api/detail/NodeSql.h"
 #include "zntopo/api/detail/NotDelivered.h"
+#include "zntopo/api/detail/ReadColumn.h"
+#include "zntopo/api/detail/SingleObject.h"
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/detail/Failure.h"
-#include "zntopo/core/detail/LogText.h"
 #include "zntopo/core/detail/OperationScope.h"
-#include "zntopo/store/StoreAccess.h"
 
 namespace zntopo {
 
@@ -17,35 +18,35 @@ using detail::setFailure;
 
 namespace {
 
-/// What differs between the two look-ups of one node by an identifier.
-struct SingleNodeTexts {
-  const char* nullID;
-  const char* beforeID;
-  const char* afterID;
-  bool isQRMID;
-};
+// Whatever kept the node from being read, the caller is told of the identifier.
+constexpr detail::SingleObjectTexts kByObjID = {.nullID = "Null Node ID",
+                                                .beforeID = "The ObjID: ",
+                                                .afterID = " is not a valid ObjID in RZ ",
+                                                .replacesFailure = true};
+constexpr detail::SingleObjectTexts kByQRMObjID = {.nullID = "Null QRM Node ID",
+                                                   .beforeID = "The QRMObjID: ",
+                                                   .afterID = " is not a valid QRMObjID in RZ",
+                                                   .replacesFailure = true};
 
-constexpr SingleNodeTexts kByObjID = {"Null Node ID", "The ObjID: ", " is not a valid ObjID in RZ ",
-                                      false};
-constexpr SingleNodeTexts kByQRMObjID = {"Null QRM Node ID",
-                                         "The QRMObjID: ", " is not a valid QRMObjID in RZ", true};
+constexpr detail::CachedKind<ZNNode> kCachedByID = {.inCache = &ZNTopoCache::inNodeIDCache,
+                                                    .use = &ZNTopoCache::useNode,
+                                                    .foundLine = "FOUND Node = %s IN CACHE! \n",
+                                                    .idOf = &ZNNode::getObjID};
+constexpr detail::CachedKind<ZNNode> kCachedByQRMID = {.inCache = &ZNTopoCache::inNodeQRMIDCache,
+                                                       .use = &ZNTopoCache::useNode,
+                                                       .foundLine = "FOUND Node = %s IN CACHE! \n",
+                                                       .idOf = &ZNNode::getQRMObjID};
 
 constexpr char kNoNodeIDs[] = "The NodeObjIDList is empty";
 
-ZNRefPtr<ZNNode> singleNode(ZNTopoAPI_Impl& api, const ObjID& id, const SingleNodeTexts& texts,
+ZNRefPtr<ZNNode> singleNode(ZNTopoAPI_Impl& api, const ObjID& id, bool isQRMID,
                             ZNTopoAPIStatus& status) {
   status.reset();
-  if (id.isNull()) {
-    setFailure(status, ZN_API_INVALID_ID, texts.nullID);
-    return {};
-  }
-  std::set<ObjID> notFound;
-  const auto nodes = api.getNodesByObjIDList({id}, notFound, status, false, texts.isQRMID, false,
-                                             ZNEntity::AllProtocol, -1);
-  if (!nodes->empty()) return nodes->front();
-  // Whatever kept the node from being read, the caller is told of the identifier.
-  setFailure(status, ZN_API_INVALID_ID, texts.beforeID + id.getStrValue() + texts.afterID);
-  return {};
+  return detail::singleObject(id, isQRMID ? kByQRMObjID : kByObjID, status, [&] {
+    std::set<ObjID> notFound;
+    return api.getNodesByObjIDList({id}, notFound, status, false, isQRMID, false,
+                                   ZNEntity::AllProtocol, -1);
+  });
 }
 
 const char* classLabel(NodeNameClass nameClass) {
@@ -80,64 +81,32 @@ ObjID theOnlyID(const std::list<ObjID>& ids, const std::string& name, ZNTopoAPIS
   return {};
 }
 
-/// Hands out what the cache has and tells what it has not.
-class CachedNodes {
- public:
-  CachedNodes(ZNTopoCache& cache, bool isQRMID) : cache_(cache), isQRMID_(isQRMID) {}
-
-  /// Appends the cached nodes to the result and returns the identifiers that are missing.
-  std::list<ObjID> take(const std::set<ObjID>& ids, std::list<ZNRefPtr<ZNNode>>& result) {
-    std::list<ObjID> missing;
-    for (const ObjID& id : ids) {
-      if (id.isNull()) continue;
-      ZNRefPtr<ZNNode> node;
-      if (!isCached(id, node)) {
-        missing.push_back(id);
-        continue;
-      }
-      MCLog::log(MC_INFO, "FOUND Node = %s IN CACHE! \n", detail::shown(MC_INFO, id).c_str());
-      cache_.useNode(node);
-      result.push_back(node);
-    }
-    return missing;
-  }
-
- private:
-  bool isCached(const ObjID& id, ZNRefPtr<ZNNode>& node) const {
-    return isQRMID_ ? cache_.inNodeQRMIDCache(id, node) : cache_.inNodeIDCache(id, node);
-  }
-
-  ZNTopoCache& cache_;
-  const bool isQRMID_;
-};
-
-constexpr Column kIDColumn[] = {textColumn("ObjID", 37)};
-
-constexpr AccessTexts kIDListTexts = {
-    .statement = {.status = ZN_API_SQL_BIND_STATEMENT_ERROR,
-                  .text = "Unable to bind SQL Statement: ",
-                  .withSql = true,
-                  .log = {"Failed to bind SQL Statement \n", MC_MAJOR}},
-    .column = {.status = ZN_API_SQL_BIND_COLUMN_ERROR,
-               .text = "Problem binding values for getObjIDListFromSQL()",
-               .log = {"Problem binding values for", MC_CRITICAL}},
-    .exec = {.status = ZN_API_SQL_EXEC_ERROR,
-             .text = "Problem Executing SQL Command",
-             .log = {"Problem executing SQL Command: %s\n", MC_CRITICAL}},
-    .preparing = {"SQL : %s \n"},
+constexpr detail::ColumnQuery kIDListQuery = {
+    .column = textColumn("ObjID", 37),
+    .texts = {.statement = {.status = ZN_API_SQL_BIND_STATEMENT_ERROR,
+                            .text = "Unable to bind SQL Statement: ",
+                            .withSql = true,
+                            .log = {"Failed to bind SQL Statement \n", MC_MAJOR}},
+              .column = {.status = ZN_API_SQL_BIND_COLUMN_ERROR,
+                         .text = "Problem binding values for getObjIDListFromSQL()",
+                         .log = {"Problem binding values for", MC_CRITICAL}},
+              .exec = {.status = ZN_API_SQL_EXEC_ERROR,
+                       .text = "Problem Executing SQL Command",
+                       .log = {"Problem executing SQL Command: %s\n", MC_CRITICAL}},
+              .preparing = {"SQL : %s \n"}},
 };
 
 }  // namespace
 
 ZNRefPtr<ZNNode> ZNTopoAPI_Impl::getNodeByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus) {
   const OperationScope scope("getNodeByObjID");
-  return singleNode(*this, theObjID, kByObjID, theStatus);
+  return singleNode(*this, theObjID, false, theStatus);
 }
 
 ZNRefPtr<ZNNode> ZNTopoAPI_Impl::getNodeByQRMObjID(const ObjID& theQRMObjID,
                                                    ZNTopoAPIStatus& theStatus) {
   const OperationScope scope("getNodeByQRMObjID");
-  return singleNode(*this, theQRMObjID, kByQRMObjID, theStatus);
+  return singleNode(*this, theQRMObjID, true, theStatus);
 }
 
 ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList(
@@ -176,12 +145,13 @@ ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList_Int(
     setFailure(theStatus, ZN_API_EMPTY_OBJID_LIST, kNoNodeIDs);
     return result;
   }
+  const auto& kind = isQRMID ? kCachedByQRMID : kCachedByID;
   std::string condition;
   if (getAllNodes) {
     MCLog::log(MC_INFO, "RD = %d \n", aRD);
     condition = detail::allNodesCondition(ipLevel, aRD);
   } else {
-    const std::list<ObjID> missing = CachedNodes(*cache(), isQRMID).take(theNodeIDs, *result);
+    const std::list<ObjID> missing = detail::takeCached(*cache(), kind, theNodeIDs, *result);
     if (result->size() == theNodeIDs.size()) {
       MCLog::log(MC_INFO, "Found all node in cache ! \n");
       return result;
@@ -192,9 +162,7 @@ ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList_Int(
   MCLog::log(MC_INFO, "SQL Statement: %s \n", condition.c_str());
   // What was read replaces what the cache had: the cached nodes count as not found.
   result = getNodesByWhere(condition, detail::nodeTables(*this), theStatus, getAllNodes);
-  if (!getAllNodes)
-    theNotFoundIDs = detail::notDelivered(theNodeIDs, *result,
-                                          isQRMID ? &ZNEntity::getQRMObjID : &ZNEntity::getObjID);
+  if (!getAllNodes) theNotFoundIDs = detail::notDelivered(theNodeIDs, *result, kind.idOf);
   MCLog::log(MC_INFO, "The NotFoundID list size = %d\n", static_cast<int>(theNotFoundIDs.size()));
   return result;
 }
@@ -260,12 +228,7 @@ ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getObjIDListFromSQL(const std::strin
                                                                 ZNTopoAPIStatus& theStatus) {
   const OperationScope scope("getObjIDListFromSQL");
   theStatus.reset();
-  auto result = std::make_unique<std::list<ObjID>>();
-  runQuery(theSQL, kIDColumn, kIDListTexts, theStatus, [&](const Row& row) {
-    if (row.isPresent(0)) result->emplace_back(row.text(0));
-    return true;
-  });
-  return result;
+  return detail::readColumn<ObjID>(theSQL, kIDListQuery, theStatus);
 }
 
 }  // namespace zntopo

@@ -3,19 +3,16 @@
 #include <list>
 #include <set>
 
+#include "zntopo/core/ObjID.h"
 #include "zntopo/core/ObjIDLookup.h"
 #include "zntopo/core/ZNRefPtr.h"
-#include "zntopo/model/ZNEntity.h"
 
 namespace zntopo::detail {
 
-/// An object's identifier, or its legacy one.
-using IDGetter = const ObjID& (ZNEntity::*)() const;
-
-/// The identifiers that were asked for and are not among the objects.
+/// The identifiers that were asked for and are not among those that idOf gives of the objects.
 template <typename T>
 std::set<ObjID> notDelivered(const std::set<ObjID>& asked, const std::list<ZNRefPtr<T>>& objects,
-                             IDGetter idOf) {
+                             const ObjID& (T::*idOf)() const) {
   std::set<ObjID> delivered;
   for (const ZNRefPtr<T>& object : objects) {
     const ObjID& id = ((*object).*idOf)();
