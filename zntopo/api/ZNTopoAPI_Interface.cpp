@@ -51,8 +51,9 @@ void logStatus(const ZNTopoAPIStatus& status) {
              status.getAuxMsg().c_str());
 }
 
-enum InterfaceIDColumn : int { IFID_NodeObjID, IFID_ObjID };
+enum InterfaceIDColumn : int { IFID_NodeObjID, IFID_ObjID, INTERFACE_ID_COLUMN_COUNT };
 constexpr Column kInterfaceIDColumns[] = {textColumn("NodeObjID", 37), textColumn("ObjID", 37)};
+static_assert(sizeof(kInterfaceIDColumns) / sizeof(Column) == INTERFACE_ID_COLUMN_COUNT);
 constexpr AccessTexts kInterfaceIDTexts = {
     .column = {ZN_API_SQL_BIND_COLUMN_ERROR,
                "Problem binding values for getInterfaceIDsByNodeObjIDList"},

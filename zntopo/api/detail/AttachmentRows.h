@@ -14,12 +14,21 @@ namespace zntopo::detail {
 
 // ---- user variables ----
 
-enum UserVarColumn : int { U_VarName, U_VarValType, U_StrVal, U_IntVal, U_FloatVal, U_ObjID };
+enum UserVarColumn : int {
+  U_VarName,
+  U_VarValType,
+  U_StrVal,
+  U_IntVal,
+  U_FloatVal,
+  U_ObjID,
+  USER_VAR_COLUMN_COUNT
+};
 
 inline constexpr Column kUserVarColumns[] = {
     textColumn("VarName", 129), intColumn("VarValType"), textColumn("StrVal", 2001),
     intColumn("IntVal"),        floatColumn("FloatVal"), textColumn("ObjID", 37),
 };
+static_assert(sizeof(kUserVarColumns) / sizeof(Column) == USER_VAR_COLUMN_COUNT);
 
 inline constexpr AccessTexts kUserVarTexts = {
     .column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for UserDefVar"},
@@ -31,7 +40,7 @@ void addUserVar(const Row& row, std::vector<UserDefVar>& vars);
 
 // ---- layer-2 connections ----
 
-enum ConnDataColumn : int { C_LeftIF, C_RightIF, C_LeftNode, C_RightNode };
+enum ConnDataColumn : int { C_LeftIF, C_RightIF, C_LeftNode, C_RightNode, CONN_DATA_COLUMN_COUNT };
 
 inline constexpr Column kConnDataColumns[] = {
     textColumn("leftobjid", 37),
@@ -39,6 +48,7 @@ inline constexpr Column kConnDataColumns[] = {
     textColumn("leftifnodeobjid", 37),
     textColumn("rightifnodeobjid", 37),
 };
+static_assert(sizeof(kConnDataColumns) / sizeof(Column) == CONN_DATA_COLUMN_COUNT);
 
 inline constexpr AccessTexts kConnDataTexts = {
     .column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for Layer 2 connectivity"},
@@ -52,12 +62,21 @@ void addConnData(const Row& row, ConnDataMap& map);
 
 // ---- VLANs ----
 
-enum VlanInfoColumn : int { V_Container, V_Contained, V_Node, V_NodeName, V_Port, V_Card };
+enum VlanInfoColumn : int {
+  V_Container,
+  V_Contained,
+  V_Node,
+  V_NodeName,
+  V_Port,
+  V_Card,
+  VLAN_INFO_COLUMN_COUNT
+};
 
 inline constexpr Column kVlanInfoColumns[] = {
     textColumn("ContainerObjID", 37), textColumn("ContainedObjID", 37), textColumn("NodeObjID", 37),
     textColumn("NodeName", 256),      textColumn("VendorPort", 4),      textColumn("VendorCard", 4),
 };
+static_assert(sizeof(kVlanInfoColumns) / sizeof(Column) == VLAN_INFO_COLUMN_COUNT);
 
 inline constexpr AccessTexts kVlanInfoTexts = {
     .column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for VlanInfo"},
@@ -78,7 +97,8 @@ enum IfcInfoColumn : int {
   I_Node,
   I_ContainmentType,
   I_Type,
-  I_Sequence
+  I_Sequence,
+  IFC_INFO_COLUMN_COUNT
 };
 
 inline constexpr Column kIfcInfoColumns[] = {
@@ -89,6 +109,7 @@ inline constexpr Column kIfcInfoColumns[] = {
     intColumn("IFCType"),
     intColumn("SequenceNumber"),
 };
+static_assert(sizeof(kIfcInfoColumns) / sizeof(Column) == IFC_INFO_COLUMN_COUNT);
 
 inline constexpr AccessTexts kIfcInfoTexts = {
     .column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for IfcInfo"},
