@@ -10,8 +10,8 @@ namespace zntopo::test {
 /// Looks at each statement that the library gives to the platform, and lets one of them fail.
 /// The test program is linked so that the statements' operations pass through here.
 ///
-/// How many statements there are is known without it, from StatementCount.h; texts and faults are of
-/// use to tests alone, so the library has no place for them.
+/// How many statements there are is known without it, from StatementCount.h; texts and faults are
+/// of use to tests alone, so the library has no place for them.
 ///
 /// One at a time in a process. What the tests themselves execute is seen as well: make the spy
 /// when the store is filled, or call clear(). Several threads may execute statements meanwhile.
