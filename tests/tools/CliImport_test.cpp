@@ -8,7 +8,9 @@
 namespace zntopo::test {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
 
 using CliImportTest = CliSampleTest;
 
@@ -112,6 +114,59 @@ TEST_P(CliImportTest, HostileNamesThatNobodyHasAreJustNotFound) {
     EXPECT_EQ(result.json()["status"]["name"], "ZN_API_OBJ_NOT_EXIST") << name;
   }
   EXPECT_EQ(dump(), before);
+}
+
+TEST_P(CliImportTest, AFileIsReadAndCountedOnceHoweverOftenItIsNamed) {
+  const auto once = zntopoRun({"import", samplePath(), "--json"}).json();
+  const auto twice = zntopoRun({"import", samplePath(), samplePath("./harbor-campus.rfc8345.json"),
+                                samplePath(), "--json"})
+                         .json();
+  EXPECT_EQ(twice["found"], once["found"]);
+  EXPECT_EQ(twice["rows"], once["rows"]);
+  EXPECT_EQ(twice["notes"], once["notes"]);
+  const std::string copy = write("copy.json", sampleText());
+  EXPECT_EQ(zntopoRun({"import", samplePath(), copy, "--json"}).json()["found"], once["found"]);
+}
+
+TEST_P(CliImportTest, AZoneIsAShortTextWithoutControlCharacters) {
+  const std::string before = dump();
+  for (const std::string& zone :
+       {std::string("a\nb"), std::string("\x1b[2J"), std::string("\xff"), std::string(65, 'z')}) {
+    const CliResult result = zntopoRun({"import", samplePath(), "--zone", zone});
+    EXPECT_EQ(result.status, 2) << zone;
+    EXPECT_THAT(result.err, HasSubstr("--zone: the zone "));
+    EXPECT_THAT(result.err, Not(HasSubstr("\x1b")));
+  }
+  EXPECT_EQ(dump(), before);
+  EXPECT_EQ(zntopoRun({"import", samplePath(), "--zone", std::string(62, 'z') + "\xc3\xa9"}).status,
+            0);
+  EXPECT_THAT(zntopoRun({"import", "--help"}).out, HasSubstr("--zone TEXT  "));
+}
+
+TEST_P(CliImportTest, ErrorsShowNoControlCharacters) {
+  for (const std::string& call :
+       {write("a\x1b[2J\nb.json", "{"), write("c\x1b[2J.graphml", "<graphml><x/>"),
+        write("keys.json", "{\"\\u001b[2J\": 1e999}"), std::string("/nonexistent/\x1b[2J\r")}) {
+    const CliResult result = zntopoRun({"import", call});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.err, HasSubstr("?[2J"));
+    EXPECT_THAT(result.err, Not(testing::ContainsRegex("[\x1b\r]")));
+  }
+  EXPECT_THAT(zntopoRun({"import", "--format", "\x1b[2J", "x"}).err, HasSubstr("?[2J"));
+}
+
+TEST_P(CliImportTest, ATerminalShowsABarThatIsWipedAtTheEnd) {
+  std::string content = "<graphml><graph>";
+  for (int i = 0; i < 6000; ++i) content += "<node id='" + std::to_string(i) + "'/>";
+  const std::string file = write("many.graphml", content + "</graph></graphml>");
+  const CliResult result = zntopoRunOnTerminal({"import", file});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_THAT(result.out, HasSubstr("Found 6000 nodes"));
+  EXPECT_THAT(result.err, HasSubstr("\r\033[KReading " + file + " ["));
+  EXPECT_THAT(result.err, HasSubstr("[" + std::string(30, '#') + "] 100%\r\033[K"));
+  EXPECT_THAT(result.err, HasSubstr("\r\033[KWriting [" + std::string(15, '#') + "....."));
+  EXPECT_THAT(result.err, EndsWith("\r\033[K"));
+  EXPECT_EQ(zntopoRun({"import", file}).err, "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, CliImportTest, testing::ValuesIn(kMainEngines), EngineNames());

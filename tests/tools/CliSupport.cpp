@@ -5,9 +5,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 #include "tests/tools/StoreDump.h"
 
@@ -44,34 +46,92 @@ std::vector<std::string> environmentWith(const std::vector<std::string>& more) {
   return result;
 }
 
-}  // namespace
+/// A folder for the life of this object.
+class Folder {
+ public:
+  Folder() {
+    char name[] = "/tmp/zntopo-cli-XXXXXX";
+    if (!mkdtemp(name)) throw std::runtime_error("no temporary folder");
+    path_ = name;
+  }
+  ~Folder() { std::filesystem::remove_all(path_); }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
 
-CliResult zntopoRun(const std::vector<std::string>& arguments,
-                    const std::vector<std::string>& environment) {
-  char folder[] = "/tmp/zntopo-cli-XXXXXX";
-  if (!mkdtemp(folder)) throw std::runtime_error("no temporary folder");
-  const std::string out = std::string(folder) + "/out";
-  const std::string err = std::string(folder) + "/err";
+  std::string file(const std::string& name) const { return path_ + "/" + name; }
+
+ private:
+  std::string path_;
+};
+
+/// A terminal to which another process can write.
+class Terminal {
+ public:
+  Terminal() : descriptor_(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
+    char name[128] = "";
+    if (descriptor_ < 0 || grantpt(descriptor_) != 0 || unlockpt(descriptor_) != 0 ||
+        ptsname_r(descriptor_, name, sizeof name) != 0) {
+      throw std::runtime_error("no terminal");
+    }
+    name_ = name;
+  }
+  ~Terminal() { close(descriptor_); }
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+
+  const std::string& name() const { return name_; }
+  /// What comes until the last process at the other side has ended.
+  std::string readToEnd() const {
+    std::string result;
+    char block[4096];
+    for (;;) {
+      const ssize_t count = read(descriptor_, block, sizeof block);
+      if (count < 0 && errno == EINTR) continue;
+      if (count <= 0) return result;
+      result.append(block, static_cast<std::size_t>(count));
+    }
+  }
+
+ private:
+  int descriptor_;
+  std::string name_;
+};
+
+/// Starts zntopo with its output and its errors in two files.
+pid_t start(const std::vector<std::string>& arguments, const std::vector<std::string>& environment,
+            const std::string& out, const std::string& err) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
   posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT, 0600);
-  posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT, 0600);
+  posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT | O_NOCTTY, 0600);
   std::vector<std::string> all = {ZNTOPO_CLI};
   all.insert(all.end(), arguments.begin(), arguments.end());
   const std::vector<std::string> variables = environmentWith(environment);
-  CliResult result;
   pid_t child = 0;
-  if (posix_spawn(&child, ZNTOPO_CLI, &actions, nullptr, pointers(all).data(),
-                  pointers(variables).data()) == 0) {
-    int status = 0;
-    waitpid(child, &status, 0);
-    result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  }
+  const int error = posix_spawn(&child, ZNTOPO_CLI, &actions, nullptr, pointers(all).data(),
+                                pointers(variables).data());
   posix_spawn_file_actions_destroy(&actions);
-  result.out = contentOf(out);
-  result.err = contentOf(err);
-  std::filesystem::remove_all(folder);
+  if (error != 0) throw std::runtime_error("zntopo can't be started");
+  return child;
+}
+
+/// The exit status of a process; -1 if a signal ended it.
+int await(pid_t child) {
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+}  // namespace
+
+CliResult zntopoRun(const std::vector<std::string>& arguments,
+                    const std::vector<std::string>& environment) {
+  const Folder folder;
+  CliResult result;
+  result.status = await(start(arguments, environment, folder.file("out"), folder.file("err")));
+  result.out = contentOf(folder.file("out"));
+  result.err = contentOf(folder.file("err"));
   return result;
 }
 
@@ -88,8 +148,19 @@ std::vector<std::string> subcommands() {
   return names;
 }
 
-std::string samplePath() {
-  return std::string(ZNTOPO_SOURCE_DIR) + "/data/networks/harbor-campus.rfc8345.json";
+CliResult zntopoRunOnTerminal(const std::vector<std::string>& arguments) {
+  const Folder folder;
+  const Terminal terminal;
+  CliResult result;
+  const pid_t child = start(arguments, {}, folder.file("out"), terminal.name());
+  result.err = terminal.readToEnd();
+  result.status = await(child);
+  result.out = contentOf(folder.file("out"));
+  return result;
+}
+
+std::string samplePath(const std::string& name) {
+  return std::string(ZNTOPO_SOURCE_DIR) + "/data/networks/" + name;
 }
 
 void CliTest::SetUp() {

@@ -28,11 +28,14 @@ struct CliResult {
 CliResult zntopoRun(const std::vector<std::string>& arguments,
                     const std::vector<std::string>& environment = {});
 
+/// Runs zntopo with a terminal as its standard error, which has carriage returns before line ends.
+CliResult zntopoRunOnTerminal(const std::vector<std::string>& arguments);
+
 /// The names of the subcommands, as the help lists them.
 std::vector<std::string> subcommands();
 
-/// The sample network of this project.
-std::string samplePath();
+/// A sample network of this project.
+std::string samplePath(const std::string& name = "harbor-campus.rfc8345.json");
 
 /// An empty place for a store of an engine, which TV_TOPO_STORE names.
 class CliTest : public testing::TestWithParam<Engine> {

@@ -50,7 +50,8 @@ class Builder {
   void findEnds() {
     std::vector<bool> hasEdge(document_.nodes.size());
     for (const Edge& edge : document_.edges) {
-      ends_.emplace_back(nodeOf(edge.source, edge), nodeOf(edge.target, edge));
+      const std::size_t source = nodeOf(edge.source, edge);
+      ends_.emplace_back(source, nodeOf(edge.target, edge));
       hasEdge[ends_.back().first] = true;
       hasEdge[ends_.back().second] = true;
     }
