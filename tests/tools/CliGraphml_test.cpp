@@ -98,7 +98,8 @@ TEST_P(CliGraphmlTest, AFileOfTheWrongFormatIsRefusedAndTheStoreIsAsBefore) {
       {{"--format", "rfc8345", sample()}, "line 1, column 1"},
       {{write("cut.graphml", "<graphml><graph>\n<node id='0'/>")}, ":2:15: "},
       {{write("dtd.graphml", "<!DOCTYPE graphml SYSTEM 'x.dtd'><graphml/>")}, "<!DOCTYPE"},
-      {{write("edge.graphml", "<graphml><graph>\n\n<edge source='a' target='b'/></graph></graphml>")},
+      {{write("edge.graphml",
+              "<graphml><graph>\n\n<edge source='a' target='b'/></graph></graphml>")},
        ":3:30: has an edge to the node \"a\", which is not there"},
   };
   for (const auto& [arguments, complaint] : calls) {
@@ -117,9 +118,10 @@ TEST_P(CliGraphmlTest, AFileOfTheWrongFormatIsRefusedAndTheStoreIsAsBefore) {
 TEST_P(CliGraphmlTest, HostileLabelsAreImportedAndFoundAgain) {
   for (const std::string& name : {std::string("x'; drop table nwnode; --"), std::string("100%_!"),
                                   std::string("\xe6\xb8\xaf"), std::string(255, 'y')}) {
-    const std::string file =
-        write("hostile.graphml", "<graphml><key id='l' attr.name='label'/><graph><node id='0'>"
-                                 "<data key='l'>" + name + "</data></node></graph></graphml>");
+    const std::string file = write("hostile.graphml",
+                                   "<graphml><key id='l' attr.name='label'/><graph><node id='0'>"
+                                   "<data key='l'>" +
+                                       name + "</data></node></graph></graphml>");
     ASSERT_EQ(zntopoRun({"import", file}).status, 0) << name;
     const CliResult found = zntopoRun({"node", "--json", "--", name});
     EXPECT_EQ(found.status, 0) << name << found.err;

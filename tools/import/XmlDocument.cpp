@@ -39,10 +39,9 @@ class ThrowingPanicHandler : public xml::PanicHandler {
 /// Starts the XML library once for the process, which never stops it.
 void startXml() {
   static const bool isStarted = [] {
-    static ThrowingPanicHandler panicHandler;
+    static auto* const panicHandler = new ThrowingPanicHandler;
     try {
-      xml::XMLPlatformUtils::Initialize(xml::XMLUni::fgXercescDefaultLocale, nullptr,
-                                        &panicHandler);
+      xml::XMLPlatformUtils::Initialize(xml::XMLUni::fgXercescDefaultLocale, nullptr, panicHandler);
     } catch (const xml::XMLException&) {
       throw std::runtime_error("the XML library can't be started");
     }
