@@ -47,16 +47,15 @@ TEST_P(CliGraphmlTest, ImportingTheSameAgainChangesNothing) {
 }
 
 TEST_P(CliGraphmlTest, PathsReadWell) {
-  const CliResult result = zntopoRun({"path", "Outer Stack", "Seal Bay"});
+  const CliResult result = zntopoRun({"path", "Outer Stack", "Northhaven-n1"});
   EXPECT_EQ(result.status, 0) << result.err;
-  EXPECT_EQ(result.out,
-            "NODE         IN              OUT\n"
-            "Outer Stack                  to Gull Rock\n"
-            "Gull Rock    to Outer Stack  to Hub-n3\n"
-            "Hub-n3       xe-0/0/1        xe-0/0/3\n"
-            "Hub-n4       xe-0/0/2        to Seal Bay\n"
-            "Seal Bay     to Hub-n4       to n6 (2)\n"
-            "4 hops\n");
+  // Behind its way in, the last line may show another linked interface of the node.
+  EXPECT_THAT(result.out, testing::StartsWith("NODE           IN                OUT\n"
+                                              "Outer Stack                      to Gull Rock\n"
+                                              "Gull Rock      to Outer Stack    to Northhaven-n0\n"
+                                              "Northhaven-n0  to Gull Rock      to Northhaven-n1\n"
+                                              "Northhaven-n1  to Northhaven-n0"));
+  EXPECT_THAT(result.out, testing::EndsWith("\n3 hops\n"));
 }
 
 TEST_P(CliGraphmlTest, ParallelEdgesAreSeveralLinks) {

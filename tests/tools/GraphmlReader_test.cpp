@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <set>
 
+#include "tests/tools/ReadNetwork.h"
+
 namespace zntopo::tools {
 namespace {
 
@@ -33,25 +35,11 @@ std::string edge(const std::string& source, const std::string& target,
   return "<edge source=\"" + source + "\" target=\"" + target + "\" " + attributes + "/>";
 }
 
-struct Read {
-  NetworkModel model;
-  NetworkReport report;
-
+struct Read : test::ReadNetwork {
   explicit Read(const std::string& content, const std::string& stem = "net") {
     model = readGraphml({"f.graphml", stem, content}, report);
   }
 
-  int counted(const std::string& what) const {
-    for (const auto& note : report.notes()) {
-      if (note.what == what) return note.count;
-    }
-    return 0;
-  }
-  std::vector<std::string> nodeNames() const {
-    std::vector<std::string> names;
-    for (const auto& one : model.nodes) names.push_back(one.name);
-    return names;
-  }
   std::vector<std::string> interfaceNames(std::size_t node) const {
     std::vector<std::string> names;
     for (const auto& one : model.nodes[node].interfaces) names.push_back(one.name);

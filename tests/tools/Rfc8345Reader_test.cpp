@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "tests/tools/ReadNetwork.h"
 #include "tests/tools/TempFile.h"
 
 namespace zntopo::tools {
@@ -64,26 +65,12 @@ std::string link(const std::string& node1, const std::string& tp1, const std::st
 constexpr const char* kL2 = "ietf-l2-topology:l2-topology";
 constexpr const char* kL3 = "ietf-l3-unicast-topology:l3-unicast-topology";
 
-struct Read {
-  NetworkModel model;
-  NetworkReport report;
-
+struct Read : test::ReadNetwork {
   explicit Read(const std::string& content) {
     const TempFile file(content);
     model = readRfc8345(loadInputFile(file.path()), report);
   }
 
-  int counted(const std::string& what) const {
-    for (const auto& note : report.notes()) {
-      if (note.what == what) return note.count;
-    }
-    return 0;
-  }
-  std::vector<std::string> nodeNames() const {
-    std::vector<std::string> names;
-    for (const auto& one : model.nodes) names.push_back(one.name);
-    return names;
-  }
   const NodeModel& node(const std::string& name) const {
     return *std::find_if(model.nodes.begin(), model.nodes.end(),
                          [&](const NodeModel& one) { return one.name == name; });
