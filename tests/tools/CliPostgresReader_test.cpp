@@ -1,0 +1,80 @@
+#include <gmock/gmock.h>
+
+#include "tests/support/PostgresRole.h"
+#include "tests/tools/CliSupport.h"
+
+namespace zntopo::test {
+namespace {
+
+using testing::HasSubstr;
+using Call = std::vector<std::string>;
+
+/// The command in the hands of users who may ask, and of one who may change states too.
+class CliPostgresReaderTest : public CliSampleTest {
+ protected:
+  void SetUp() override {
+    CliSampleTest::SetUp();
+    if (IsSkipped() || HasFatalFailure()) return;
+    makePostgresRoles(store());
+    reader_.emplace("zntopo_reader");
+    writer_.emplace("zntopo_state_writer");
+  }
+
+  /// A call by each of the two.
+  std::vector<CliResult> asBoth(const Call& call) const {
+    std::vector<CliResult> results;
+    for (const PostgresLogin* login : {&*reader_, &*writer_}) {
+      results.push_back(zntopoRun(call, {"TV_TOPO_STORE=" + login->store(store())}));
+    }
+    return results;
+  }
+
+  std::optional<PostgresLogin> reader_;
+  std::optional<PostgresLogin> writer_;
+};
+INSTANTIATE_TEST_SUITE_P(Engines, CliPostgresReaderTest, testing::Values(Engine::Postgres),
+                         EngineNames());
+
+TEST_P(CliPostgresReaderTest, EveryQuestionIsAnsweredAsItIsToTheOwner) {
+  for (const Call& call : std::vector<Call>{{"state", "--json"},
+                                            {"nodes", "--json"},
+                                            {"node", "dist-quay", "--json"},
+                                            {"interfaces", "dist-quay", "--json"},
+                                            {"neighbors", "dist-quay", "--hops", "3", "--json"},
+                                            {"path", "crane-4-plc", "customs-printer", "--json"}}) {
+    const CliResult owner = zntopoRun(call);
+    EXPECT_EQ(owner.status, 0) << call[0] << owner.err;
+    EXPECT_NE(owner.out, "") << call[0];
+    for (const CliResult& result : asBoth(call)) {
+      EXPECT_EQ(result.status, 0) << call[0] << result.err;
+      EXPECT_EQ(result.out, owner.out) << call[0];
+    }
+  }
+}
+
+TEST_P(CliPostgresReaderTest, AnImportIsDeniedAndSaysSo) {
+  const std::string before = dump();
+  for (const CliResult& result : asBoth({"import", samplePath()})) {
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.err, HasSubstr("permission denied"));
+  }
+  EXPECT_EQ(dump(), before);
+}
+
+TEST_P(CliPostgresReaderTest, ANameWithAStatementInItIsAName) {
+  const std::string before = dump();
+  for (const char* name : {"'; DROP TABLE nwnode; --", "x' union select ObjId from nwnode; --",
+                           "x' or lo_create(4711) > 0 or 'x' = '"}) {
+    for (const Call& call : {Call{"node", name}, Call{"neighbors", name}, Call{"interfaces", name},
+                             Call{"path", name, "dist-quay"}}) {
+      for (const CliResult& result : asBoth(call)) {
+        EXPECT_EQ(result.status, 1) << call[0] << " " << name;
+        EXPECT_THAT(result.err, HasSubstr("ZN_API_OBJ_NOT_EXIST")) << call[0] << " " << name;
+      }
+    }
+  }
+  EXPECT_EQ(dump(), before);
+}
+
+}  // namespace
+}  // namespace zntopo::test
