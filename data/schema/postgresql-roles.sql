@@ -17,6 +17,9 @@ DO $$
 DECLARE
   role text;
 BEGIN
+  -- One run at a time in a database.
+  PERFORM pg_advisory_xact_lock(hashtext('zntopo_reader'));
+
   -- Roles belong to the whole server: another database may have them already, or make them now.
   FOREACH role IN ARRAY ARRAY['zntopo_reader', 'zntopo_state_writer'] LOOP
     BEGIN

@@ -61,11 +61,12 @@ class PostgresReaderTest : public ApiTest {
   /// What a smuggled statement would have changed.
   std::string traces() {
     return store
-        ->value("select count(*) || ' nodes, ' || count(SNMPState) || ' changed, ' ||"
-                " (select count(*) from pg_tables where schemaname = 'public') || ' tables, ' ||"
-                " (select count(*) from pg_largeobject_metadata) || ' objects, ' ||"
-                " (select count(*) from pg_class, unnest(relacl) entry"
-                "  where relname = 'nwnode' and entry::text like '=%') || ' grants' from nwnode")
+        ->value(
+            "select count(*) || ' nodes, ' || count(SNMPState) || ' changed, ' ||"
+            " (select count(*) from pg_tables where schemaname = 'public') || ' tables, ' ||"
+            " (select count(*) from pg_largeobject_metadata) || ' objects, ' ||"
+            " (select count(*) from pg_class, unnest(relacl) entry"
+            "  where relname = 'nwnode' and entry::text like '=%') || ' grants' from nwnode")
         .value();
   }
 
@@ -107,8 +108,9 @@ TEST_P(PostgresReaderTest, ASecondStatementInANameIsRefusedAndNotRun) {
 
 TEST_P(PostgresReaderTest, AConditionInANameLeavesNothingBehind) {
   const std::string before = traces();
-  for (const char* name : {"x' or lo_create(4711) > 0 or 'x' = '", "x' or lo_creat(-1) > 0 or 'x' = '",
-                           "x' or lo_from_bytea(4712, 'x') > 0 or 'x' = '"}) {
+  for (const char* name :
+       {"x' or lo_create(4711) > 0 or 'x' = '", "x' or lo_creat(-1) > 0 or 'x' = '",
+        "x' or lo_from_bytea(4712, 'x') > 0 or 'x' = '"}) {
     EXPECT_EQ(nameOf(name), "") << name;
     EXPECT_TRUE(status.getStatus() == ZN_API_SQL_BIND_STATEMENT_ERROR ||
                 status.getStatus() == ZN_API_SQL_EXEC_ERROR)

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <future>
 #include <map>
 #include <set>
 #include <sstream>
@@ -16,24 +17,30 @@ using testing::HasSubstr;
 
 using Columns = std::set<std::string, ColumnNameLess>;
 
-/// The columns that the library writes, in every table that has some; for none but the containers'
-/// associations, of which the plain table is always meant, the set makes a difference.
+/// The columns that the library writes, in every table that has some. Both sets have the same, but
+/// of the containers' associations only the plain table is written.
 const std::map<std::string, Columns>& writtenColumns() {
-  static const Columns kStatus = {"V6CompoundStatus", "V6SiteStatus", "V6GlobalStatus", "Status",
-                                  "StatusChangeTimeUTC"};
   static const auto* const all = new std::map<std::string, Columns>([] {
-    Columns node = kStatus;
+    const Columns status = {"V6CompoundStatus", "V6SiteStatus", "V6GlobalStatus", "Status",
+                            "StatusChangeTimeUTC"};
+    Columns node = status;
     node.insert({"SNMPState", "L2DomainId"});
-    Columns interface = kStatus;
+    Columns interface = status;
     interface.insert({"IfAdminState", "IfOperStatus", "L2DomainId"});
     const Columns group = {"state", "HSRPStateCertainty", "HSRPPriority"};
     return std::map<std::string, Columns>{
-        {"nwentity", kStatus},         {"nwentity_update", kStatus},
-        {"nwnode", node},              {"nwnode_update", node},
-        {"nwinterface", interface},    {"nwinterface_update", interface},
-        {"nwifc", kStatus},            {"nwifc_update", kStatus},
-        {"address", {"PingState"}},    {"address_update", {"PingState"}},
-        {"hsrpaddress", group},        {"hsrpaddress_update", group},
+        {"nwentity", status},
+        {"nwentity_update", status},
+        {"nwnode", node},
+        {"nwnode_update", node},
+        {"nwinterface", interface},
+        {"nwinterface_update", interface},
+        {"nwifc", status},
+        {"nwifc_update", status},
+        {"address", {"PingState"}},
+        {"address_update", {"PingState"}},
+        {"hsrpaddress", group},
+        {"hsrpaddress_update", group},
         {"nwifcasc", {"State", "StateChangeTime"}},
     };
   }());
@@ -106,8 +113,10 @@ class PostgresRolesTest : public testing::Test {
   }
 
   std::vector<std::string> columns(const std::string& table) {
-    return words("select string_agg(column_name, ' ') from information_schema.columns"
-                 " where table_schema = 'public' and table_name = '" + table + "'");
+    return words(
+        "select string_agg(column_name, ' ') from information_schema.columns"
+        " where table_schema = 'public' and table_name = '" +
+        table + "'");
   }
 
   /// Both roles are denied a statement.
@@ -172,8 +181,9 @@ TEST_F(PostgresRolesTest, NeitherLocksATable) {
 }
 
 TEST_F(PostgresRolesTest, NeitherGivesAwayWhatItHas) {
-  const std::string list = "select md5(string_agg(relname || coalesce(relacl::text, ''), ',' order by relname))"
-                           " from pg_class where relnamespace = 'public'::regnamespace";
+  const std::string list =
+      "select md5(string_agg(relname || coalesce(relacl::text, ''), ',' order by relname))"
+      " from pg_class where relnamespace = 'public'::regnamespace";
   const auto before = store_->value(list);
   for (Session* session : {&*asReader_, &*asWriter_}) {
     // A grant of nothing is a warning, no error.
@@ -187,8 +197,8 @@ TEST_F(PostgresRolesTest, NeitherGivesAwayWhatItHas) {
 TEST_F(PostgresRolesTest, NeitherMakesAnything) {
   for (const char* sql :
        {"create table smuggled (a int)", "create temporary table nwnode (a int)",
-        "create schema smuggled", "create view smuggled as select 1",
-        "create sequence smuggled", "create role smuggled", "create database smuggled",
+        "create schema smuggled", "create view smuggled as select 1", "create sequence smuggled",
+        "create role smuggled", "create database smuggled",
         "create function smuggled() returns int language sql as 'select 1'",
         "select lo_create(4711)", "select lo_creat(-1)", "select lo_from_bytea(0, 'x')",
         "copy nwnode to program 'true'", "copy nwnode to '/tmp/zntopo-smuggled'",
@@ -233,7 +243,8 @@ TEST_F(PostgresRolesTest, TheRolesCannotLogInAndOwnNothing) {
                           " or rolreplication or rolbypassrls)"),
             "2");
   EXPECT_EQ(store_->value("select count(*) from pg_class where relowner in"
-                          " (select oid from pg_roles where rolname in " + roles + ")"),
+                          " (select oid from pg_roles where rolname in " +
+                          roles + ")"),
             "0");
 }
 
@@ -280,6 +291,15 @@ TEST_F(PostgresRolesTest, TheStatementsOfStateChangesDoTheirWork) {
   EXPECT_EQ(store_->value("select PingState from address"), "7");
   EXPECT_EQ(store_->value("select HSRPPriority from hsrpaddress"), "7");
   EXPECT_EQ(store_->value("select State from nwifcasc"), "7");
+}
+
+TEST_F(PostgresRolesTest, TheScriptMayRunSeveralTimesAtOnce) {
+  std::vector<std::future<void>> runs;
+  for (int i = 0; i < 4; ++i) {
+    runs.push_back(std::async(std::launch::async, [this] { makePostgresRoles(owners()); }));
+  }
+  for (auto& run : runs) EXPECT_NO_THROW(run.get());
+  EXPECT_EQ(asReader_->answer("select * from nwnode"), "done");
 }
 
 TEST_F(PostgresRolesTest, RunAgainTheScriptTakesBackWhatWasGivenBeside) {
