@@ -28,6 +28,7 @@ std::string contentOf(const std::string& path) {
 
 std::vector<char*> pointers(const std::vector<std::string>& texts) {
   std::vector<char*> result;
+  result.reserve(texts.size() + 1);
   for (const std::string& text : texts) result.push_back(const_cast<char*>(text.c_str()));
   result.push_back(nullptr);
   return result;
@@ -174,7 +175,7 @@ void CliTest::SetUp() {
 void CliTest::TearDown() { engine_.reset(); }
 
 std::string CliTest::write(const std::string& name, const std::string& content) const {
-  const std::string path = (engine_->folder() / name).string();
+  std::string path = (engine_->folder() / name).string();
   std::ofstream(path, std::ios::binary) << content;
   return path;
 }

@@ -69,9 +69,9 @@ std::string firstOf(std::initializer_list<std::string> texts) {
 
 /// "Country (12.5, -3.25)", as far as it is told.
 std::string placeText(const Fields& fields) {
-  const std::string country = told(Field::Country, fields);
-  const std::string latitude = told(Field::Latitude, fields);
-  const std::string longitude = told(Field::Longitude, fields);
+  const std::string& country = told(Field::Country, fields);
+  const std::string& latitude = told(Field::Latitude, fields);
+  const std::string& longitude = told(Field::Longitude, fields);
   if (latitude.empty() || longitude.empty()) return country;
   return country + (country.empty() ? "(" : " (") + latitude + ", " + longitude + ")";
 }
