@@ -80,6 +80,17 @@ TEST_P(CliImportTest, AFileThatIsNoNetworkIsRefusedAndTheStoreIsAsBefore) {
   EXPECT_EQ(dump(), before);
 }
 
+TEST_P(CliImportTest, FilesWithoutAnyNodeDoNotMakeAStoreReady) {
+  const std::string none = write("none.json", R"({"networks": {"network": []}})");
+  const std::string before = dump();
+  const CliResult result = zntopoRun({"import", none, "--json"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.json()["status"]["name"], "ZN_API_ILLEGAL_INPUT");
+  EXPECT_THAT(result.err, HasSubstr("There is no node in these files."));
+  EXPECT_EQ(dump(), before);
+  EXPECT_EQ(zntopoRun({"import", none, samplePath()}).status, 0);
+}
+
 TEST_P(CliImportTest, OneBadFileKeepsTheGoodOnesOut) {
   const std::string before = dump();
   const std::string good = write("good.json", oneNode("new"));

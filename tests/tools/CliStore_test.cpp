@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <fstream>
+
 #include "tests/tools/CliSupport.h"
+#include "zntopo/platform/tvdbil/TvDbil.h"
 
 namespace zntopo::test {
 namespace {
@@ -19,6 +22,22 @@ TEST_P(CliTest, InitMakesAnEmptyStoreThatIsNotReady) {
   EXPECT_THAT(nodes.err, HasSubstr("Topology DB is not ready"));
 }
 
+TEST_P(CliTest, InAStoreThatIsNotReadyNothingIsSaidToBeMissing) {
+  ASSERT_EQ(zntopoRun({"init"}).status, 0);
+  const std::string id = "00000000-0000-0000-0000-000000000000";
+  for (const std::vector<std::string>& call : {std::vector<std::string>{"node", "core-1"},
+                                               {"node", "10.20.8.17"},
+                                               {"node", id},
+                                               {"interfaces", "core-1"},
+                                               {"neighbors", "core-1"},
+                                               {"path", "a", "b"}}) {
+    const CliResult result = zntopoRun(call);
+    EXPECT_EQ(result.status, 1) << call[0];
+    EXPECT_THAT(result.err, HasSubstr("ZN_API_DB_NOT_READY")) << call[0];
+    EXPECT_THAT(result.err, HasSubstr("Topology DB is not ready")) << call[0];
+  }
+}
+
 TEST_P(CliTest, InitNeverGoesOverAStore) {
   ASSERT_EQ(zntopoRun({"init"}).status, 0);
   ASSERT_EQ(zntopoRun({"import", samplePath()}).status, 0);
@@ -29,14 +48,16 @@ TEST_P(CliTest, InitNeverGoesOverAStore) {
   EXPECT_EQ(dump(), before);
 }
 
-TEST_P(CliTest, WithoutTablesAQuestionPointsToInit) {
-  if (GetParam() == Engine::Sqlite) write("cli.db", "");
+TEST_P(CliTest, WithoutTablesAQuestionSaysWhatToDo) {
+  const bool isFile = GetParam() == Engine::Sqlite;
+  if (isFile) write("cli.db", "");
   for (const std::vector<std::string>& call :
        {std::vector<std::string>{"import", samplePath()}, {"nodes"}, {"path", "a", "b"}}) {
     const CliResult result = zntopoRun(call);
     EXPECT_EQ(result.status, 1) << call[0];
     EXPECT_EQ(result.out, "") << call[0];
-    EXPECT_THAT(result.err, HasSubstr("run \"zntopo init\"")) << call[0];
+    EXPECT_THAT(result.err, HasSubstr(isFile ? "remove it or name another" : "run \"zntopo init\""))
+        << call[0];
   }
 }
 
@@ -75,40 +96,68 @@ TEST(CliStoreTest, AFileThatIsNoStoreIsNotSentToInit) {
   EXPECT_THAT(result.err, testing::Not(HasSubstr("zntopo init")));
 }
 
+/// A folder that is removed at the end, whatever may be done in it.
+class CliFolderTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    char folder[] = "/tmp/zntopo-folder-XXXXXX";
+    ASSERT_NE(mkdtemp(folder), nullptr);
+    folder_ = folder;
+    store_ = (folder_ / "x.db").string();
+  }
+  void TearDown() override {
+    allow(folder_, std::filesystem::perms::owner_all);
+    std::filesystem::remove_all(folder_);
+  }
+  static void allow(const std::filesystem::path& path, std::filesystem::perms what) {
+    std::filesystem::permissions(path, what);
+  }
+
+  std::filesystem::path folder_;
+  std::string store_;
+};
+
+TEST_F(CliFolderTest, AFileWithoutATopologyIsNotSentToInitAndBack) {
+  std::ofstream(folder_ / "empty.db").close();
+  const std::string foreign = (folder_ / "foreign.db").string();
+  TvXplMsg::MessageList_t messages;
+  ASSERT_EQ(TvDbil::CreateStore(messages, TvDbil::DbSource_t(messages, foreign)),
+            TvDbil::DBIL_SUCCESS);
+  executeOn(foreign, "create table a (b int)");
+  for (const char* name : {"empty.db", "foreign.db"}) {
+    const std::string store = (folder_ / name).string();
+    for (const char* command : {"nodes", "init"}) {
+      const CliResult result = zntopoRun({command, "--store", store});
+      EXPECT_EQ(result.status, 1) << command << name;
+      EXPECT_THAT(result.err, HasSubstr("is a file without a topology: remove it or name another"))
+          << command << name;
+      EXPECT_THAT(result.err, testing::Not(HasSubstr("zntopo init"))) << command << name;
+    }
+  }
+}
+
+TEST_F(CliFolderTest, WhoMayNotWriteIsToldWhatToAllow) {
+  ASSERT_EQ(zntopoRun({"init", "--store", store_}).status, 0);
+  ASSERT_EQ(zntopoRun({"import", samplePath(), "--store", store_}).status, 0);
+  using std::filesystem::perms;
+  allow(store_, perms::owner_all | perms::others_read);
+  allow(folder_, perms::owner_read | perms::owner_exec | perms::others_read | perms::others_exec);
+  const CliResult question = zntopoRunAsNobody({"nodes", "--store", store_});
+  EXPECT_EQ(question.status, 1);
+  EXPECT_THAT(question.err, HasSubstr("You must be allowed to write to"));
+  EXPECT_THAT(question.err, testing::Not(HasSubstr("zntopo init")));
+  const CliResult import = zntopoRunAsNobody({"import", samplePath(), "--store", store_});
+  EXPECT_EQ(import.status, 1);
+  EXPECT_THAT(import.err, HasSubstr("You must be allowed to write to"));
+  allow(store_, perms::all);
+  const CliResult folder = zntopoRunAsNobody({"import", samplePath(), "--store", store_});
+  EXPECT_EQ(folder.status, 1);
+  EXPECT_THAT(folder.err, HasSubstr("the folder of this file"));
+}
+
 TEST(CliStoreTest, AnInitThatFailsLeavesNoFile) {
   EXPECT_EQ(zntopoRun({"init", "--store", "/nonexistent/folder/x.db"}).status, 1);
   EXPECT_FALSE(std::filesystem::exists("/nonexistent"));
-}
-
-TEST(CliCallTest, AWrongCallEndsWithTwoAndNothingOnStandardOutput) {
-  for (const std::vector<std::string>& call :
-       std::vector<std::vector<std::string>>{{},
-                                             {"frobnicate"},
-                                             {"path", "a"},
-                                             {"path", "a", "b", "--max-hops", "many"},
-                                             {"nodes", "--ip-level", "5"},
-                                             {"nodes", "--no-such-option"},
-                                             {"import"},
-                                             {"import", "--zone", std::string(65, 'x'), "f"}}) {
-    const CliResult result = zntopoRun(call);
-    EXPECT_EQ(result.status, 2) << (call.empty() ? "" : call[0]);
-    EXPECT_EQ(result.out, "");
-    EXPECT_NE(result.err, "");
-  }
-}
-
-TEST(CliCallTest, HelpShowsExamplesOnStandardOutput) {
-  const std::vector<std::string> commands = subcommands();
-  EXPECT_THAT(commands, testing::IsSupersetOf({"init", "nodes", "path"}));
-  for (const std::string& command : commands) {
-    const CliResult result = zntopoRun({command, "--help"});
-    EXPECT_EQ(result.status, 0) << command;
-    EXPECT_THAT(result.out, HasSubstr("  zntopo " + command)) << command;
-    EXPECT_THAT(result.out, HasSubstr("--store")) << command;
-    EXPECT_EQ(result.err, "") << command;
-  }
-  EXPECT_THAT(zntopoRun({"--help"}).out, HasSubstr("Exit status"));
-  EXPECT_THAT(zntopoRun({"--version"}).out, StartsWith("zntopo "));
 }
 
 }  // namespace

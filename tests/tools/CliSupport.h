@@ -30,6 +30,8 @@ CliResult zntopoRun(const std::vector<std::string>& arguments,
 
 /// Runs zntopo with a terminal as its standard error, which has carriage returns before line ends.
 CliResult zntopoRunOnTerminal(const std::vector<std::string>& arguments);
+/// The same as a user who may do nothing that is not allowed to all, if this process may do all.
+CliResult zntopoRunAsNobody(const std::vector<std::string>& arguments);
 
 /// The names of the subcommands, as the help lists them.
 std::vector<std::string> subcommands();

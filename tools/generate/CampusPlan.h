@@ -2,8 +2,9 @@
 
 #include <cstdint>
 #include <optional>
-#include <stdexcept>
 #include <string>
+
+#include "tools/network/ToolError.h"
 
 namespace zntopo::tools {
 
@@ -44,9 +45,9 @@ struct CampusPlan {
 };
 
 /// A plan that can't be met; the text says why, and what would do.
-class PlanError : public std::runtime_error {
+class PlanError : public ToolError {
  public:
-  using std::runtime_error::runtime_error;
+  explicit PlanError(const std::string& text) : ToolError(ZN_API_ILLEGAL_INPUT, text) {}
 };
 
 }  // namespace zntopo::tools

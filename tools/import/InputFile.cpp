@@ -2,14 +2,11 @@
 
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <vector>
-
-#include "tools/network/PlainText.h"
 
 namespace zntopo::tools {
 
@@ -33,13 +30,8 @@ InputFile loadInputFile(const std::string& path, std::size_t limit) {
 }
 
 void checkName(const std::string& where, const std::string& name, std::size_t width) {
-  if (std::any_of(name.begin(), name.end(), isControl)) {
-    throw ImportError(where, "has a control character in it");
-  }
-  if (name.empty()) throw ImportError(where, "is empty");
-  if (name.size() > width) {
-    throw ImportError(where, "is longer than " + std::to_string(width) + " bytes");
-  }
+  const std::string fault = nameFault(name, width);
+  if (!fault.empty()) throw ImportError(where, fault);
 }
 
 std::string shortComplaint(const std::string& complaint) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tools/network/NetworkReport.h"
+#include "tools/network/PlainText.h"
 
 /// @file
 /// Files of other people, before anybody knows what is in them.
@@ -30,11 +31,7 @@ constexpr std::size_t kInputFileLimit = 256u * 1024 * 1024;
 /// Reads a file. Throws ImportError for one that can't be read, is a folder, or is too large.
 InputFile loadInputFile(const std::string& path, std::size_t limit = kInputFileLimit);
 
-/// The width of names and keys: that of the store's name columns, in bytes.
-constexpr std::size_t kNameWidth = 255;
-
-/// Throws ImportError unless a text is fit to be a name or a key: neither empty nor longer than
-/// a width in bytes, without control characters.
+/// Throws ImportError if nameFault finds one.
 void checkName(const std::string& where, const std::string& name, std::size_t width = kNameWidth);
 
 /// What a parser complains of, without most of what it quotes.

@@ -2,17 +2,18 @@
 
 #include <cstddef>
 #include <map>
-#include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "tools/network/ToolError.h"
 
 namespace zntopo::tools {
 
 /// A file that can't be imported: what is wrong, and where ("campus.json: /network/0/node/3").
-class ImportError : public std::runtime_error {
+class ImportError : public ToolError {
  public:
   ImportError(const std::string& where, const std::string& what)
-      : std::runtime_error(where + ": " + what) {}
+      : ToolError(ZN_API_ILLEGAL_INPUT, where + ": " + what) {}
 };
 
 /// What an import met and did not carry over as it stood: each kind of thing once, with the

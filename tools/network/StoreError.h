@@ -1,18 +1,18 @@
 #pragma once
 
-#include <stdexcept>
 #include <string>
 
+#include "tools/network/ToolError.h"
 #include "zntopo/platform/tvxpl/TvXplMsg.h"
 
 namespace zntopo::tools {
 
 /// The store refused something; the text has the driver's messages in it.
-class StoreError : public std::runtime_error {
+class StoreError : public ToolError {
  public:
+  explicit StoreError(const std::string& what) : ToolError(ZN_API_SQL_EXEC_ERROR, what) {}
   StoreError(const std::string& what, const TvXplMsg::MessageList_t& messages)
-      : std::runtime_error(what + "\n" + messages.Format(TvXplMsg::fRecurse_k)) {}
-  explicit StoreError(const std::string& what) : std::runtime_error(what) {}
+      : StoreError(what + "\n" + messages.Format(TvXplMsg::fRecurse_k)) {}
 };
 
 /// There is topology in a store where there must not be any.

@@ -7,9 +7,7 @@
 #include <exception>
 #include <iostream>
 
-#include "tools/network/NetworkReport.h"
 #include "tools/network/PlainText.h"
-#include "tools/network/StoreError.h"
 
 namespace zntopo::tools {
 
@@ -20,11 +18,15 @@ std::string withoutLineEnd(std::string text) {
   return text;
 }
 
+/// On standard error, as lines that are fit for a terminal.
+void print(const std::string& text) {
+  if (!text.empty()) std::cerr << printableLines(text) << "\n";
+}
+
 void printError(const ZNTopoAPIStatus& status) {
-  std::cerr << "zntopo: " << status.getStatus() << " " << statusName(status.getStatus()) << ": "
-            << withoutLineEnd(status.getStatusMsg()) << "\n";
-  if (status.getAuxMsg().empty()) return;
-  std::cerr << printableLines(withoutLineEnd(status.getAuxMsg())) << "\n";
+  print("zntopo: " + std::to_string(status.getStatus()) + " " + statusName(status.getStatus()) +
+        ": " + withoutLineEnd(status.getStatusMsg()));
+  print(withoutLineEnd(status.getAuxMsg()));
 }
 
 std::string dump(const Json& json) {
@@ -33,10 +35,6 @@ std::string dump(const Json& json) {
 }
 
 }  // namespace
-
-ZNTopoAPIStatus Failure::makeStatus(ZNTopoStatus code, const std::string& text) {
-  return ZNTopoAPIStatus(code, text + "\n");
-}
 
 void check(const ZNTopoAPIStatus& status) {
   if (!status.isOK()) throw Failure(status);
@@ -66,7 +64,12 @@ void addStoreOption(CLI::App& command, Context& context) {
       .add_option("--store", context.store,
                   "The store: a SQLite file or an ODBC connection string "
                   "(otherwise TV_TOPO_STORE names it)")
-      ->type_name("STORE");
+      ->type_name("STORE")
+      ->check(CLI::Validator(
+          [](const std::string& store) {
+            return store.empty() ? "the name of the store is empty" : "";
+          },
+          ""));
 }
 
 void addJsonOption(CLI::App& command, Context& context) {
@@ -85,12 +88,8 @@ Json statusJson(const ZNTopoAPIStatus& status) {
 void answer(Context& context, Answer answer, const std::function<void(Answer&)>& work) {
   try {
     work(answer);
-  } catch (const Failure& failure) {
-    answer.status = failure.status();
-  } catch (const ImportError& error) {
-    answer.status = Failure(ZN_API_ILLEGAL_INPUT, error.what()).status();
-  } catch (const StoreError& error) {
-    answer.status = Failure(ZN_API_SQL_EXEC_ERROR, error.what()).status();
+  } catch (const ToolError& error) {
+    answer.status = error.status();
   } catch (const std::exception& error) {
     answer.status = Failure(ZN_API_INTERNAL_ERROR, error.what()).status();
   }
@@ -98,10 +97,10 @@ void answer(Context& context, Answer answer, const std::function<void(Answer&)>&
     context.exitStatus = ExitFailure;
     printError(answer.status);
   }
-  if (!answer.note.empty()) std::cerr << answer.note << "\n";
+  print(answer.note);
   Json json = Json::object({{"status", statusJson(answer.status)}});
   json.update(answer.json);
-  if (!context.answers.write(context.isJson ? dump(json) : answer.text)) {
+  if (!context.answers.write(context.isJson ? dump(json) : printableLines(answer.text))) {
     std::cerr << "zntopo: the answer could not be written\n";
     context.exitStatus = ExitFailure;
   }

@@ -4,9 +4,9 @@
 #include <functional>
 #include <iosfwd>
 #include <nlohmann/json.hpp>
-#include <stdexcept>
 #include <string>
 
+#include "tools/network/ToolError.h"
 #include "zntopo/core/ZNTopoAPIStatus.h"
 
 /// @file
@@ -20,19 +20,9 @@ using Json = nlohmann::ordered_json;
 enum ExitStatus : int { ExitAnswer = 0, ExitFailure = 1, ExitWrongCall = 2 };
 
 /// Ends a subcommand with a status of the library or in its manner.
-class Failure : public std::runtime_error {
+class Failure : public ToolError {
  public:
-  explicit Failure(const ZNTopoAPIStatus& status)
-      : std::runtime_error(status.getAuxMsg()), status_(status) {}
-  /// A text without a line end.
-  Failure(ZNTopoStatus code, const std::string& text) : Failure(makeStatus(code, text)) {}
-
-  const ZNTopoAPIStatus& status() const { return status_; }
-
- private:
-  static ZNTopoAPIStatus makeStatus(ZNTopoStatus code, const std::string& text);
-
-  ZNTopoAPIStatus status_;
+  using ToolError::ToolError;
 };
 
 /// Throws a Failure unless the status is OK.
@@ -66,6 +56,7 @@ struct Context {
 struct Answer {
   /// The members beside "status". What stands here before the work is what a failure shows.
   Json json = Json::object();
+  /// For people: lines.
   std::string text;
   /// For people, on standard error.
   std::string note;
@@ -73,7 +64,7 @@ struct Answer {
   ZNTopoAPIStatus status;
 };
 
-/// Adds the options --store and, if the subcommand can answer so, --json.
+/// Add the options --store and --json.
 void addStoreOption(CLI::App& command, Context& context);
 void addJsonOption(CLI::App& command, Context& context);
 

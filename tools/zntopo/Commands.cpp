@@ -1,9 +1,6 @@
 #include "tools/zntopo/Commands.h"
 
-#include <algorithm>
-
 #include "tools/network/PlainText.h"
-#include "zntopo/platform/tvxpl/Utf8.h"
 
 namespace zntopo::tools {
 
@@ -23,11 +20,13 @@ void addCommand(CLI::App& app, Context& context, const Command& command) {
 }
 
 std::string checkZone(const std::string& zone) {
-  if (zone.size() > 64) return "the zone is longer than 64 bytes";
-  if (std::any_of(zone.begin(), zone.end(), isControl)) {
-    return "the zone has a control character in it";
-  }
-  return TvXplStr::isUtf8(zone) ? "" : "the zone is no UTF-8";
+  const std::string fault = zone.empty() ? "" : nameFault(zone, 64);
+  return fault.empty() ? "" : "the zone " + fault;
+}
+
+std::string checkNodeName(const std::string& name) {
+  const std::string fault = nameFault(name);
+  return fault.empty() ? "" : "the name of the node " + fault;
 }
 
 }  // namespace
@@ -40,9 +39,17 @@ void addZoneOption(CLI::App& command, const std::string& help, std::string& valu
   command.add_option("--zone", value, help)->check(CLI::Validator(checkZone, ""));
 }
 
+void addLimit(CLI::App& command, const std::string& name, int& value, const std::string& about) {
+  command.add_option(name, value, about)
+      ->capture_default_str()
+      ->type_name("NUMBER")
+      ->check(CLI::Range(1, 1'000'000));
+}
+
 void addNodeArgument(CLI::App& command, const std::string& name, std::string& value) {
   command.add_option(name, value, "A name, the beginning of one, an address or an identifier")
-      ->required();
+      ->required()
+      ->check(CLI::Validator(checkNodeName, ""));
 }
 
 }  // namespace zntopo::tools

@@ -110,7 +110,9 @@ void addCommands(CLI::App& app, Context& context);
 
 /// Adds the option --zone, which refuses what the store can't hold.
 void addZoneOption(CLI::App& command, const std::string& help, std::string& value);
-/// Adds an argument that names a node.
+/// Adds an option for a number from 1 on.
+void addLimit(CLI::App& command, const std::string& name, int& value, const std::string& about);
+/// Adds an argument that names a node. What can be no name is a wrong call.
 void addNodeArgument(CLI::App& command, const std::string& name, std::string& value);
 
 }  // namespace zntopo::tools

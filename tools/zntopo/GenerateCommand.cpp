@@ -38,7 +38,7 @@ CampusPlan planOf(const GenerateOptions& options) {
 
 CampusCounts write(const Context& context, const CampusPlan& plan, bool isMerging) {
   chooseStore(context);
-  TvDbil::DbConnection_t connection = openTopology();
+  TvDbil::DbConnection_t connection = openTopology(Purpose::Writing);
   Progress progress("Writing");
   try {
     return generateCampus(
@@ -91,13 +91,9 @@ void tell(const CampusCounts& counts, bool isDryRun, Answer& answer) {
 }
 
 void generate(const Context& context, const GenerateOptions& options, Answer& answer) {
-  try {
-    const CampusPlan plan = planOf(options);
-    tell(options.isDryRun ? count(plan) : write(context, plan, options.isMerging), options.isDryRun,
-         answer);
-  } catch (const PlanError& error) {
-    throw Failure(ZN_API_ILLEGAL_INPUT, error.what());
-  }
+  const CampusPlan plan = planOf(options);
+  tell(options.isDryRun ? count(plan) : write(context, plan, options.isMerging), options.isDryRun,
+       answer);
 }
 
 void addSizes(CLI::App& command, GenerateOptions& options) {

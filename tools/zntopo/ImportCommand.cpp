@@ -24,7 +24,7 @@ struct ImportOptions {
 
 NetworkModel readNetwork(const std::string& path, const std::string& format,
                          NetworkReport& report) {
-  Progress progress("Reading " + printable(path));
+  Progress progress("Reading " + path);
   const InputFile file = loadInputFile(path);
   return networkFormat(format, file).read(file, report, [&](double part) { progress.show(part); });
 }
@@ -75,21 +75,24 @@ std::string text(const Json& found, const WriteCounts& counts, const NetworkRepo
 
 void import(const Context& context, const ImportOptions& options, Answer& answer) {
   chooseStore(context);
-  TvDbil::DbConnection_t connection = openTopology();
+  TvDbil::DbConnection_t connection = openTopology(Purpose::Writing);
   NetworkReport report;
   const std::vector<NetworkModel> networks = readNetworks(options, report);
-  WriteReport counts;
+  const NetworkCounts counts = countNetworks(networks);
+  // A store without a node must not say that it is ready.
+  if (counts.nodes == 0) throw Failure(ZN_API_ILLEGAL_INPUT, "There is no node in these files.");
+  WriteReport written;
   {
     Progress progress("Writing");
-    counts = writeNetworks(connection, networks, options.zone, report,
-                           [&](double part) { progress.show(part); });
+    written = writeNetworks(connection, networks, options.zone, report,
+                            [&](double part) { progress.show(part); });
   }
-  const Json found = countsJson(countNetworks(networks));
+  const Json found = countsJson(counts);
   answer.json["found"] = found;
   answer.json["rows"] = {
-      {"added", counts.added}, {"changed", counts.changed}, {"unchanged", counts.unchanged}};
+      {"added", written.added}, {"changed", written.changed}, {"unchanged", written.unchanged}};
   answer.json["notes"] = notes(report);
-  answer.text = text(found, counts, report);
+  answer.text = text(found, written, report);
 }
 
 std::vector<std::string> formatNames() {

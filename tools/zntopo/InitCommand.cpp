@@ -1,5 +1,6 @@
 #include <unistd.h>
 
+#include "tools/network/PlainText.h"
 #include "tools/network/StoreWriter.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Session.h"
@@ -19,11 +20,23 @@ void require(TvDbil::DbilReturnCode_t code, const MessageList_t& messages,
   }
 }
 
+[[noreturn]] void refuseTopology(const std::string& label) {
+  throw Failure(ZN_API_DB_INIT_FAILURE, "There is a topology in \"" + label + "\" already.");
+}
+
+void makeFile(const TvDbil::DbSource_t& source, const std::string& label) {
+  if (access(source.GetStore().c_str(), F_OK) == 0) {
+    openTopology();
+    refuseTopology(label);
+  }
+  MessageList_t messages;
+  require(TvDbil::CreateStore(messages, source), messages,
+          "The store \"" + label + "\" can't be created.");
+}
+
 void makeTables(const std::string& label) {
   TvDbil::DbConnection_t connection = openStore();
-  if (hasSchema(connection)) {
-    throw Failure(ZN_API_DB_INIT_FAILURE, "There is a topology in \"" + label + "\" already.");
-  }
+  if (hasSchema(connection)) refuseTopology(label);
   MessageList_t messages;
   require(createSchema(messages, connection), messages, "The tables can't be made.");
 }
@@ -33,10 +46,7 @@ void init(const Context& context, Answer& answer) {
   MessageList_t messages;
   const TvDbil::DbSource_t source(messages);
   const std::string label = storeLabel(source);
-  if (!source.IsOdbc()) {
-    require(TvDbil::CreateStore(messages, source), messages,
-            "The store \"" + label + "\" can't be created.");
-  }
+  if (!source.IsOdbc()) makeFile(source, label);
   try {
     makeTables(label);
   } catch (...) {
@@ -45,7 +55,7 @@ void init(const Context& context, Answer& answer) {
     throw;
   }
   answer.json["store"] = label;
-  answer.text = "Created the store " + label + "\n";
+  answer.text = "Created the store " + printable(label) + "\n";
 }
 
 }  // namespace

@@ -19,13 +19,16 @@ void interfaces(const Context& context, const InterfacesOptions& options, Answer
   const NamedNode named = findNode(session, options.node);
   answer.json["node"] = named.node->getName();
   answer.json["node_id"] = named.id();
-  auto list = named.node->getInterfacesList();
-  if (!list) throw Failure(ZN_API_SQL_EXEC_ERROR, "The interfaces can't be read.");
-  list->sort([](const ZNRefPtr<ZNInterface>& left, const ZNRefPtr<ZNInterface>& right) {
+  auto list = interfacesOf(*named.node);
+  list.sort([](const ZNRefPtr<ZNInterface>& left, const ZNRefPtr<ZNInterface>& right) {
     return left->getName() < right->getName();
   });
-  Listing<ZNInterface> listing(interfaceFields());
-  for (const auto& interface : *list) listing.add(*interface);
+  const auto addresses = addressesOf(session, *named.node);
+  Listing<InterfaceDetails> listing(interfaceFields());
+  for (const auto& interface : list) {
+    const auto own = addresses.find(interface->getObjID().toString());
+    listing.add({*interface, own == addresses.end() ? std::vector<std::string>() : own->second});
+  }
   listing.fill(answer, "interfaces", "interface");
 }
 

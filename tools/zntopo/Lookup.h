@@ -1,5 +1,7 @@
 #pragma once
 
+#include <list>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -26,7 +28,8 @@ struct NamedNode {
 /// the one with this address; else the one whose name begins with the text.
 ///
 /// Names go into the store's statements as parameters, so they may hold anything.
-/// Throws a Failure: ZN_API_OBJ_NOT_EXIST, ZN_API_NONUNIQUE_NAME, or what the library reports.
+/// Throws a Failure: ZN_API_OBJ_NOT_EXIST, ZN_API_NONUNIQUE_NAME, ZN_API_DB_NOT_READY for what is
+/// not found in a store that is not ready, or what the library reports.
 NamedNode findNode(Session& session, const std::string& text);
 
 /// The nodes and interfaces of a set of identifiers, by identifier text.
@@ -34,8 +37,13 @@ std::map<std::string, ZNRefPtr<ZNNode>> nodesById(Session& session, const std::s
 std::map<std::string, ZNRefPtr<ZNInterface>> interfacesById(Session& session,
                                                             const std::set<ObjID>& ids);
 
-/// The first column of a statement with one parameter. Throws a Failure.
-std::vector<std::string> selectTexts(TvDbil::DbConnection_t& connection, const std::string& sql,
-                                     const std::string& parameter);
+/// The interfaces of a node. Unlike the node's own list, it throws a Failure if it can't be read.
+std::list<ZNRefPtr<ZNInterface>> interfacesOf(const ZNNode& node);
+
+/// The IPv4 and IPv6 addresses of the interfaces of a node, by the identifier of the interface.
+std::map<std::string, std::vector<std::string>> addressesOf(Session& session, const ZNNode& node);
+
+/// The names of the VLANs of a node, which knows them by identifier alone.
+std::vector<std::string> vlanNamesOf(Session& session, const ZNNode& node);
 
 }  // namespace zntopo::tools

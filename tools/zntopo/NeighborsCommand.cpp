@@ -73,18 +73,16 @@ void neighbors(const Context& context, const NeighborsOptions& options, Answer& 
   answer.json["connections"] = listing.json();
   if (answer.status.isOK() || !links.empty()) {
     answer.text = listing.text() + counted(listing.size(), "link") + " within " +
-                  counted(static_cast<std::size_t>(std::max(options.hops, 0)), "hop") + " of " +
+                  counted(static_cast<std::size_t>(options.hops), "hop") + " of " +
                   printable(start.node->getName()) + "\n";
   }
 }
 
 void addOptions(CLI::App& command, NeighborsOptions& options) {
   addNodeArgument(command, "NODE", options.node);
-  command.add_option("--hops", options.hops, "How far to go")->capture_default_str();
-  command
-      .add_option("--max-nodes", options.maxNodes,
-                  "Stop at so many nodes; what was found until then is shown")
-      ->capture_default_str();
+  addLimit(command, "--hops", options.hops, "How far to go");
+  addLimit(command, "--max-nodes", options.maxNodes,
+           "Stop at so many nodes; what was found until then is shown");
 }
 
 }  // namespace

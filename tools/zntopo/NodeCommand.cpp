@@ -14,24 +14,11 @@ void addOptions(CLI::App& command, NodeOptions& options) {
   addNodeArgument(command, "NODE", options.node);
 }
 
-/// The names of VLANs, which nodes know by identifier alone.
-std::vector<std::string> vlanNames(Session& session, const ZNNode& node) {
-  std::vector<std::string> names;
-  for (const ZNVlanInfo& info : node.getVlanInfoList()) {
-    const auto found =
-        selectTexts(session.connection(), "select EntityName from nwentity where ObjId = ?",
-                    info.getVlanObjID().toString());
-    names.insert(names.end(), found.begin(), found.end());
-  }
-  return names;
-}
-
 void node(const Context& context, const NodeOptions& options, Answer& answer) {
   Session session(context);
   const NamedNode named = findNode(session, options.node);
-  const auto interfaces = named.node->getInterfacesList();
-  const NodeDetails details{*named.node, interfaces ? interfaces->size() : 0,
-                            vlanNames(session, *named.node)};
+  const NodeDetails details{*named.node, interfacesOf(*named.node).size(),
+                            vlanNamesOf(session, *named.node)};
   View view;
   view.add(nodeFields(), *named.node);
   view.add(nodeDetailFields(), details);

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Session.h"
 #include "tools/zntopo/fields/NodeFields.h"
@@ -24,7 +26,8 @@ void nodes(const Context& context, const NodesOptions& options, Answer& answer) 
                                         static_cast<ZNEntity::IPLevel>(options.ipLevel), -1);
   check(status);
   list->sort([](const ZNRefPtr<ZNNode>& left, const ZNRefPtr<ZNNode>& right) {
-    return left->getName() < right->getName();
+    return std::pair(left->getName(), left->getZoneNumber()) <
+           std::pair(right->getName(), right->getZoneNumber());
   });
   Listing<ZNNode> listing(nodeFields());
   for (const auto& node : *list) listing.add(*node);

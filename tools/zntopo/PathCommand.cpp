@@ -43,7 +43,6 @@ InterfaceList findPath(Session& session, const PathOptions& options, const Named
   answer.note = "No interface has one of the addresses as its first: this is the path between " +
                 printable(from.node->getName()) + " and " + printable(to.node->getName()) +
                 ", which own them.";
-  answer.json["note"] = answer.note;
   status.reset();
   return pathBetweenNodes(session, options, from, to, status);
 }
@@ -68,8 +67,12 @@ std::string pathText(const std::vector<LinkEnd>& steps) {
   for (std::size_t i = 0; i < steps.size();) {
     std::size_t last = i;
     while (last + 1 < steps.size() && steps[last + 1].nodeId == steps[i].nodeId) ++last;
-    const bool isStart = i == 0 && last == i;
-    const bool isEnd = last + 1 == steps.size() && last == i;
+    const bool isFirst = i == 0;
+    const bool isLast = last + 1 == steps.size();
+    // Within one interface nothing comes and nothing goes.
+    const bool isNowhere = isFirst && isLast && steps[i].interfaceId == steps[last].interfaceId;
+    const bool isStart = isNowhere || (isFirst && last == i);
+    const bool isEnd = isNowhere || (isLast && last == i);
     table.add(
         {steps[i].node, isStart ? "" : steps[i].interface, isEnd ? "" : steps[last].interface});
     i = last + 1;
@@ -85,6 +88,7 @@ void path(const Context& context, const PathOptions& options, Answer& answer) {
   if (answer.status.getStatus() == ZN_API_NO_PATH && !options.crossRouters) {
     answer.note = "A path through routers is looked for with --cross-routers only.";
   }
+  if (!answer.note.empty()) answer.json["note"] = answer.note;
   check(answer.status);
   const std::vector<LinkEnd> steps = stepsOf(session, *found);
   std::size_t hops = 0;
@@ -99,8 +103,7 @@ void path(const Context& context, const PathOptions& options, Answer& answer) {
 void addOptions(CLI::App& command, PathOptions& options) {
   addNodeArgument(command, "A", options.from);
   addNodeArgument(command, "B", options.to);
-  command.add_option("--max-hops", options.maxHops, "The most links to cross")
-      ->capture_default_str();
+  addLimit(command, "--max-hops", options.maxHops, "The most links to cross");
   command.add_flag("--cross-routers", options.crossRouters,
                    "Go through routers too (the ends may always be routers)");
 }

@@ -5,10 +5,12 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "tools/network/PlainText.h"
+
 namespace zntopo::tools {
 
-Progress::Progress(std::string label)
-    : label_(std::move(label)), isTerminal_(isatty(STDERR_FILENO) == 1) {}
+Progress::Progress(const std::string& label)
+    : label_(printable(label)), isTerminal_(isatty(STDERR_FILENO) == 1) {}
 
 Progress::~Progress() {
   if (shown_ >= 0) std::fputs("\r\033[K", stderr);

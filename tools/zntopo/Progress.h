@@ -7,7 +7,7 @@ namespace zntopo::tools {
 /// A bar on standard error, if that is a terminal; otherwise nothing.
 class Progress {
  public:
-  explicit Progress(std::string label);
+  explicit Progress(const std::string& label);
   /// Wipes the bar.
   ~Progress();
   Progress(const Progress&) = delete;

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <regex>
 
 #include "tools/network/StoreWriter.h"
@@ -13,6 +14,17 @@ namespace zntopo::tools {
 namespace {
 
 using TvXplMsg::MessageList_t;
+
+/// What this user must be allowed for an embedded store; empty if nothing is missing.
+std::string missingAccess(const TvDbil::DbSource_t& source) {
+  if (source.IsOdbc()) return "";
+  const std::filesystem::path file = source.GetStore();
+  const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";
+  if (access(file.c_str(), R_OK | W_OK) != 0) return "You must be allowed to write to this file.";
+  if (access(folder.c_str(), W_OK | X_OK) == 0) return "";
+  return "You must be allowed to write to the folder of this file, for questions too: the store "
+         "keeps files of its own beside it.";
+}
 
 TvDbil::DbConnection_t openChosen(const Context& context) {
   chooseStore(context);
@@ -51,7 +63,9 @@ TvDbil::DbConnection_t openStore() {
     throw Failure(ZN_API_DB_CONNECTION_FAILURE,
                   "There is no store " + label + ": \"zntopo init\" creates one.");
   }
-  throw Failure(ZN_API_DB_CONNECTION_FAILURE, "The store " + label + " can't be opened.\n" +
+  const std::string missing = missingAccess(source);
+  throw Failure(ZN_API_DB_CONNECTION_FAILURE, "The store " + label + " can't be opened." +
+                                                  (missing.empty() ? "" : " " + missing) + "\n" +
                                                   messages.Format(TvXplMsg::fRecurse_k));
 }
 
@@ -62,15 +76,24 @@ std::string storeLabel(const TvDbil::DbSource_t& source) {
   return std::regex_replace(source.GetStore(), password, "$1***");
 }
 
-TvDbil::DbConnection_t openTopology() {
+TvDbil::DbConnection_t openTopology(Purpose purpose) {
   TvDbil::DbConnection_t connection = openStore();
-  if (!hasSchema(connection)) {
-    MessageList_t ignored;
-    throw Failure(ZN_API_DB_INIT_FAILURE,
-                  "\"" + storeLabel(TvDbil::DbSource_t(ignored)) +
-                      "\" has no tables of a topology: run \"zntopo init\" for a new store.");
+  const bool isTopology = hasSchema(connection);
+  if (isTopology && purpose == Purpose::Reading) return connection;
+  MessageList_t ignored;
+  const TvDbil::DbSource_t source(ignored);
+  const std::string label = "\"" + storeLabel(source) + "\"";
+  const std::string missing = missingAccess(source);
+  if (!missing.empty()) {
+    throw Failure(
+        ZN_API_DB_CONNECTION_FAILURE,
+        "The store " + label + " can't be " + (isTopology ? "written to. " : "used. ") + missing);
   }
-  return connection;
+  if (isTopology) return connection;
+  throw Failure(ZN_API_DB_INIT_FAILURE,
+                label + (source.IsOdbc()
+                             ? " has no tables of a topology: run \"zntopo init\" for a new store."
+                             : " is a file without a topology: remove it or name another."));
 }
 
 Session::Session(const Context& context, Load load)

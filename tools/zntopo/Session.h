@@ -16,8 +16,11 @@ void chooseStore(const Context& context);
 TvDbil::DbConnection_t openStore();
 /// A store's name for people: the path, or the connection string with its password hidden.
 std::string storeLabel(const TvDbil::DbSource_t& source);
-/// The same, and a Failure for a store without tables.
-TvDbil::DbConnection_t openTopology();
+
+/// What a store is opened for.
+enum class Purpose { Reading, Writing };
+/// The same, and a Failure for a store without tables, or one that can't be written to.
+TvDbil::DbConnection_t openTopology(Purpose purpose = Purpose::Reading);
 
 /// What a subcommand asks: the library on a store that was found to be there.
 class Session {

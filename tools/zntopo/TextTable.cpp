@@ -21,6 +21,11 @@ std::string counted(std::size_t number, const std::string& what) {
   return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
 }
 
+void TextTable::add(std::vector<std::string> row) {
+  for (std::string& cell : row) cell = printable(cell);
+  rows_.push_back(std::move(row));
+}
+
 std::string TextTable::text() const {
   std::vector<std::size_t> widths;
   for (const auto& row : rows_) {
@@ -31,7 +36,7 @@ std::string TextTable::text() const {
   for (const auto& row : rows_) {
     std::string line;
     for (std::size_t i = 0; i < row.size(); ++i) {
-      line += printable(row[i]) + std::string(widths[i] - width(row[i]) + 2, ' ');
+      line += row[i] + std::string(widths[i] - width(row[i]) + 2, ' ');
     }
     line.resize(line.find_last_not_of(' ') + 1);
     result += line + "\n";

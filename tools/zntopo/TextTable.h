@@ -14,7 +14,8 @@ class TextTable {
     rows_.push_back(std::move(heads));
   }
 
-  void add(std::vector<std::string> row) { rows_.push_back(std::move(row)); }
+  /// What is not printable is replaced.
+  void add(std::vector<std::string> row);
   /// The number of rows without the heads.
   std::size_t size() const { return rows_.size() - heads_; }
   std::string text() const;

@@ -1,9 +1,13 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
+#include <optional>
 #include <sstream>
+#include <vector>
 
 #include "tools/network/PlainText.h"
 #include "tools/zntopo/Commands.h"
+#include "tools/zntopo/Spelling.h"
 
 #ifndef ZNTOPO_VERSION
 #define ZNTOPO_VERSION "unknown"
@@ -21,17 +25,60 @@ constexpr const char* kFooter =
     "  zntopo path --store campus.db 10.20.3.44 10.20.8.17\n"
     "\"zntopo SUBCOMMAND --help\" shows the options and more examples.";
 
+/// "help" and "help NAME" mean "--help" and "NAME --help".
+std::vector<std::string> withHelpWord(std::vector<std::string> words) {
+  if (words.empty() || words.front() != "help") return words;
+  words.erase(words.begin());
+  words.emplace_back("--help");
+  return words;
+}
+
+/// What stands where the name of a subcommand should; nothing if one was called.
+std::optional<std::string> unknownWord(const CLI::App& app) {
+  if (!app.get_subcommands().empty()) return std::nullopt;
+  for (const std::string& word : app.remaining()) {
+    if (word.empty() || word.front() != '-') return word;
+  }
+  return std::nullopt;
+}
+
+std::vector<std::string> commandNames() {
+  std::vector<std::string> names;
+  for (const Command* command : kCommands) names.emplace_back(command->name);
+  return names;
+}
+
+/// What is wrong with a call without a subcommand, and what there is.
+std::string subcommandComplaint(const std::optional<std::string>& word) {
+  const std::vector<std::string> names = commandNames();
+  std::string text = "A subcommand is missing.\n";
+  if (word) {
+    text = "There is no subcommand \"" + *word + "\".";
+    const std::string near = nearest(*word, names);
+    text += near.empty() ? "\n" : " Did you mean \"" + near + "\"?\n";
+  }
+  text += "Subcommands:";
+  for (const std::string& name : names) text += " " + name;
+  return text + "\nRun with --help for more information.\n";
+}
+
 /// Prints help, version or what is wrong with the call.
 int finish(const CLI::App& app, const CLI::ParseError& error, AnswerStream& answers) {
   std::ostringstream out;
   std::ostringstream complaint;
-  const int code = app.exit(error, out, complaint);
+  const std::optional<std::string> word = unknownWord(app);
+  const bool isBare = error.get_name() == "RequiredError" && app.get_subcommands().empty();
+  int code = ExitWrongCall;
+  if (word || isBare) {
+    complaint << subcommandComplaint(word);
+  } else {
+    code = app.exit(error, out, complaint) == 0 ? ExitAnswer : ExitWrongCall;
+  }
   std::cerr << printableLines(complaint.str());
-  if (!answers.write(out.str())) return ExitFailure;
-  return code == 0 ? ExitAnswer : ExitWrongCall;
+  return answers.write(out.str()) ? code : ExitFailure;
 }
 
-int run(int argc, char** argv) {
+int run(std::vector<std::string> words) {
   AnswerStream answers;
   Context context{answers, "", false, ExitAnswer};
   CLI::App app("Asks a store of discovered network topology: nodes, neighbours, layer-2 paths.");
@@ -39,9 +86,14 @@ int run(int argc, char** argv) {
   app.require_subcommand(1);
   app.set_version_flag("--version", std::string("zntopo ") + ZNTOPO_VERSION);
   app.footer(kFooter);
+  addStoreOption(app, context);
+  addJsonOption(app, context);
   addCommands(app, context);
+  words = withHelpWord(std::move(words));
+  // The parser takes words from the end.
+  std::reverse(words.begin(), words.end());
   try {
-    app.parse(argc, argv);
+    app.parse(std::move(words));
   } catch (const CLI::ParseError& error) {
     return finish(app, error, answers);
   }
@@ -51,4 +103,6 @@ int run(int argc, char** argv) {
 }  // namespace
 }  // namespace zntopo::tools
 
-int main(int argc, char** argv) { return zntopo::tools::run(argc, argv); }
+int main(int argc, char** argv) {
+  return zntopo::tools::run({argv + std::min(argc, 1), argv + argc});
+}

@@ -12,6 +12,6 @@ std::string valueText(const Json& value) {
   return result;
 }
 
-Json nullIfEmpty(const std::string& text) { return text.empty() ? Json() : Json(text); }
+Json known(const std::string& text) { return text.empty() || text == "-" ? Json() : Json(text); }
 
 }  // namespace zntopo::tools

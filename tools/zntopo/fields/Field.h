@@ -42,8 +42,9 @@ struct Field {
 /// list with commas.
 std::string valueText(const Json& value);
 
-/// Null for an empty text.
-Json nullIfEmpty(const std::string& text);
+/// A text that the store may not have: null for an empty one, and for "-", which is the library's
+/// own mark.
+Json known(const std::string& text);
 
 /// Field::value of a member: a data member, or a function without arguments. Identifiers become
 /// texts, enumerators numbers.
@@ -58,6 +59,12 @@ Json member(const Object& object) {
   } else {
     return value;
   }
+}
+
+/// The same of a text that the store may not have.
+template <auto pointer, typename Object>
+Json knownMember(const Object& object) {
+  return known(std::invoke(pointer, object));
 }
 
 template <typename Object>

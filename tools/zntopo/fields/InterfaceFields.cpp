@@ -4,35 +4,35 @@ namespace zntopo::tools {
 
 namespace {
 
-Json addresses(const ZNInterface& interface) {
-  Json result = Json::array();
-  for (const auto type : {ZNAddress::IPv4, ZNAddress::IPv6}) {
-    const auto list = interface.getAddressesByType(type);
-    if (!list) continue;
-    for (const auto& address : *list) result.push_back(address->getAddressAsString());
-  }
-  return result;
+template <auto pointer>
+Json of(const InterfaceDetails& details) {
+  return member<pointer>(details.interface);
 }
 
-constexpr Field<ZNInterface> kInterfaceFields[] = {
+template <auto pointer>
+Json knownOf(const InterfaceDetails& details) {
+  return knownMember<pointer>(details.interface);
+}
+
+constexpr Field<InterfaceDetails> kInterfaceFields[] = {
     {.key = "name",
      .head = "INTERFACE",
-     .value = [](const ZNInterface& interface) -> Json { return interfaceLabel(interface); }},
-    {.key = "id", .value = member<&ZNInterface::getObjID>},
-    {.key = "if_name", .value = member<&ZNInterface::getIfName>},
-    {.key = "alias", .value = member<&ZNInterface::getIfAlias>},
-    {.key = "description", .value = member<&ZNInterface::getDescription>},
-    {.head = "LINKED", .value = member<&ZNInterface::isConnectedByL2Link>},
+     .value = [](const InterfaceDetails& all) -> Json { return interfaceLabel(all.interface); }},
+    {.key = "id", .value = of<&ZNInterface::getObjID>},
+    {.key = "if_name", .value = knownOf<&ZNInterface::getIfName>},
+    {.key = "alias", .value = knownOf<&ZNInterface::getIfAlias>},
+    {.key = "description", .value = knownOf<&ZNInterface::getDescription>},
+    {.head = "LINKED", .value = of<&ZNInterface::isConnectedByL2Link>},
     {.key = "physical_address",
      .head = "PHYSICAL ADDRESS",
-     .value = member<&ZNInterface::getPhysAddr>},
-    {.key = "index", .value = member<&ZNInterface::getIfIndex>},
-    {.key = "speed", .value = member<&ZNInterface::getIfSpeed>},
-    {.key = "card", .value = member<&ZNInterface::getCardLoc>},
-    {.key = "port", .value = member<&ZNInterface::getPortNum>},
-    {.key = "connected", .value = member<&ZNInterface::isConnectedByL2Link>},
-    {.key = "addresses", .head = "ADDRESSES", .value = addresses},
-    {.head = "DESCRIPTION", .value = member<&ZNInterface::getDescription>},
+     .value = knownOf<&ZNInterface::getPhysAddr>},
+    {.key = "index", .value = of<&ZNInterface::getIfIndex>},
+    {.key = "speed", .value = of<&ZNInterface::getIfSpeed>},
+    {.key = "card", .value = knownOf<&ZNInterface::getCardLoc>},
+    {.key = "port", .value = knownOf<&ZNInterface::getPortNum>},
+    {.key = "connected", .value = of<&ZNInterface::isConnectedByL2Link>},
+    {.key = "addresses", .head = "ADDRESSES", .value = member<&InterfaceDetails::addresses>},
+    {.head = "DESCRIPTION", .value = knownOf<&ZNInterface::getDescription>},
 };
 
 }  // namespace
@@ -42,6 +42,6 @@ std::string interfaceLabel(const ZNInterface& interface) {
   return padded.substr(0, padded.find('\0'));
 }
 
-std::span<const Field<ZNInterface>> interfaceFields() { return kInterfaceFields; }
+std::span<const Field<InterfaceDetails>> interfaceFields() { return kInterfaceFields; }
 
 }  // namespace zntopo::tools

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "tools/zntopo/fields/Field.h"
 #include "zntopo/model/ZNInterface.h"
@@ -10,7 +11,14 @@ namespace zntopo::tools {
 /// The label of an interface: its alias, name or description, without the padding.
 std::string interfaceLabel(const ZNInterface& interface);
 
+/// An interface with what it does not hold itself.
+struct InterfaceDetails {
+  const ZNInterface& interface;
+  /// IPv4 ones first.
+  std::vector<std::string> addresses;
+};
+
 /// What a list of interfaces tells of each.
-std::span<const Field<ZNInterface>> interfaceFields();
+std::span<const Field<InterfaceDetails>> interfaceFields();
 
 }  // namespace zntopo::tools

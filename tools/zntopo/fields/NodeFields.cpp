@@ -14,28 +14,29 @@ Json role(const ZNNode& node) {
 constexpr Field<ZNNode> kNodeFields[] = {
     {.key = "name", .head = "NAME", .value = member<&ZNNode::getName>},
     {.key = "id", .value = member<&ZNNode::getObjID>},
-    {.key = "description", .value = member<&ZNNode::getDescription>},
+    {.key = "description", .value = knownMember<&ZNNode::getDescription>},
     {.key = "ip_level", .value = member<&ZNNode::getIPLevel>},
     {.key = "management_address",
      .head = "ADDRESS",
-     .value = [](const ZNNode& node) { return nullIfEmpty(node.getIPv4ManagementAddress()); }},
+     .value = knownMember<&ZNNode::getIPv4ManagementAddress>},
     {.key = "router", .value = member<&ZNNode::isRouter>},
     {.key = "switch", .value = member<&ZNNode::isSwitch>},
-    {.key = "zone", .head = "ZONE", .value = member<&ZNNode::getZoneNumber>, .isRare = true},
+    {.key = "zone", .head = "ZONE", .value = knownMember<&ZNNode::getZoneNumber>, .isRare = true},
     {.head = "ROLE", .value = role},
-    {.head = "DESCRIPTION", .value = member<&ZNNode::getDescription>},
+    {.head = "DESCRIPTION", .value = knownMember<&ZNNode::getDescription>},
 };
 
 template <auto pointer>
-Json ofNode(const NodeDetails& details) {
-  return member<pointer>(details.node);
+Json knownOfNode(const NodeDetails& details) {
+  return knownMember<pointer>(details.node);
 }
 
 constexpr Field<NodeDetails> kDetailFields[] = {
-    {.key = "capabilities", .value = ofNode<&ZNNode::getCapabilities>},
-    {.key = "sys_oid", .value = ofNode<&ZNNode::getEntityOid>},
-    {.key = "contact", .value = ofNode<&ZNNode::getSysContact>},
-    {.key = "location", .value = ofNode<&ZNNode::getSysLocation>},
+    {.key = "capabilities",
+     .value = [](const NodeDetails& all) -> Json { return all.node.getCapabilities(); }},
+    {.key = "sys_oid", .value = knownOfNode<&ZNNode::getEntityOid>},
+    {.key = "contact", .value = knownOfNode<&ZNNode::getSysContact>},
+    {.key = "location", .value = knownOfNode<&ZNNode::getSysLocation>},
     {.key = "interfaces", .value = member<&NodeDetails::interfaces>},
     {.key = "links",
      .value = [](const NodeDetails& all) -> Json { return all.node.getConnDataList().size(); }},
