@@ -74,12 +74,11 @@ TEST_P(CliGraphmlTest, ParallelEdgesAreSeveralLinks) {
 TEST_P(CliGraphmlTest, OnlyNamesThatTheFileGivesTellCardAndPort) {
   const auto json = zntopoRun({"interfaces", "Hub-n3", "--json"}).json();
   for (const auto& one : json["interfaces"]) EXPECT_EQ(one["card"], "0/0") << one;
-  for (const auto& one : zntopoRun({"interfaces", "n6", "--json"}).json()["interfaces"]) {
-    EXPECT_EQ(one["port"], "-") << one;
+  for (const char* node : {"n6", "Seal Bay"}) {
+    const auto spur = zntopoRun({"interfaces", node, "--json"}).json()["interfaces"];
+    ASSERT_EQ(spur.size(), 3u);
+    for (const auto& one : spur) EXPECT_TRUE(one["port"].is_null()) << one;
   }
-  const auto spur = zntopoRun({"interfaces", "Seal Bay", "--json"}).json()["interfaces"];
-  ASSERT_EQ(spur.size(), 3u);
-  for (const auto& one : spur) EXPECT_EQ(one["port"], "-") << one;
 }
 
 TEST_P(CliGraphmlTest, FilesOfBothFormatsGoInTogether) {
