@@ -22,11 +22,16 @@ class OpenImpl : public ZNTopoAPI_Impl {
   using ZNTopoAPI_Impl::addErrorListMessage;
   using ZNTopoAPI_Impl::getAddressesByWhereClause;
   using ZNTopoAPI_Impl::getAddrsByAssociatedObjIDList;
+  using ZNTopoAPI_Impl::getEntitiesByWhereClause;
+  using ZNTopoAPI_Impl::getIfcEntitiesByWhereClause;
   using ZNTopoAPI_Impl::getInterfacesByWhereQuery;
   using ZNTopoAPI_Impl::getObjIDs;
+  using ZNTopoAPI_Impl::getSubnetEndPoints;
+  using ZNTopoAPI_Impl::getSubnetEndPointsByObjIDList;
   using ZNTopoAPI_Impl::useAddress;
   using ZNTopoAPI_Impl::useInterface;
   using ZNTopoAPI_Impl::useNode;
+  using ZNTopoAPI_Impl::useSubnet;
   using ZNTopoAPI_Impl::validate;
 
   const TableSet& tables() const { return *this; }

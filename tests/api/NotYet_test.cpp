@@ -31,7 +31,6 @@ TEST_F(NotYetTest, QueriesAnswerWithEmptyContainersThatExist) {
     EXPECT_TRUE(result->empty()) << #operation;      \
     expectNotYet(status, #operation);                \
   } while (false)
-  ZNTOPO_EXPECT_EMPTY(getSubnetsByObjIDList, ids, status, false, false, ZNEntity::IPv6, -1);
   ZNTOPO_EXPECT_EMPTY(getVlansByObjIDList, ids, notFound, status, false, -1);
   ZNTOPO_EXPECT_EMPTY(getIfcsByObjIDList, ids, notFound, status, false, -1);
   ZNTOPO_EXPECT_EMPTY(getIfcsByType, 1, status, -1);
@@ -60,10 +59,6 @@ TEST_F(NotYetTest, QueriesAnswerWithEmptyContainersThatExist) {
 }
 
 TEST_F(NotYetTest, SingleObjectsAreNullHandles) {
-  EXPECT_TRUE(api.getSubnetByObjID(ObjID("x"), status).isNull());
-  expectNotYet(status, "getSubnetByObjID");
-  EXPECT_TRUE(api.getSubnetByQRMObjID(ObjID("x"), status).isNull());
-  expectNotYet(status, "getSubnetByQRMObjID");
   EXPECT_TRUE(api.getVlanByObjID(ObjID("x"), status).isNull());
   expectNotYet(status, "getVlanByObjID");
   EXPECT_TRUE(api.getIfcByObjID(ObjID("x"), status).isNull());

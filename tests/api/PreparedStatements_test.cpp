@@ -2,6 +2,7 @@
 
 #include "tests/api/ApiFixture.h"
 #include "zntopo/api/detail/AttachmentSql.h"
+#include "zntopo/api/detail/EntitySql.h"
 #include "zntopo/api/detail/NodeSql.h"
 
 namespace zntopo::test {
@@ -41,6 +42,19 @@ std::vector<std::string> nodeStatements(const TableSet& tables) {
   return all;
 }
 
+std::vector<std::string> groupStatements(const TableSet& tables) {
+  const std::list<ObjID> ids = {ObjID(uuid(1)), ObjID("x")};
+  return {
+      entitySelect(tables, subnetsByIDs(ids, false)),
+      entitySelect(tables, subnetsByIDs(ids, true)),
+      entitySelect(tables, allSubnets(ZNEntity::AllProtocol, -1)),
+      entitySelect(tables, allSubnets(ZNEntity::IPv4, 3)),
+      entitySelect(tables, allSubnets(ZNEntity::IPv6, 0)),
+      endPointsSql(tables, ids.front()),
+      endPointsOfSubnetsSql(tables, ids),
+  };
+}
+
 class PreparedStatementsTest : public ApiTest {};
 INSTANTIATE_TEST_SUITE_P(Engines, PreparedStatementsTest, testing::ValuesIn(kMainEngines),
                          EngineNames());
@@ -48,6 +62,14 @@ INSTANTIATE_TEST_SUITE_P(Engines, PreparedStatementsTest, testing::ValuesIn(kMai
 TEST_P(PreparedStatementsTest, EveryStatementOnNodesIsAccepted) {
   for (const TopoDBType type : {ActiveDB, WorkingDB}) {
     for (const std::string& sql : nodeStatements(TableSet(type))) {
+      EXPECT_NO_THROW(store->execute(sql)) << sql;
+    }
+  }
+}
+
+TEST_P(PreparedStatementsTest, EveryStatementOnEntitiesAndGroupsIsAccepted) {
+  for (const TopoDBType type : {ActiveDB, WorkingDB}) {
+    for (const std::string& sql : groupStatements(TableSet(type))) {
       EXPECT_NO_THROW(store->execute(sql)) << sql;
     }
   }

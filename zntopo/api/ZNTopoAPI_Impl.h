@@ -47,6 +47,7 @@ class ZNTopoAPI_Impl : protected TableSet {
   using OwnedAddressMap =
       std::unique_ptr<std::map<ObjID, ZNRefPtr<std::vector<ZNRefPtr<ZNAddress>>>>>;
   using OwnedEntityVector = std::unique_ptr<std::vector<ZNRefPtr<ZNEntity>>>;
+  using OwnedEndPointMap = std::unique_ptr<std::map<ObjID, ZNRefPtr<std::list<SubnetEndPoint>>>>;
 
   /// How many identifiers go into one statement.
   static constexpr int NUM_NODE_PER_CALL = 50;
@@ -211,14 +212,14 @@ class ZNTopoAPI_Impl : protected TableSet {
   OwnedIDList getNSubnetConnectivity(int theNumHops, const ObjID& theStartNodeID,
                                      const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
 
-  // Subnets.
+  // Subnets: ZNTopoAPI_Subnet.cpp.
   ZNRefPtr<ZNSubnet> getSubnetByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
   ZNRefPtr<ZNSubnet> getSubnetByQRMObjID(const ObjID& theQRMObjID, ZNTopoAPIStatus& theStatus);
   OwnedSubnetList getSubnetsByObjIDList(const ObjIDSet& theSubnetIDs, ZNTopoAPIStatus& theStatus,
                                         bool isQRMID, bool getAllSubnets, ZNEntity::IPLevel ipLevel,
                                         int aRD);
 
-  // VLANs, containers and HSRP groups.
+  // VLANs, containers and HSRP groups: ZNTopoAPI_Group.cpp, ZNTopoAPI_Ifc.cpp, ZNTopoAPI_HSRP.cpp.
   ZNRefPtr<ZNVlan> getVlanByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
   OwnedVlanList getVlansByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
                                     ZNTopoAPIStatus& theStatus, bool getAllVlans, int aRD);
@@ -343,18 +344,34 @@ class ZNTopoAPI_Impl : protected TableSet {
                              std::list<ZNRefPtr<ZNNode>>& theNodeList,
                              std::map<ObjID, ZNRefPtr<ZNNode>>& theNodeMap);
 
-  // Entities, subnets and containers.
+  // Entities: ZNTopoAPI_Entity.cpp. The end points of subnets: ZNTopoAPI_Subnet.cpp.
+  /// One statement, whatever it finds. An empty clause finds nothing.
   OwnedEntityVector getEntitiesByWhereClause(std::string& theWhereClause,
                                              ZNTopoAPIStatus& theStatus, bool loadUDV);
   OwnedEntityVector getIfcEntitiesByWhereClause(std::string& theWhereClause,
                                                 ZNTopoAPIStatus& theStatus, bool loadUDVs);
   std::list<SubnetEndPoint> getSubnetEndPoints(ZNEntity& theEntity, ZNTopoAPIStatus& theStatus);
-  std::unique_ptr<std::map<ObjID, ZNRefPtr<std::list<SubnetEndPoint>>>>
-  getSubnetEndPointsByObjIDList(const std::list<ObjID>& theSubnetIDs, ZNTopoAPIStatus& theStatus);
+  /// By subnet, of those that have some. The two forms ask other tables for the node.
+  OwnedEndPointMap getSubnetEndPointsByObjIDList(const std::list<ObjID>& theSubnetIDs,
+                                                 ZNTopoAPIStatus& theStatus);
 
   TopoDBType dbType_;
   /// Working storage of neighbour walking, for one thread at a time.
   std::map<std::string, ZNRefPtr<ZNNode>> myNodeMap;
+
+ private:
+  /// What differs between the requests for VLANs, containers and HSRP groups.
+  template <typename T>
+  struct GroupKind;
+
+  /// The request for groups of one kind, by identifiers or for all: ZNTopoAPI_Group.cpp.
+  template <typename T>
+  std::unique_ptr<std::list<ZNRefPtr<T>>> groupsByObjIDList(const GroupKind<T>& kind,
+                                                            const ObjIDSet& theObjIDs,
+                                                            ObjIDSet& theNotFoundIDs,
+                                                            ZNTopoAPIStatus& theStatus, bool getAll,
+                                                            int aRD);
+  ZNRefPtr<ZNSubnet> singleSubnet(const ObjID& theID, bool isQRMID, ZNTopoAPIStatus& theStatus);
 };
 
 }  // namespace zntopo

@@ -9,6 +9,7 @@
 #include "zntopo/api/detail/NotDelivered.h"
 #include "zntopo/api/detail/ReadColumn.h"
 #include "zntopo/api/detail/SingleObject.h"
+#include "zntopo/api/detail/WithoutNulls.h"
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/detail/Failure.h"
 #include "zntopo/core/detail/LogText.h"
@@ -37,14 +38,6 @@ constexpr detail::CachedKind<ZNInterface> kCachedByQRMID = {
     .use = &ZNTopoCache::useInterface,
     .foundLine = "FOUND IF = %s IN QRM ID CACHE! \n",
     .idOf = &ZNInterface::getQRMObjID};
-
-std::list<ObjID> withoutNulls(const std::list<ObjID>& ids) {
-  std::list<ObjID> kept;
-  for (const ObjID& id : ids) {
-    if (!id.isNull()) kept.push_back(id);
-  }
-  return kept;
-}
 
 void logStatus(const ZNTopoAPIStatus& status) {
   MCLog::log(MC_CRITICAL, "Msg:%s, Aux:%s\n", status.getStatusMsg().c_str(),
@@ -164,7 +157,7 @@ ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByNodeObjIDList(
     MCLog::log(MC_TRACE_L2, "getInterfacesByNodesObjIDLIst() has empty Node ID list \n");
     return std::make_unique<InterfaceList>();
   }
-  return getInterfacesByWhereQuery(detail::whereInterfacesOfNodes(withoutNulls(theNodeIDs)),
+  return getInterfacesByWhereQuery(detail::whereInterfacesOfNodes(detail::withoutNulls(theNodeIDs)),
                                    theStatus, detail::INTERFACES_BY_NODE, theNodeIDs);
 }
 

@@ -70,26 +70,6 @@ ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNSubnetConnectivity(
   return nothingYet<OwnedIDList>(theStatus, __func__);
 }
 
-// ---- subnets ----
-
-ZNRefPtr<ZNSubnet> ZNTopoAPI_Impl::getSubnetByObjID(const ObjID& /*theObjID*/,
-                                                    ZNTopoAPIStatus& theStatus) {
-  theStatus = notYet(__func__);
-  return {};
-}
-
-ZNRefPtr<ZNSubnet> ZNTopoAPI_Impl::getSubnetByQRMObjID(const ObjID& /*theQRMObjID*/,
-                                                       ZNTopoAPIStatus& theStatus) {
-  theStatus = notYet(__func__);
-  return {};
-}
-
-ZNTopoAPI_Impl::OwnedSubnetList ZNTopoAPI_Impl::getSubnetsByObjIDList(
-    const ObjIDSet& /*theSubnetIDs*/, ZNTopoAPIStatus& theStatus, bool /*isQRMID*/,
-    bool /*getAllSubnets*/, ZNEntity::IPLevel /*ipLevel*/, int /*aRD*/) {
-  return nothingYet<OwnedSubnetList>(theStatus, __func__);
-}
-
 // ---- VLANs, containers and HSRP groups ----
 
 ZNRefPtr<ZNVlan> ZNTopoAPI_Impl::getVlanByObjID(const ObjID& /*theObjID*/,
@@ -323,27 +303,9 @@ ZNTopoAPI_Impl::OwnedAddressVector ZNTopoAPI_Impl::ParseAndGetAddressesByTopoFil
 
 // ---- entities ----
 
-ZNTopoAPI_Impl::OwnedEntityVector ZNTopoAPI_Impl::getEntitiesByWhereClause(
-    std::string& /*theWhereClause*/, ZNTopoAPIStatus& theStatus, bool /*loadUDV*/) {
-  return nothingYet<OwnedEntityVector>(theStatus, __func__);
-}
-
 ZNTopoAPI_Impl::OwnedEntityVector ZNTopoAPI_Impl::getIfcEntitiesByWhereClause(
     std::string& /*theWhereClause*/, ZNTopoAPIStatus& theStatus, bool /*loadUDVs*/) {
   return nothingYet<OwnedEntityVector>(theStatus, __func__);
-}
-
-std::list<SubnetEndPoint> ZNTopoAPI_Impl::getSubnetEndPoints(ZNEntity& /*theEntity*/,
-                                                             ZNTopoAPIStatus& theStatus) {
-  theStatus = notYet(__func__);
-  return {};
-}
-
-std::unique_ptr<std::map<ObjID, ZNRefPtr<std::list<SubnetEndPoint>>>>
-ZNTopoAPI_Impl::getSubnetEndPointsByObjIDList(const std::list<ObjID>& /*theSubnetIDs*/,
-                                              ZNTopoAPIStatus& theStatus) {
-  return nothingYet<std::unique_ptr<std::map<ObjID, ZNRefPtr<std::list<SubnetEndPoint>>>>>(
-      theStatus, __func__);
 }
 
 // There is no notification side yet that could be ended.
