@@ -100,10 +100,10 @@ TEST_P(EntityTest, ARowWithoutANameEndsTheReadAndNothingIsLoaded) {
   EXPECT_TRUE(status.isOK());
   EXPECT_THAT(idsOf(*found), ElementsAre("a"));
   EXPECT_THAT(spy.statements(), SizeIs(1));
-  EXPECT_THAT(log.lines(), testing::IsSupersetOf(std::vector<std::string>{
-                               "Received NULL values for critical data\n",
-                               "Unable to create Entity!\n", "Creating Entity: a : first \n",
-                               "SQL : " + spy.statements().front() + " \n"}));
+  EXPECT_THAT(log.lines(),
+              testing::IsSupersetOf(std::vector<std::string>{
+                  "Received NULL values for critical data\n", "Unable to create Entity!\n",
+                  "Creating Entity: a : first \n", "SQL : " + spy.statements().front() + " \n"}));
 }
 
 TEST_P(EntityTest, VariablesAndAddressesAreLoadedForThoseThatHaveSome) {
@@ -131,8 +131,7 @@ TEST_P(EntityTest, WithoutTheWishForThemVariablesAreNotLoaded) {
   const StatementSpy spy;
   const auto found = where(" ObjID = 'a'", false);
   EXPECT_THAT(spy.statements(), SizeIs(1));
-  EXPECT_NE(found->front()->getUserDefVarByName("site").getValue().getValType(),
-            VarValue::VT_Str);
+  EXPECT_NE(found->front()->getUserDefVarByName("site").getValue().getValType(), VarValue::VT_Str);
 }
 
 TEST_P(EntityTest, ALoaderThatFailsIsToldAndTheEntitiesComeBack) {

@@ -96,11 +96,14 @@ TEST_P(GatewayTest, WritesAnswerWithTheStatusOfTheImplementation) {
   }
 }
 
-TEST_P(GatewayTest, GroupsOfAnAddressAreNotSupportedYet) {
-  EXPECT_THAT(*gateway.getHSRPObjIDsByIFAddressObjID(ActiveDB, ObjID(uuid(3, 'b')),
+TEST_P(GatewayTest, GroupsOfAnAddressAreRead) {
+  const std::string address = uuid(3, 'b');
+  store->insert("hsrpaddress",
+                {{"ObjID", "g"}, {"AddressID", address}, {"AddressIfObjID", uuid(2, 'c')}});
+  EXPECT_THAT(*gateway.getHSRPObjIDsByIFAddressObjID(ActiveDB, ObjID(address),
                                                      TopologyGateway::HSRP_Address, status),
-              IsEmpty());
-  EXPECT_EQ(status.getStatus(), ZN_API_NOT_SUPPORTED_OPERATION);
+              testing::ElementsAre(ObjID("g")));
+  EXPECT_TRUE(status.isOK());
 }
 
 TEST_P(GatewayTest, ObjectsLoadThroughIt) {

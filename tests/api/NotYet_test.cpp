@@ -31,11 +31,6 @@ TEST_F(NotYetTest, QueriesAnswerWithEmptyContainersThatExist) {
     EXPECT_TRUE(result->empty()) << #operation;      \
     expectNotYet(status, #operation);                \
   } while (false)
-  ZNTOPO_EXPECT_EMPTY(getVlansByObjIDList, ids, notFound, status, false, -1);
-  ZNTOPO_EXPECT_EMPTY(getIfcsByObjIDList, ids, notFound, status, false, -1);
-  ZNTOPO_EXPECT_EMPTY(getIfcsByType, 1, status, -1);
-  ZNTOPO_EXPECT_EMPTY(getHSRPsByObjIDList, ids, notFound, status, false, -1);
-  ZNTOPO_EXPECT_EMPTY(getHSRPObjIDsByIFAddressObjID, ObjID("x"), ZNTopoAPI::HSRP_Address, status);
   ZNTOPO_EXPECT_EMPTY(getNodeIDsByFilter, filter, status);
   ZNTOPO_EXPECT_EMPTY(getNodesByFilter, filter, status);
   ZNTOPO_EXPECT_EMPTY(getSubnetIDsByFilter, filter, status);
@@ -56,13 +51,6 @@ TEST_F(NotYetTest, QueriesAnswerWithEmptyContainersThatExist) {
   ZNTOPO_EXPECT_EMPTY(ParseAndGetInterfacesByTopoFilter, "<x/>", "f", status);
   ZNTOPO_EXPECT_EMPTY(ParseAndGetAddressesByTopoFilter, "<x/>", "f", status);
 #undef ZNTOPO_EXPECT_EMPTY
-}
-
-TEST_F(NotYetTest, SingleObjectsAreNullHandles) {
-  EXPECT_TRUE(api.getVlanByObjID(ObjID("x"), status).isNull());
-  expectNotYet(status, "getVlanByObjID");
-  EXPECT_TRUE(api.getIfcByObjID(ObjID("x"), status).isNull());
-  expectNotYet(status, "getIfcByObjID");
 }
 
 TEST_F(NotYetTest, UpdatesOfTheStoreReturnTheirStatus) {

@@ -3,7 +3,9 @@
 #include "tests/api/ApiFixture.h"
 #include "zntopo/api/detail/AttachmentSql.h"
 #include "zntopo/api/detail/EntitySql.h"
+#include "zntopo/api/detail/GroupSql.h"
 #include "zntopo/api/detail/NodeSql.h"
+#include "zntopo/store/detail/QuotedList.h"
 
 namespace zntopo::test {
 namespace {
@@ -52,6 +54,21 @@ std::vector<std::string> groupStatements(const TableSet& tables) {
       entitySelect(tables, allSubnets(ZNEntity::IPv6, 0)),
       endPointsSql(tables, ids.front()),
       endPointsOfSubnetsSql(tables, ids),
+      entitySelect(tables, allVlans(-1)),
+      entitySelect(tables, allVlans(3)),
+      entitySelect(tables, allHSRPs(-1)),
+      entitySelect(tables, allHSRPs(3)),
+      ifcEntitySelect(tables, ""),
+      ifcEntitySelect(tables, allIfcs(3)),
+      ifcEntitySelect(tables, ifcsOfType(5, -1)),
+      ifcEntitySelect(tables, ifcsOfType(5, 3)),
+      ifcEntitySelect(tables, quotedList(" ObjId in (", ids)),
+      ifcDataSql(tables, ids.front()),
+      ifcAssociationsSql(tables, ids.front()),
+      hsrpInfoSelect(tables, ids, false),
+      hsrpInfoSelect(tables, {}, true),
+      hsrpsByMemberSql(tables, "AddressID", ids.front()),
+      hsrpsByMemberSql(tables, "AddressIFObjID", ids.front()),
   };
 }
 
@@ -65,6 +82,10 @@ TEST_P(PreparedStatementsTest, EveryStatementOnNodesIsAccepted) {
       EXPECT_NO_THROW(store->execute(sql)) << sql;
     }
   }
+}
+
+TEST_P(PreparedStatementsTest, GroupsCantBeAskedForByWhatTheyTrack) {
+  EXPECT_FALSE(store->accepts(hsrpsByNothingSql(TableSet())));
 }
 
 TEST_P(PreparedStatementsTest, EveryStatementOnEntitiesAndGroupsIsAccepted) {

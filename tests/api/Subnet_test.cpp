@@ -251,9 +251,9 @@ TEST_P(SubnetTest, ARowThatLacksAPartIsLeftOutAndLogged) {
   EXPECT_THAT(pointsByContainment("s"), ElementsAre("n2/i2/adr-i2"));
   EXPECT_TRUE(status.isOK());
   const auto lines = log.lines();
-  EXPECT_EQ(std::count(lines.begin(), lines.end(),
-                       "Found Null data in retrieval of SubnetEndPoints\n"),
-            2);
+  EXPECT_EQ(
+      std::count(lines.begin(), lines.end(), "Found Null data in retrieval of SubnetEndPoints\n"),
+      2);
 }
 
 TEST_P(SubnetTest, SubnetsComeBackWithoutEndPointsIfThoseFail) {
@@ -283,8 +283,8 @@ TEST_P(SubnetTest, FailedStepsOfTheEndPointStatementsNameTheStatement) {
     EXPECT_EQ(status.getStatus(), code);
     EXPECT_THAT(status.getAuxMsg(), StartsWith(many + spy.statements().back() + "\n"));
   };
-  fails(StatementSpy::BindSql, ZN_API_SQL_BIND_STATEMENT_ERROR, "Unable to bind SQL Statement: ",
-        "Unable to bind SQL Statement: ");
+  fails(StatementSpy::BindSql, ZN_API_SQL_BIND_STATEMENT_ERROR,
+        "Unable to bind SQL Statement: ", "Unable to bind SQL Statement: ");
   fails(StatementSpy::BindColumn, ZN_API_SQL_BIND_COLUMN_ERROR,
         "Problem binding values for SubnetEndPoints:",
         "Problem binding values for SubnetEndPoints: ");

@@ -3,6 +3,8 @@
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/api/detail/EntitySql.h"
 #include "zntopo/api/detail/EntityTableRow.h"
+#include "zntopo/api/detail/GroupRows.h"
+#include "zntopo/api/detail/GroupSql.h"
 #include "zntopo/api/detail/ObjectsRead.h"
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/detail/OperationScope.h"
@@ -25,8 +27,7 @@ bool addEntity(EntitiesRead& read, const Row& row, const detail::EntityColumns& 
   return read.add(row, columns, [&](const Row& complete) {
     MCLog::log(MC_INFO, "Creating Entity: %s : %s \n", complete.text(columns.objID),
                complete.text(columns.name));
-    return ZNRefPtr<ZNEntity>(
-        new ZNEntity(detail::entityFromRow(complete, columns, type, dbType)));
+    return ZNRefPtr<ZNEntity>(new ZNEntity(detail::entityFromRow(complete, columns, type, dbType)));
   });
 }
 
@@ -59,6 +60,20 @@ ZNTopoAPI_Impl::OwnedEntityVector ZNTopoAPI_Impl::getEntitiesByWhereClause(
       read,
       [&](const std::list<ObjID>& ids) { return getAddrsByAssociatedObjIDList(ids, theStatus, 0); },
       theStatus);
+  return vectorOf(read);
+}
+
+// The condition may be empty: all containers are meant then.
+ZNTopoAPI_Impl::OwnedEntityVector ZNTopoAPI_Impl::getIfcEntitiesByWhereClause(
+    std::string& theWhereClause, ZNTopoAPIStatus& theStatus, bool /*loadUDVs*/) {
+  const detail::OperationScope scope("getIfcEntitiesByWhereClause");
+  theStatus.reset();
+  if (theWhereClause.empty()) MCLog::log(MC_CRITICAL, "Where Clause is empty !\n");
+  EntitiesRead read;
+  runQuery(detail::ifcEntitySelect(*this, theWhereClause), detail::kIfcEntityColumns, kEntityTexts,
+           theStatus, [&](const Row& row) {
+             return addEntity(read, row, detail::kIfcEntityEntityColumns, E_IfC, dbType_);
+           });
   return vectorOf(read);
 }
 

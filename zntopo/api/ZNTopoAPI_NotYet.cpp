@@ -70,71 +70,6 @@ ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNSubnetConnectivity(
   return nothingYet<OwnedIDList>(theStatus, __func__);
 }
 
-// ---- VLANs, containers and HSRP groups ----
-
-ZNRefPtr<ZNVlan> ZNTopoAPI_Impl::getVlanByObjID(const ObjID& /*theObjID*/,
-                                                ZNTopoAPIStatus& theStatus) {
-  theStatus = notYet(__func__);
-  return {};
-}
-
-ZNTopoAPI_Impl::OwnedVlanList ZNTopoAPI_Impl::getVlansByObjIDList(const ObjIDSet& /*theObjIDs*/,
-                                                                  ObjIDSet& /*theNotFoundIDs*/,
-                                                                  ZNTopoAPIStatus& theStatus,
-                                                                  bool /*getAllVlans*/,
-                                                                  int /*aRD*/) {
-  return nothingYet<OwnedVlanList>(theStatus, __func__);
-}
-
-ZNRefPtr<ZNIfc> ZNTopoAPI_Impl::getIfcByObjID(const ObjID& /*theObjID*/,
-                                              ZNTopoAPIStatus& theStatus) {
-  theStatus = notYet(__func__);
-  return {};
-}
-
-ZNTopoAPI_Impl::OwnedIfcList ZNTopoAPI_Impl::getIfcsByObjIDList(const ObjIDSet& /*theObjIDs*/,
-                                                                ObjIDSet& /*theNotFoundIDs*/,
-                                                                ZNTopoAPIStatus& theStatus,
-                                                                bool /*getAll*/, int /*aRD*/) {
-  return nothingYet<OwnedIfcList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedIfcList ZNTopoAPI_Impl::getIfcsByType(const int& /*theIfcType*/,
-                                                           ZNTopoAPIStatus& theStatus,
-                                                           int /*aRD*/) {
-  return nothingYet<OwnedIfcList>(theStatus, __func__);
-}
-
-ZNTopoAPIStatus ZNTopoAPI_Impl::getIfcDataByObjID(const ObjID& /*theIfcID*/, int& /*ifcType*/,
-                                                  int& /*appsId*/, bool& /*isOrdered*/,
-                                                  bool& /*cleanUpOnEmpty*/) {
-  return notYet(__func__);
-}
-
-ZNTopoAPIStatus ZNTopoAPI_Impl::getIfcAssocInfosByObjID(
-    const ObjID& /*theIfcID*/, std::list<ZNRefPtr<ZNIfcAssocInfo>>& /*theList*/) {
-  return notYet(__func__);
-}
-
-ZNTopoAPI_Impl::OwnedHSRPList ZNTopoAPI_Impl::getHSRPsByObjIDList(const ObjIDSet& /*theObjIDs*/,
-                                                                  ObjIDSet& /*theNotFoundIDs*/,
-                                                                  ZNTopoAPIStatus& theStatus,
-                                                                  bool /*getAllHSRPs*/,
-                                                                  int /*aRD*/) {
-  return nothingYet<OwnedHSRPList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedHSRPInfoMap ZNTopoAPI_Impl::getHSRPInfosByObjIDList(
-    const std::list<ObjID>& /*theObjIDList*/, ZNTopoAPIStatus& theStatus, bool /*getAllHSRPs*/) {
-  return nothingYet<OwnedHSRPInfoMap>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getHSRPObjIDsByIFAddressObjID(
-    const ObjID& /*theObjID*/, ZNTopoAPI::GetHSRPObjIDsByIFAddressObjID_ObjType /*objType*/,
-    ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedIDList>(theStatus, __func__);
-}
-
 // ---- attribute filters ----
 
 ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNodeIDsByFilter(const ZNTopoFilter& /*theFilter*/,
@@ -299,13 +234,6 @@ ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::ParseAndGetInterfacesByTopoFi
 ZNTopoAPI_Impl::OwnedAddressVector ZNTopoAPI_Impl::ParseAndGetAddressesByTopoFilter(
     const std::string& /*aXmlString*/, const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
   return nothingYet<OwnedAddressVector>(theStatus, __func__);
-}
-
-// ---- entities ----
-
-ZNTopoAPI_Impl::OwnedEntityVector ZNTopoAPI_Impl::getIfcEntitiesByWhereClause(
-    std::string& /*theWhereClause*/, ZNTopoAPIStatus& theStatus, bool /*loadUDVs*/) {
-  return nothingYet<OwnedEntityVector>(theStatus, __func__);
 }
 
 // There is no notification side yet that could be ended.

@@ -34,8 +34,7 @@ constexpr detail::CachedKind<ZNSubnet> kCachedByID = {
     .use = &ZNTopoCache::useSubnet,
     .foundLine = "FOUND Subnet = %s IN CACHE! \n"};
 constexpr detail::CachedKind<ZNSubnet> kCachedByQRMID = {
-    .inCache = &ZNTopoCache::inSubnetQRMIDCache,
-    .use = &ZNTopoCache::useSubnet};
+    .inCache = &ZNTopoCache::inSubnetQRMIDCache, .use = &ZNTopoCache::useSubnet};
 
 /// The columns of both end point statements; that of one subnet has not the last one.
 enum EndPointColumn : int { EP_Address, EP_Interface, EP_Node, EP_Subnet, END_POINT_COLUMN_COUNT };
@@ -43,9 +42,9 @@ enum EndPointColumn : int { EP_Address, EP_Interface, EP_Node, EP_Subnet, END_PO
 constexpr Column kEndPointColumns[] = {textColumn("AddressID", 66), textColumn("ObjID", 66),
                                        textColumn("ContainerObjID", 66)};
 static_assert(sizeof(kEndPointColumns) / sizeof(Column) == EP_Subnet);
-constexpr Column kEndPointOfSubnetsColumns[] = {textColumn("AddressID", 66),
-                                                textColumn("ObjID", 66), textColumn("NodeObjID", 66),
-                                                textColumn("SubnetObjID", 66)};
+constexpr Column kEndPointOfSubnetsColumns[] = {
+    textColumn("AddressID", 66), textColumn("ObjID", 66), textColumn("NodeObjID", 66),
+    textColumn("SubnetObjID", 66)};
 static_assert(sizeof(kEndPointOfSubnetsColumns) / sizeof(Column) == END_POINT_COLUMN_COUNT);
 
 constexpr AccessTexts kEndPointTexts = {
@@ -87,9 +86,9 @@ ZNTopoAPI_Impl::OwnedSubnetList ZNTopoAPI_Impl::getSubnetsByObjIDList(
       detail::setFailure(theStatus, ZN_API_EMPTY_OBJID_LIST, "Input ObjID List is empty");
       return theSubnets;
     }
-    const auto missing =
-        isQRMID ? detail::withoutNulls(theSubnetIDs)
-                : detail::takeCached(*cache(), kCachedByID, theSubnetIDs, *theSubnets);
+    const auto missing = isQRMID
+                             ? detail::withoutNulls(theSubnetIDs)
+                             : detail::takeCached(*cache(), kCachedByID, theSubnetIDs, *theSubnets);
     if (theSubnets->size() == theSubnetIDs.size()) {
       MCLog::log(MC_INFO, "Found all Subnet in cache ! \n");
       return theSubnets;
@@ -116,8 +115,7 @@ ZNTopoAPI_Impl::OwnedSubnetList ZNTopoAPI_Impl::getSubnetsByObjIDList(
 ZNRefPtr<ZNSubnet> ZNTopoAPI_Impl::singleSubnet(const ObjID& theID, bool isQRMID,
                                                 ZNTopoAPIStatus& theStatus) {
   return detail::singleObject(theID, isQRMID ? kByQRMObjID : kByObjID, theStatus, [&] {
-    auto subnets =
-        getSubnetsByObjIDList({theID}, theStatus, isQRMID, false, ZNEntity::IPv6, -1);
+    auto subnets = getSubnetsByObjIDList({theID}, theStatus, isQRMID, false, ZNEntity::IPv6, -1);
     if (!theStatus.isOK()) MCLog::log(MC_CRITICAL, "getSubnetsByObjIDList - error ! \n");
     return subnets;
   });
@@ -135,8 +133,7 @@ ZNRefPtr<ZNSubnet> ZNTopoAPI_Impl::getSubnetByQRMObjID(const ObjID& theQRMObjID,
   const detail::OperationScope scope("getSubnetByQRMObjID");
   theStatus.reset();
   ZNRefPtr<ZNSubnet> cached;
-  if (!theQRMObjID.isNull() &&
-      detail::useCached(*cache(), kCachedByQRMID, theQRMObjID, cached)) {
+  if (!theQRMObjID.isNull() && detail::useCached(*cache(), kCachedByQRMID, theQRMObjID, cached)) {
     return cached;
   }
   return singleSubnet(theQRMObjID, true, theStatus);
