@@ -1,6 +1,7 @@
 # What every target of this project is compiled with.
 
 option(ZNTOPO_BUILD_TESTS "Build the test programs" ON)
+option(ZNTOPO_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(ZNTOPO_BUILD_FUZZERS "Build the libFuzzer targets (clang only)" OFF)
 option(ZNTOPO_WARNINGS_AS_ERRORS "Fail the build on a warning" OFF)
 set(ZNTOPO_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "bench/support/Setting.h"
+
+/// @file
+/// One operation for each file of benchmarks: it registers those that fit the setting.
+///
+/// A benchmark is named "Question/who": the library, its floor, and whoever else answers the
+/// same question. bench/report.py sets the answers beside each other. A benchmark with a counter
+/// "bytes" is measured in bytes, all others in time.
+
+namespace zntopo::bench {
+
+void registerBulkRead(const Setting& setting);
+void registerLog(const Setting& setting);
+void registerMemory(const Setting& setting);
+void registerWarmLookup(const Setting& setting);
+void registerWarmWalk(const Setting& setting);
+
+}  // namespace zntopo::bench
