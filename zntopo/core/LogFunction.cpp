@@ -6,11 +6,19 @@
 
 namespace zntopo {
 
-LogFunction::LogFunction(const char* name) { enter(name ? name : ""); }
+LogFunction::LogFunction(const char* name) {
+  keep(name ? name : "");
+  enter();
+}
 
-LogFunction::LogFunction(const std::string& name) { enter(name.c_str()); }
+LogFunction::LogFunction(const std::string& name) {
+  keep(name.c_str());
+  enter();
+}
 
-void LogFunction::enter(const char* name) {
+LogFunction::LogFunction(Lasting lasting) : myName(lasting.name) { enter(); }
+
+void LogFunction::keep(const char* name) {
   // The name is kept even if nobody hears the entry: the level may change before the exit.
   const std::size_t size = std::strlen(name) + 1;
   char* kept = short_;
@@ -20,8 +28,9 @@ void LogFunction::enter(const char* name) {
   }
   std::memcpy(kept, name, size);
   myName = kept;
-  MCLog::log(MC_INFO, "+%s\n", myName);
 }
+
+void LogFunction::enter() { MCLog::log(MC_INFO, "+%s\n", myName); }
 
 LogFunction::~LogFunction() { MCLog::log(MC_INFO, "-%s\n", myName); }
 

@@ -15,12 +15,18 @@ class ZNTOPO_EXPORT LogFunction {
  public:
   explicit LogFunction(const char* name);
   explicit LogFunction(const std::string& name);
+  /// A name that outlives the scope, as a literal does: it is not copied.
+  struct Lasting {
+    const char* name;
+  };
+  explicit LogFunction(Lasting lasting);
   ~LogFunction();
   LogFunction(const LogFunction&) = delete;
   LogFunction& operator=(const LogFunction&) = delete;
 
  private:
-  void enter(const char* name);
+  void keep(const char* name);
+  void enter();
 
   const char* myName;
   std::unique_ptr<char[]> long_;

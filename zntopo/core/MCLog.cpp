@@ -138,7 +138,13 @@ bool MCLog::passes(MCDebugLevel level) {
   return log && level >= log->getDebugLevel();
 }
 
+bool MCLog::isUnheard(MCDebugLevel level) {
+  const MCLog* const log = getInstance();
+  return log && level < log->getDebugLevel() && !isTraced(level);
+}
+
 bool MCLog::isHeard(MCDebugLevel level) {
+  if (isUnheard(level)) return false;
   // The instance is made either way.
   const bool passed = passes(level);
   return passed || isTraced(level);
@@ -146,6 +152,7 @@ bool MCLog::isHeard(MCDebugLevel level) {
 
 void MCLog::log(int level, const char* format, ...) {
   const bool known = level >= MC_VERBOSE && level <= MC_NONE;
+  if (known && isUnheard(static_cast<MCDebugLevel>(level))) return;
   va_list arguments;
   va_start(arguments, format);
   vlog(known ? static_cast<MCDebugLevel>(level) : MC_DEFAULT, format, arguments);
@@ -153,6 +160,7 @@ void MCLog::log(int level, const char* format, ...) {
 }
 
 void MCLog::log(MCDebugLevel level, const char* format, ...) {
+  if (isUnheard(level)) return;
   va_list arguments;
   va_start(arguments, format);
   vlog(level, format, arguments);

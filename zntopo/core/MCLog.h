@@ -105,6 +105,8 @@ class ZNTOPO_EXPORT MCLog {
   static MCLog* makeInstance();
   static bool isDisabled() { return myLoggingDisabled.load(std::memory_order_relaxed) < 0; }
   static bool passes(MCDebugLevel level);
+  /// True if it is sure, and cheap to tell, that nobody hears a line of this level.
+  static bool isUnheard(MCDebugLevel level);
   static void vlog(MCDebugLevel level, const char* format, va_list arguments)
       __attribute__((format(printf, 2, 0)));
   static void write(MCDebugLevel level, const char* text);

@@ -48,7 +48,6 @@ std::string textOf(const MS_Uuid& uuid) {
 
 }  // namespace
 
-ObjID::ObjID() noexcept : _objType(E_Null) { _id._sid = nullptr; }
 ObjID::ObjID(const long& value) : ObjID() { setLong(value); }
 ObjID::ObjID(const int& value) : ObjID() { setLong(value); }
 ObjID::ObjID(const int64& value) : ObjID() { setLong(static_cast<std::int32_t>(value)); }
@@ -57,26 +56,6 @@ ObjID::ObjID(const unsigned long& value) : ObjID(static_cast<int64>(value)) {}
 ObjID::ObjID(const unsigned long long& value) : ObjID(static_cast<int64>(value)) {}
 ObjID::ObjID(const char* text) : ObjID() { CreateObj(text); }
 ObjID::ObjID(const std::string& text) : ObjID() { CreateObj(text.c_str()); }
-ObjID::ObjID(const ObjID& other) : ObjID() { copyFrom(other); }
-ObjID::ObjID(ObjID&& other) noexcept : ObjID() { moveFrom(other); }
-ObjID::~ObjID() { clear(); }
-
-ObjID& ObjID::operator=(const ObjID& other) {
-  if (this != &other) {
-    ObjID copy(other);
-    clear();
-    moveFrom(copy);
-  }
-  return *this;
-}
-
-ObjID& ObjID::operator=(ObjID&& other) noexcept {
-  if (this != &other) {
-    clear();
-    moveFrom(other);
-  }
-  return *this;
-}
 
 ObjID& ObjID::operator=(const unsigned long& value) {
   clear();
@@ -89,7 +68,7 @@ unsigned long ObjID::getHash() const {
     case E_Long:
       return asWord(_id._lid % kHashRange);
     case E_MsUuid:
-      return _id._msid->hash();
+      return _id._msid.hash();
     case E_String:
       return hashOfText(_id._sid);
     case E_Null:
@@ -118,7 +97,7 @@ std::string ObjID::toString() const {
     case E_Long:
       return ltos(_id._lid);
     case E_MsUuid:
-      return textOf(*_id._msid);
+      return textOf(_id._msid);
     case E_String:
       return _id._sid;
     case E_Null:
@@ -129,13 +108,6 @@ std::string ObjID::toString() const {
 
 ObjID::operator std::string() const { return getStrValue(); }
 
-void ObjID::clear() {
-  if (_objType == E_MsUuid) delete _id._msid;
-  if (_objType == E_String) delete[] _id._sid;
-  _id._sid = nullptr;
-  _objType = E_Null;
-}
-
 void ObjID::CreateObj(const char* text) {
   constexpr std::size_t kUuidLength = MS_Uuid::kTextSize - 1;
   const std::size_t length = text ? std::strlen(text) : 0;
@@ -143,7 +115,7 @@ void ObjID::CreateObj(const char* text) {
   if (length == kUuidLength) {
     // The dash at 18 is not asked for; and 36 digits are a text, not a number.
     if (text[8] == '-' && text[13] == '-' && text[23] == '-') {
-      _id._msid = new MS_Uuid(text);
+      _id._msid = MS_Uuid(text);
       _objType = E_MsUuid;
       return;
     }
@@ -155,53 +127,21 @@ void ObjID::CreateObj(const char* text) {
   _objType = E_String;
 }
 
-void ObjID::copyFrom(const ObjID& other) {
-  _id = other._id;
-  if (other._objType == E_MsUuid) _id._msid = new MS_Uuid(*other._id._msid);
-  if (other._objType == E_String) _id._sid = duplicate(other._id._sid);
-  _objType = other._objType;
-}
-
-void ObjID::moveFrom(ObjID& other) noexcept {
-  _id = other._id;
-  _objType = other._objType;
-  other._id._sid = nullptr;
-  other._objType = E_Null;
-}
+void ObjID::ownText() { _id._sid = duplicate(_id._sid); }
 
 void ObjID::setLong(long value) {
   _id._lid = saturated(value);
   _objType = E_Long;
 }
 
-bool operator==(const ObjID& left, const ObjID& right) {
-  if (left._objType != right._objType) return false;
-  switch (left._objType) {
-    case ObjID::E_Long:
-      return left._id._lid == right._id._lid;
-    case ObjID::E_MsUuid:
-      return *left._id._msid == *right._id._msid;
-    case ObjID::E_String:
-      return std::strcmp(left._id._sid, right._id._sid) == 0;
-    case ObjID::E_Null:
-      break;
-  }
-  return true;
+bool ObjID::isSame(const ObjID& other) const {
+  if (_objType == E_Long) return _id._lid == other._id._lid;
+  return _objType == E_Null || std::strcmp(_id._sid, other._id._sid) == 0;
 }
 
-bool operator<(const ObjID& left, const ObjID& right) {
-  if (left._objType != right._objType) return false;
-  switch (left._objType) {
-    case ObjID::E_Long:
-      return left._id._lid < right._id._lid;
-    case ObjID::E_MsUuid:
-      return *left._id._msid < *right._id._msid;
-    case ObjID::E_String:
-      return std::strcmp(left._id._sid, right._id._sid) < 0;
-    case ObjID::E_Null:
-      break;
-  }
-  return false;
+bool ObjID::isLess(const ObjID& other) const {
+  if (_objType == E_Long) return _id._lid < other._id._lid;
+  return _objType != E_Null && std::strcmp(_id._sid, other._id._sid) < 0;
 }
 
 }  // namespace zntopo

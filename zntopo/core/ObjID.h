@@ -5,8 +5,7 @@
 #include <string>
 
 #include "zntopo/platform/Export.h"
-
-class MS_Uuid;
+#include "zntopo/platform/tv/MS_Uuid.h"
 
 namespace zntopo {
 
@@ -23,14 +22,14 @@ using int64 = long long;
 /// one of a kind is equivalent to each of another: look up through findObjID() of
 /// core/ObjIDLookup.h, which tests for equality behind the find.
 ///
-/// A value type that owns its heap part. It has no lock: one value belongs to one thread at a
-/// time.
+/// A value type: a text is on the heap, all else in the value itself. It has no lock: one value
+/// belongs to one thread at a time.
 class ZNTOPO_EXPORT ObjID {
  public:
   enum ObjType : int { E_Null = 0, E_Long = 1, E_MsUuid = 2, E_String = 3 };
 
   /// Null.
-  ObjID() noexcept;
+  ObjID() noexcept : _objType(E_Null) {}
   /// A number. Numbers beyond 32 bits saturate.
   ObjID(const long& value);  // NOLINT(google-explicit-constructor)
   ObjID(const int& value);   // NOLINT(google-explicit-constructor)
@@ -42,12 +41,26 @@ class ZNTOPO_EXPORT ObjID {
   /// From a text, by the rules above; a null pointer is null.
   ObjID(const char* text);         // NOLINT(google-explicit-constructor)
   ObjID(const std::string& text);  // NOLINT(google-explicit-constructor)
-  ObjID(const ObjID& other);
-  ObjID(ObjID&& other) noexcept;
-  ~ObjID();
+  ObjID(const ObjID& other) : _id(other._id), _objType(other._objType) {
+    if (_objType == E_String) ownText();
+  }
+  ObjID(ObjID&& other) noexcept : _id(other._id), _objType(other._objType) {
+    other._objType = E_Null;
+  }
+  ~ObjID() { clear(); }
 
-  ObjID& operator=(const ObjID& other);
-  ObjID& operator=(ObjID&& other) noexcept;
+  ObjID& operator=(const ObjID& other) {
+    if (this != &other) *this = ObjID(other);
+    return *this;
+  }
+  ObjID& operator=(ObjID&& other) noexcept {
+    if (this == &other) return *this;
+    clear();
+    _id = other._id;
+    _objType = other._objType;
+    other._objType = E_Null;
+    return *this;
+  }
   /// A number. Keeps the low 32 bits, so that every integer that is assigned does.
   ObjID& operator=(const unsigned long& value);
 
@@ -64,29 +77,44 @@ class ZNTOPO_EXPORT ObjID {
   std::string toString() const;
   operator std::string() const;  // NOLINT(google-explicit-constructor)
 
-  /// Releases the heap part and becomes null.
-  void clear();
+  /// Releases the text and becomes null.
+  void clear() {
+    if (_objType == E_String) delete[] _id._sid;
+    _objType = E_Null;
+  }
 
-  friend ZNTOPO_EXPORT bool operator==(const ObjID& left, const ObjID& right);
-  friend ZNTOPO_EXPORT bool operator<(const ObjID& left, const ObjID& right);
+  friend bool operator==(const ObjID& left, const ObjID& right) {
+    if (left._objType != right._objType) return false;
+    if (left._objType == E_MsUuid) return left._id._msid == right._id._msid;
+    return left.isSame(right);
+  }
+  /// False between different kinds and with a null identifier on either side.
+  friend bool operator<(const ObjID& left, const ObjID& right) {
+    if (left._objType != right._objType) return false;
+    if (left._objType == E_MsUuid) return left._id._msid < right._id._msid;
+    return left.isLess(right);
+  }
 
  private:
   void CreateObj(const char* text);
-  void copyFrom(const ObjID& other);
-  void moveFrom(ObjID& other) noexcept;
+  /// Replaces the text, another's, by a copy.
+  void ownText();
   void setLong(long value);
+  // The comparisons of kinds other than UUIDs, which the two have in common.
+  bool isSame(const ObjID& other) const;
+  bool isLess(const ObjID& other) const;
 
   union myId {
+    myId() : _sid(nullptr) {}
     std::int32_t _lid;
-    MS_Uuid* _msid;
+    MS_Uuid _msid;
     char* _sid;
   } _id;
   ObjType _objType;
 };
 
-ZNTOPO_EXPORT bool operator==(const ObjID& left, const ObjID& right);
-/// False between different kinds and with a null identifier on either side.
-ZNTOPO_EXPORT bool operator<(const ObjID& left, const ObjID& right);
+bool operator==(const ObjID& left, const ObjID& right);
+bool operator<(const ObjID& left, const ObjID& right);
 inline bool operator!=(const ObjID& left, const ObjID& right) { return !(left == right); }
 
 /// Hash function object for unordered containers.

@@ -1,16 +1,19 @@
 #include "zntopo/core/ZNMutex.h"
 
+#include <memory>
 #include <vector>
 
 namespace zntopo {
 
 namespace {
 
+pthread_mutex_t* initialised(pthread_mutex_t* handle) {
+  return pthread_mutex_init(handle, nullptr) == 0 ? handle : nullptr;
+}
+
 pthread_mutex_t* newHandle() {
-  auto* const handle = new pthread_mutex_t;
-  if (pthread_mutex_init(handle, nullptr) == 0) return handle;
-  delete handle;
-  return nullptr;
+  auto handle = std::make_unique<pthread_mutex_t>();
+  return initialised(handle.get()) ? handle.release() : nullptr;
 }
 
 // Another thread may hold, or wait for, a platform mutex that an assignment puts out of use, so
@@ -25,13 +28,13 @@ void keep(pthread_mutex_t* handle) {
 
 }  // namespace
 
-ZNMutex::ZNMutex() : myMutex(newHandle()) {}
+ZNMutex::ZNMutex() : myMutex(initialised(&first_)) {}
 
 ZNMutex::ZNMutex(const ZNMutex& /*other*/) : ZNMutex() {}
 
 ZNMutex& ZNMutex::operator=(const ZNMutex& other) {
   if (this == &other) return *this;
-  if (myMutex) keep(myMutex);
+  if (myMutex && myMutex != &first_) keep(myMutex);
   myMutex = newHandle();
   return *this;
 }
@@ -39,15 +42,7 @@ ZNMutex& ZNMutex::operator=(const ZNMutex& other) {
 ZNMutex::~ZNMutex() {
   if (!myMutex) return;
   pthread_mutex_destroy(myMutex);
-  delete myMutex;
-}
-
-void ZNMutex::lock() {
-  if (myMutex) pthread_mutex_lock(myMutex);
-}
-
-void ZNMutex::unlock() {
-  if (myMutex) pthread_mutex_unlock(myMutex);
+  if (myMutex != &first_) delete myMutex;
 }
 
 // What the platform says of a failure here goes to nobody: these operations fail in silence.

@@ -19,12 +19,18 @@ class ZNTOPO_EXPORT ZNMutex {
   ~ZNMutex();
 
   /// Blocks until the lock is held. Does nothing if the platform gave no mutex.
-  void lock();
-  void unlock();
+  void lock() {
+    if (myMutex) pthread_mutex_lock(myMutex);
+  }
+  void unlock() {
+    if (myMutex) pthread_mutex_unlock(myMutex);
+  }
   /// The platform handle, for callers that go straight to the platform's lock functions.
   pthread_mutex_t* getMutex() const { return myMutex; }
 
  private:
+  // The handle points to this one until another mutex is assigned.
+  pthread_mutex_t first_;
   pthread_mutex_t* myMutex;
 };
 

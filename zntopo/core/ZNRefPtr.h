@@ -1,20 +1,40 @@
 #pragma once
 
+#include <atomic>
+
 #include "zntopo/core/ZNMutex.h"
 #include "zntopo/platform/Export.h"
 
 namespace zntopo {
 
-/// The count that all handles of one object share. It has no lock of its own.
+template <typename T>
+class ZNRefPtr;
+
+/// The count that all handles of one object share. Several threads may count at once.
 class RefCounter {
  public:
   explicit RefCounter(unsigned start) : myCount(start) {}
-  void inc() { ++myCount; }
-  void dec() { --myCount; }
-  bool isZero() const { return myCount == 0; }
+  void inc() { myCount.fetch_add(1, std::memory_order_relaxed); }
+  void dec() { drop(); }
+  bool isZero() const { return myCount.load(std::memory_order_acquire) == 0; }
 
  private:
-  unsigned myCount;
+  template <typename T>
+  friend class ZNRefPtr;
+  struct WithMutex;
+
+  RefCounter(unsigned start, bool hasMutex) : myCount(start), hasMutex_(hasMutex) {}
+  /// True for the one who takes the count to zero.
+  bool drop() { return myCount.fetch_sub(1, std::memory_order_acq_rel) == 1; }
+
+  std::atomic<unsigned> myCount;
+  const bool hasMutex_ = false;
+};
+
+/// Count and mutex in one piece, as a handle makes them for an object.
+struct RefCounter::WithMutex : RefCounter {
+  WithMutex() : RefCounter(1, true) {}
+  ZNMutex mutex;
 };
 
 /// A reference-counted handle. Handles converted to another static type share one count, so an
@@ -27,11 +47,15 @@ class ZNRefPtr {
  public:
   using element_type = T;
 
+  ZNRefPtr() : myPtr(nullptr), myCounter(nullptr), myMutex(nullptr) {}
   /// Takes ownership of an object made with new; null gives a null handle.
-  ZNRefPtr(T* p = nullptr)  // NOLINT(google-explicit-constructor)
-      : myPtr(p),
-        myCounter(p ? new RefCounter(1) : nullptr),
-        myMutex(p ? new ZNMutex() : nullptr) {}
+  ZNRefPtr(T* p) : ZNRefPtr() {  // NOLINT(google-explicit-constructor)
+    if (!p) return;
+    auto* const count = new RefCounter::WithMutex();
+    myPtr = p;
+    myCounter = count;
+    myMutex = &count->mutex;
+  }
   /// Shares the count of another handle. A null argument gives a null handle.
   ZNRefPtr(RefCounter* counter, ZNMutex* mutex, T* p) : ZNRefPtr() {
     if (counter && mutex && p) acquire(p, counter, mutex);
@@ -75,25 +99,26 @@ class ZNRefPtr {
     myPtr = p;
     myCounter = counter;
     myMutex = mutex;
-    if (!myMutex) return;
-    myMutex->lock();
-    if (myCounter) myCounter->inc();
-    myMutex->unlock();
+    if (myMutex && myCounter) myCounter->inc();
   }
 
   void release() {
-    if (myMutex && myCounter) {
-      myMutex->lock();
-      myCounter->dec();
-      const bool last = myCounter->isZero();
-      if (last) {
-        delete myPtr;
-        delete myCounter;
-      }
-      myMutex->unlock();
-      if (last) delete myMutex;
-    }
+    if (myMutex && myCounter && myCounter->drop()) destroy();
     forget();
+  }
+
+  /// The object's destructor runs under the handle's mutex.
+  void destroy() {
+    myMutex->lock();
+    delete myPtr;
+    if (myCounter->hasMutex_) {
+      myMutex->unlock();
+      delete static_cast<RefCounter::WithMutex*>(myCounter);
+      return;
+    }
+    delete myCounter;
+    myMutex->unlock();
+    delete myMutex;
   }
 
   void forget() {

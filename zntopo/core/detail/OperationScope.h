@@ -29,7 +29,7 @@ class OperationScope {
  public:
   explicit OperationScope(const TracedBlock& block)
       : block_(block),
-        log_(block_.name),
+        log_(LogFunction::Lasting{block_.name}),
         trace_(topoSvcProcObj, block_.name, kTraceCategory, block_.file, block_.line) {}
 
  private:

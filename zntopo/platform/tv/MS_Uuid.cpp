@@ -8,24 +8,44 @@ constexpr bool isDash(std::size_t position) {
   return position == 8 || position == 13 || position == 18 || position == 23;
 }
 
-constexpr unsigned digitOf(char c) {
-  if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
-  if (c >= 'a' && c <= 'f') return static_cast<unsigned>(c - 'a') + 10;
-  if (c >= 'A' && c <= 'F') return static_cast<unsigned>(c - 'A') + 10;
-  return 0;
+/// The value of each character as a hexadecimal digit; 0 for those that are none.
+struct DigitValues {
+  constexpr DigitValues() {
+    for (int i = 0; i < 10; ++i) of['0' + i] = static_cast<std::uint8_t>(i);
+    for (int i = 0; i < 6; ++i) {
+      of['a' + i] = of['A' + i] = static_cast<std::uint8_t>(10 + i);
+    }
+  }
+  std::uint8_t of[256] = {};
+};
+
+constexpr DigitValues kDigitValues;
+
+/// Appends so many digits of a text to a number, and moves the text behind them. A text that has
+/// ended goes on with zeros.
+std::uint64_t withDigits(std::uint64_t number, const char*& text, int digits) {
+  for (; digits > 0; --digits) {
+    number = number << 4 | kDigitValues.of[static_cast<unsigned char>(*text)];
+    text += *text != '\0';
+  }
+  return number;
 }
+
+void passDash(const char*& text) { text += *text != '\0'; }
 
 }  // namespace
 
 MS_Uuid::MS_Uuid(const char* text) {
-  int digits = 0;
-  // A text that ends early has no more digits.
-  for (std::size_t i = 0; text && i < kTextLength && text[i] != '\0'; ++i) {
-    if (isDash(i)) continue;
-    std::uint64_t& half = digits < 16 ? high_ : low_;
-    half |= std::uint64_t{digitOf(text[i])} << (60 - 4 * (digits % 16));
-    ++digits;
+  if (!text) return;
+  high_ = withDigits(0, text, 8);
+  for (int i = 0; i < 2; ++i) {
+    passDash(text);
+    high_ = withDigits(high_, text, 4);
   }
+  passDash(text);
+  low_ = withDigits(0, text, 4);
+  passDash(text);
+  low_ = withDigits(low_, text, 12);
 }
 
 char* MS_Uuid::as_asciiz(char* buffer) const {
