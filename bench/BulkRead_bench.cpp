@@ -9,7 +9,6 @@
 #include <tuple>
 
 #include "bench/Subjects.h"
-#include "bench/support/LinkRows.h"
 #include "bench/support/PlainRead.h"
 #include "bench/support/WarmCache.h"
 #include "zntopo/api/ZNTopoAPI.h"
@@ -19,24 +18,13 @@
 #include "zntopo/api/detail/InterfaceRow.h"
 #include "zntopo/api/detail/InterfaceSql.h"
 #include "zntopo/api/detail/NodeRow.h"
+#include "zntopo/api/detail/AttachmentRows.h"
+#include "zntopo/api/detail/AttachmentSql.h"
 #include "zntopo/api/detail/NodeSql.h"
 
 namespace zntopo::bench {
 
 namespace {
-
-constexpr Column kVlanColumns[] = {
-    textColumn("ContainerObjID", 37), textColumn("ContainedObjID", 37), textColumn("NodeObjID", 37),
-    textColumn("NodeName", 256),      textColumn("VendorPort", 4),      textColumn("VendorCard", 4),
-};
-constexpr Column kIfcColumns[] = {
-    textColumn("ContainerObjId", 37), textColumn("InterfaceObjId", 37), textColumn("NodeObjId", 37),
-    intColumn("ContainmentType"),     intColumn("IFCType"),             intColumn("SequenceNumber"),
-};
-constexpr Column kUserVarColumns[] = {
-    textColumn("VarName", 129), intColumn("VarValType"), textColumn("StrVal", 2001),
-    intColumn("IntVal"),        floatColumn("FloatVal"), textColumn("ObjID", 37),
-};
 
 /// What of a node is read: its own row alone, or with what hangs on it.
 struct NodeParts {
@@ -82,15 +70,15 @@ void nodesFloor(benchmark::State& state, const Setting&, const NodeParts& parts)
       detail::userVarSelect(tables, E_Unknown, "", {ids.begin(), ids.end()});
   for (auto _ : state) {
     auto nodes = readPlain<detail::kNodeColumns>(connection, nodeSql);
-    decltype(readPlain<kLinkColumns>(connection, linkSql)) links;
-    decltype(readPlain<kIfcColumns>(connection, ifcSql)) ifcs;
-    decltype(readPlain<kVlanColumns>(connection, vlanSql)) vlans;
-    decltype(readPlain<kUserVarColumns>(connection, userVarSql)) userVars;
-    if (parts.withUserVariables) userVars = readPlain<kUserVarColumns>(connection, userVarSql);
+    decltype(readPlain<detail::kConnDataColumns>(connection, linkSql)) links;
+    decltype(readPlain<detail::kIfcInfoColumns>(connection, ifcSql)) ifcs;
+    decltype(readPlain<detail::kVlanInfoColumns>(connection, vlanSql)) vlans;
+    decltype(readPlain<detail::kUserVarColumns>(connection, userVarSql)) userVars;
+    if (parts.withUserVariables) userVars = readPlain<detail::kUserVarColumns>(connection, userVarSql);
     if (parts.withLists) {
-      links = readPlain<kLinkColumns>(connection, linkSql);
-      ifcs = readPlain<kIfcColumns>(connection, ifcSql);
-      vlans = readPlain<kVlanColumns>(connection, vlanSql);
+      links = readPlain<detail::kConnDataColumns>(connection, linkSql);
+      ifcs = readPlain<detail::kIfcInfoColumns>(connection, ifcSql);
+      vlans = readPlain<detail::kVlanInfoColumns>(connection, vlanSql);
     }
     state.PauseTiming();
     // The structs end outside the time, as the objects do.

@@ -6,7 +6,7 @@
 #include <cstdarg>
 
 #include "bench/Subjects.h"
-#include "zntopo/api/detail/OperationScope.h"
+#include "zntopo/core/detail/OperationScope.h"
 #include "zntopo/core/LogFunction.h"
 #include "zntopo/core/MCLog.h"
 

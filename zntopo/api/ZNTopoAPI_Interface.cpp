@@ -29,8 +29,7 @@ constexpr detail::SingleObjectTexts kByObjID = {.nullID = "Null Interface ID",
                                                 .replacesFailure = true};
 
 constexpr detail::CachedKind<ZNInterface> kCachedByID = {
-    .inCache = &ZNTopoCache::inInterfaceIDCache,
-    .use = &ZNTopoCache::useInterface,
+    .useHeld = &ZNTopoCache::useHeldInterface,
     .foundLine = "FOUND IF = %s IN CACHE! \n",
     .idOf = &ZNInterface::getObjID};
 constexpr detail::CachedKind<ZNInterface> kCachedByQRMID = {

@@ -28,8 +28,7 @@ constexpr detail::SingleObjectTexts kByQRMObjID = {.nullID = "Null QRM Node ID",
                                                    .afterID = " is not a valid QRMObjID in RZ",
                                                    .replacesFailure = true};
 
-constexpr detail::CachedKind<ZNNode> kCachedByID = {.inCache = &ZNTopoCache::inNodeIDCache,
-                                                    .use = &ZNTopoCache::useNode,
+constexpr detail::CachedKind<ZNNode> kCachedByID = {.useHeld = &ZNTopoCache::useHeldNode,
                                                     .foundLine = "FOUND Node = %s IN CACHE! \n",
                                                     .idOf = &ZNNode::getObjID};
 constexpr detail::CachedKind<ZNNode> kCachedByQRMID = {.inCache = &ZNTopoCache::inNodeQRMIDCache,

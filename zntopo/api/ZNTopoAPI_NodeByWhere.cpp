@@ -41,8 +41,10 @@ class NodeAttachments {
 
   bool loadContainers() {
     MCLog::log(MC_INFO, "Begin getting IfcInfo Objects ..\n");
-    const auto map = api_.getIfcInfosByObjIDList(ZNTopoAPI_Impl::ConvertObjIDListToSet(ids_),
-                                                 status_, true, all_, 0);
+    // A request for all names none.
+    const auto map = api_.getIfcInfosByObjIDList(
+        all_ ? std::set<ObjID>() : ZNTopoAPI_Impl::ConvertObjIDListToSet(ids_), status_, true, all_,
+        0);
     if (!give(*map, &ZNNode::setIfcInfoList, "Failed in getIfcInfoByObjIDList \n")) return false;
     MCLog::log(MC_INFO, "End getting IfcInfo Objects ..\n");
     return true;

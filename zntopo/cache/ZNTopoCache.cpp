@@ -195,6 +195,15 @@ void ZNTopoCache::useHSRP(const ZNRefPtr<ZNHSRP>& hsrp) {
   shelves_->hsrps.use(hsrp, myTopoConfig, myMutex);
 }
 
+bool ZNTopoCache::useHeldNode(const ObjID& id, ZNRefPtr<ZNNode>& found, const char* foundLine) {
+  return shelves_->nodes.useHeld(id, found, foundLine, myTopoConfig, myMutex);
+}
+
+bool ZNTopoCache::useHeldInterface(const ObjID& id, ZNRefPtr<ZNInterface>& found,
+                                   const char* foundLine) {
+  return shelves_->interfaces.useHeld(id, found, foundLine, myTopoConfig, myMutex);
+}
+
 void ZNTopoCache::removeNode(const ObjID& id) { removeWithAge(myMutex, shelves_->nodes, id); }
 
 void ZNTopoCache::removeInterface(const ObjID& id) {

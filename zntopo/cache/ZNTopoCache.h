@@ -97,6 +97,14 @@ class ZNTOPO_EXPORT ZNTopoCache {
   void useHSRP(const ZNRefPtr<ZNHSRP>& hsrp);
   /// @}
 
+  /// @name Look-ups that count as a use
+  /// What a look-up and, on a hit, the use of what it found do, under one lock. In between, the
+  /// line is logged at MC_INFO; "%s" in it stands for the identifier.
+  /// @{
+  bool useHeldNode(const ObjID& id, ZNRefPtr<ZNNode>& found, const char* foundLine);
+  bool useHeldInterface(const ObjID& id, ZNRefPtr<ZNInterface>& found, const char* foundLine);
+  /// @}
+
   /// @name Removals
   /// An unknown identifier is no error. Containers and HSRP groups are no longer all loaded then.
   /// @{

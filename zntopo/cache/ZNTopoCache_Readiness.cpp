@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "zntopo/cache/ZNTopoCache.h"
 #include "zntopo/cache/detail/Shelves.h"
 #include "zntopo/core/MCLog.h"
@@ -116,7 +118,7 @@ void refuse(ZNTopoAPIStatus& status, const char* text) {
 }  // namespace
 
 ZNTopoCache::ZNCacheStatus ZNTopoCache::validate(ZNTopoAPIStatus& status) {
-  detail::Shelves::Cleared cleared;  // dies after the lock
+  std::optional<detail::Shelves::Cleared> cleared;  // dies after the lock
   MutexLockInternal lock(myMutex);
   const long now = now_();
   const bool isRecent = now - lastReadinessCheckTime < readinessCheckInterval;

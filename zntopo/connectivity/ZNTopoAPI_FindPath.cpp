@@ -22,13 +22,18 @@ using detail::shown;
 struct Level {
   const detail::OperationScope scope{"findPath"};
   std::map<ObjID, ZNRefPtr<ZNConnData>> ConnRelatedNodeIDs;
-  std::set<ObjID> NodeIDSet;
 
   /// Of several links to one node the last one stays.
   void reach(const ObjID& id, const ZNRefPtr<ZNConnData>& link) {
     const auto [entry, isNew] = ConnRelatedNodeIDs.try_emplace(id, link);
     if (!isNew && entry->first == id) entry->second = link;
-    insertObjID(NodeIDSet, id);
+  }
+
+  /// The nodes of the next ring.
+  std::set<ObjID> NodeIDSet() const {
+    std::set<ObjID> ids;
+    for (const auto& entry : ConnRelatedNodeIDs) ids.insert(ids.end(), entry.first);
+    return ids;
   }
 
   ZNRefPtr<ZNConnData> linkTo(const ObjID& id) const {
@@ -65,8 +70,7 @@ class RingSearch {
     for (const ZNRefPtr<ZNNode>& node : ring) {
       if (node.isNull()) continue;
       MCLog::log(MC_INFO, "For start Node ID: %s \n", shown(MC_INFO, node->getObjID()).c_str());
-      const std::vector<ZNRefPtr<ZNConnData>> theConnData = node->getConnDataList();
-      for (const ZNRefPtr<ZNConnData>& data : theConnData) {
+      for (const ZNRefPtr<ZNConnData>& data : node->getConnDataList()) {
         if (!data.isNull() && follow(data, level)) return node;
       }
       insertObjID(theVisitedNodes_, node->getObjID());
@@ -105,25 +109,25 @@ class RingSearch {
   std::set<ObjID>& theVisitedNodes_;
 };
 
-/// What of a ring may be searched through: routers end a layer-2 path unless they may be crossed.
-NodeList withoutBarriers(const NodeList& nodes, bool toCrossRouter) {
-  NodeList ring;
-  for (const ZNRefPtr<ZNNode>& node : nodes) {
-    if (node.isNull()) continue;
+/// Takes out of a ring what may not be searched through: routers end a layer-2 path unless they
+/// may be crossed.
+void removeBarriers(NodeList& ring, bool toCrossRouter) {
+  ring.remove_if([toCrossRouter](const ZNRefPtr<ZNNode>& node) {
+    if (node.isNull()) return true;
     const std::string id = shown(MC_INFO, node->getObjID());
     if (!node->isRouter()) {
       MCLog::log(MC_INFO, "New Node: %s is NOT a router \n", id.c_str());
-    } else if (toCrossRouter) {
-      MCLog::log(MC_INFO, "Cross Router behavior enable : %s  \n", id.c_str());
-    } else {
-      MCLog::log(MC_INFO,
-                 "New Node: %s IS a router. Discard - L2 path does not span across router \n",
-                 id.c_str());
-      continue;
+      return false;
     }
-    ring.push_back(node);
-  }
-  return ring;
+    if (toCrossRouter) {
+      MCLog::log(MC_INFO, "Cross Router behavior enable : %s  \n", id.c_str());
+      return false;
+    }
+    MCLog::log(MC_INFO,
+               "New Node: %s IS a router. Discard - L2 path does not span across router \n",
+               id.c_str());
+    return true;
+  });
 }
 
 }  // namespace
@@ -144,13 +148,14 @@ ZNRefPtr<ZNNode> ZNTopoAPI_Impl::findPath(const NodeList& startNodeList, ZNRefPt
     if (theMaxDepth < theHop) return {};
     theKeyNode = search.expand(ring, level);
     if (!theKeyNode.isNull()) break;
-    if (level.NodeIDSet.empty()) return {};
+    if (level.ConnRelatedNodeIDs.empty()) return {};
 
     std::set<ObjID> notFoundSet;
-    const auto theNewNodeList = getNodesByObjIDList(level.NodeIDSet, notFoundSet, theStat, false,
+    const auto theNewNodeList = getNodesByObjIDList(level.NodeIDSet(), notFoundSet, theStat, false,
                                                     false, false, ZNEntity::AllProtocol, -1);
     if (!theStat.isOK() || theNewNodeList->empty()) return {};
-    ring = withoutBarriers(*theNewNodeList, toCrossRouter);
+    ring = std::move(*theNewNodeList);
+    removeBarriers(ring, toCrossRouter);
   }
   // Back up: each level puts the link before those of the deeper ones, and hands its caller the
   // member of its own ring that the link comes from.

@@ -80,7 +80,7 @@ bool walkRecord(Walk& walk, const ZNConnData& data, int maxNumNodes) {
 
 /// Walks the connections of one node; true if the ceiling is reached on the way.
 bool walkNode(Walk& walk, const ZNNode& node, int maxNumNodes) {
-  const std::vector<ZNRefPtr<ZNConnData>> theConnData = node.getConnDataList();
+  const std::vector<ZNRefPtr<ZNConnData>>& theConnData = node.getConnDataList();
   MCLog::log(MC_INFO, "Processing L2Conn for Node = %s, ConnDataSize = %d \n",
              shown(MC_INFO, node.getObjID()).c_str(), static_cast<int>(theConnData.size()));
   bool exceeded = false;
@@ -134,7 +134,7 @@ std::set<ObjID> farEndsBeyond(const NodeList& ring, const std::set<ObjID>& admit
   std::set<ObjID> theNewNodeObjIDSet;
   for (const ZNRefPtr<ZNNode>& node : ring) {
     if (node.isNull()) continue;
-    const std::vector<ZNRefPtr<ZNConnData>> theConnData = node->getConnDataList();
+    const std::vector<ZNRefPtr<ZNConnData>>& theConnData = node->getConnDataList();
     MCLog::log(MC_INFO, "theConnDataList %d \n", static_cast<int>(theConnData.size()));
     for (const ZNRefPtr<ZNConnData>& data : theConnData) {
       if (data.isNull()) continue;

@@ -12,7 +12,9 @@ class ZNTOPO_EXPORT OwnedText {
  public:
   OwnedText() = default;
   OwnedText(const OwnedText& other) { *this = other; }
+  OwnedText(OwnedText&& other) = default;
   OwnedText& operator=(const OwnedText& other);
+  OwnedText& operator=(OwnedText&& other) = default;
 
   bool isNull() const { return !text_; }
   void set(const std::string& text);

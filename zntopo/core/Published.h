@@ -21,6 +21,9 @@ class Published {
   Published(const Published& other) {
     if (const T* const current = other.current_.load(std::memory_order_acquire)) assign(*current);
   }
+  /// For an object that nobody shares; references to its values stay good.
+  Published(Published&& other) noexcept
+      : kept_(std::move(other.kept_)), current_(other.current_.exchange(nullptr)) {}
   Published& operator=(const Published& other) {
     if (this != &other) publish(other.get());
     return *this;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "zntopo/core/ObjID.h"
 #include "zntopo/model/EntityType.h"
@@ -12,8 +13,8 @@ namespace zntopo {
 class ZNTOPO_EXPORT AssEndPoint {
  public:
   AssEndPoint() = default;
-  AssEndPoint(const std::string& name, const ObjID& id, EntityType type)
-      : _name(name), _id(id), _type(type) {}
+  AssEndPoint(std::string name, const ObjID& id, EntityType type)
+      : _name(std::move(name)), _id(id), _type(type) {}
 
   const ObjID& getObjID() const { return _id; }
   const std::string& getName() const { return _name; }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <utility>
 
 #include "zntopo/core/MCLog.h"
 #include "zntopo/model/ZNEntityDB.h"
@@ -62,25 +63,21 @@ ZNEntity::ZNEntity(const ObjID& id, const std::string& zoneNumber, const ObjID& 
                    const ObjectStatus& v6CompoundStatus, const ObjectStatus& v6GlobalStatus,
                    const ObjectStatus& v6SiteStatus, long createTime, long changeTime,
                    long statusChangeTime, int routeDistinguisher, const IPLevel& ipLevel,
-                   TopoDBType theDBType) {
-  overwrite({id,
-             QRMObjId,
-             name,
-             description,
-             zoneNumber,
-             entityType,
-             overallStatus,
-             v6CompoundStatus,
-             v6GlobalStatus,
-             v6SiteStatus,
-             createTime,
-             changeTime,
-             statusChangeTime,
-             routeDistinguisher,
-             ipLevel,
-             {},
-             {},
-             theDBType});
+                   TopoDBType theDBType)
+    : _id(id),
+      _QRMObjId(QRMObjId),
+      _entityType(entityType),
+      _status(overallStatus),
+      _V6CompoundStatus(v6CompoundStatus),
+      _V6GlobalStatus(v6GlobalStatus),
+      _V6SiteStatus(v6SiteStatus),
+      _createTime(createTime),
+      _changeTime(changeTime),
+      _statusChangeTime(statusChangeTime),
+      _ipLevel(ipLevel),
+      _dbType(theDBType),
+      _routeDistinguisher(routeDistinguisher) {
+  setTexts(name, description, zoneNumber);
 }
 
 ZNEntity::ZNEntity(ZNEntityDB ent)
@@ -91,6 +88,26 @@ ZNEntity::ZNEntity(ZNEntityDB ent)
                ent.getIPLevel(), ActiveDB) {}
 
 ZNEntity::ZNEntity(const ZNEntity& other) { overwrite(other.values()); }
+
+ZNEntity::ZNEntity(ZNEntity&& other)
+    : _id(other._id),
+      _QRMObjId(other._QRMObjId),
+      _name(std::move(other._name)),
+      _description(std::move(other._description)),
+      _entityType(other._entityType),
+      _zoneNumber(std::move(other._zoneNumber)),
+      _status(other._status),
+      _V6CompoundStatus(other._V6CompoundStatus),
+      _V6GlobalStatus(other._V6GlobalStatus),
+      _V6SiteStatus(other._V6SiteStatus),
+      _createTime(other._createTime),
+      _changeTime(other._changeTime),
+      _statusChangeTime(other._statusChangeTime),
+      _ipLevel(other._ipLevel),
+      _dbType(other._dbType),
+      _userVars(std::move(other._userVars)),
+      _routeDistinguisher(other._routeDistinguisher),
+      myAddresses(std::move(other.myAddresses)) {}
 
 ZNEntity& ZNEntity::operator=(const ZNEntity& other) {
   if (this == &other) return *this;
@@ -146,9 +163,7 @@ void ZNEntity::overwrite(const Values& values) {
   MutexLockInternal lock(myMutex);
   _id = values.id;
   _QRMObjId = values.qrmObjId;
-  if (!values.name.empty()) _name.set(values.name);
-  if (!values.description.empty()) _description.set(values.description);
-  if (!values.zoneNumber.empty()) _zoneNumber.set(values.zoneNumber);
+  setTexts(values.name, values.description, values.zoneNumber);
   _entityType = values.entityType;
   _status = values.status;
   _V6CompoundStatus = values.v6CompoundStatus;
@@ -162,6 +177,13 @@ void ZNEntity::overwrite(const Values& values) {
   myAddresses = values.addresses;
   _userVars = values.userVars;
   _dbType = values.dbType;
+}
+
+void ZNEntity::setTexts(const std::string& name, const std::string& description,
+                        const std::string& zoneNumber) {
+  if (!name.empty()) _name.set(name);
+  if (!description.empty()) _description.set(description);
+  if (!zoneNumber.empty()) _zoneNumber.set(zoneNumber);
 }
 
 void ZNEntity::clear() {
@@ -297,6 +319,11 @@ void ZNEntity::setUserVars(const std::vector<UserDefVar>& vars) {
 void ZNEntity::setPartOf(const AssEndPoint& parent) {
   MutexLockInternal lock(myMutex);
   _partOf = parent;
+}
+
+void ZNEntity::setPartOf(AssEndPoint&& parent) {
+  MutexLockInternal lock(myMutex);
+  _partOf = std::move(parent);
 }
 
 void ZNEntity::setAddresses(const std::vector<ZNRefPtr<ZNAddress>>& addresses) {

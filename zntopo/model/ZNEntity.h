@@ -72,6 +72,9 @@ class ZNTOPO_EXPORT ZNEntity {
   ZNEntity(ZNEntityDB ent);  // NOLINT(google-explicit-constructor)
   /// The parent, the modification marks and the mutex are not copied.
   ZNEntity(const ZNEntity& other);
+  /// Takes the texts, addresses and user variables out of an object that nobody shares; parent,
+  /// modification marks and mutex as in a copy.
+  ZNEntity(ZNEntity&& other);
   ZNEntity& operator=(const ZNEntity& other);
   virtual ~ZNEntity();
 
@@ -133,6 +136,7 @@ class ZNTOPO_EXPORT ZNEntity {
   void setIPLevel(const IPLevel& level);
   void setUserVars(const std::vector<UserDefVar>& vars);
   void setPartOf(const AssEndPoint& parent);
+  void setPartOf(AssEndPoint&& parent);
   /// Appends the identifiers of the addresses.
   void setAddresses(const std::vector<ZNRefPtr<ZNAddress>>& addresses);
   /// Marks F_QRMObjId.
@@ -201,6 +205,9 @@ class ZNTOPO_EXPORT ZNEntity {
 
   Values values() const;
   void overwrite(const Values& values);
+  /// An empty text leaves the old one.
+  void setTexts(const std::string& name, const std::string& description,
+                const std::string& zoneNumber);
   void clear();
   void initFieldVector();
   std::vector<ZNRefPtr<ZNAddress>> getAddrsByObjIDList(const std::list<ObjID>& ids) const;

@@ -1,6 +1,7 @@
 #include "zntopo/model/ZNInterface.h"
 
 #include <cstring>
+#include <utility>
 
 #include "zntopo/core/MCLog.h"
 #include "zntopo/model/TopologyAttributeType.h"
@@ -38,6 +39,11 @@ ZNInterface::ZNInterface(const ZNEntity& ent, const ConnDataVector& connData)
 
 ZNInterface::ZNInterface(const ZNEntity& ent, const IFProperty& ifProp)
     : ZNInterface(ent, ConnDataVector(), ifProp) {}
+
+ZNInterface::ZNInterface(ZNEntity&& ent, IFProperty&& ifProp)
+    : ZNEntity(std::move(ent)), ifProperty(std::move(ifProp)) {
+  _entityType = E_Interface;
+}
 
 ZNInterface::ZNInterface(const ZNEntity& ent, const ConnDataVector& connData,
                          const IFProperty& ifProp)

@@ -28,6 +28,7 @@ class ZNTOPO_EXPORT ZNInterface : public ZNEntity {
   explicit ZNInterface(const ZNEntity& ent);
   ZNInterface(const ZNEntity& ent, const ConnDataVector& connData);
   ZNInterface(const ZNEntity& ent, const IFProperty& ifProp);
+  ZNInterface(ZNEntity&& ent, IFProperty&& ifProp);
   ZNInterface(const ZNEntity& ent, const ConnDataVector& connData, const IFProperty& ifProp);
   ZNInterface(const ZNEntity& ent, const ConnDataVector& connData, const IFProperty& ifProp,
               const AddressVector& addresses);

@@ -1,5 +1,7 @@
 #include "zntopo/model/ZNNode.h"
 
+#include <utility>
+
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/ObjIDLookup.h"
 #include "zntopo/model/TopologyAttributeType.h"
@@ -54,6 +56,9 @@ ZNNode::ZNNode(const ZNEntity& ent, const InterfaceList& ifs) : ZNNode(ent) {
 
 ZNNode::ZNNode(const ZNEntity& ent, const NodeProperty& theProperty)
     : ZNEntity(ent), myNodeProperty(theProperty) {}
+
+ZNNode::ZNNode(ZNEntity&& ent, NodeProperty&& theProperty)
+    : ZNEntity(std::move(ent)), myNodeProperty(std::move(theProperty)) {}
 
 ZNNode::ZNNode(const ZNNode& other) : ZNEntity(other) { copyOwnFields(other); }
 

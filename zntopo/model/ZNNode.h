@@ -33,6 +33,7 @@ class ZNTOPO_EXPORT ZNNode : public ZNEntity {
   ZNNode(const ZNEntity& ent, const InterfaceList& ifs);
   /// Keeps the entity's own kind; the others make it E_Node.
   ZNNode(const ZNEntity& ent, const NodeProperty& theProperty);
+  ZNNode(ZNEntity&& ent, NodeProperty&& theProperty);
   ZNNode(const ZNNode& other);
   ZNNode& operator=(const ZNNode& other);
   ~ZNNode() override;

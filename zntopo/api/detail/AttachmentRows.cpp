@@ -48,12 +48,13 @@ void addConnData(const Row& row, ConnDataMap& map) {
     MCLog::log(MC_INFO, "One of RelatedTo table entries's row is empty \n");
     return;
   }
+  const ObjID ids[] = {row.text(C_LeftIF), row.text(C_RightIF), row.text(C_LeftNode),
+                       row.text(C_RightNode)};
   for (const ConnDataColumn owner : {C_LeftNode, C_RightNode}) {
-    const auto found = findObjID(map, row.text(owner));
+    const auto found = findObjID(map, ids[owner]);
     if (found == map.end()) continue;
-    found->second->push_back(new ZNConnData(row.text(C_LeftIF), row.text(C_RightIF),
-                                            row.text(C_LeftNode), row.text(C_RightNode),
-                                            owner == C_LeftNode));
+    found->second->push_back(new ZNConnData(ids[C_LeftIF], ids[C_RightIF], ids[C_LeftNode],
+                                            ids[C_RightNode], owner == C_LeftNode));
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <type_traits>
 
 namespace zntopo::detail {
 
@@ -9,6 +10,12 @@ namespace zntopo::detail {
 /// next one starts. Stops when onBatch is false.
 template <typename Batch, typename Identifiers, typename OnBatch>
 void forEachBatch(const Identifiers& identifiers, int batchSize, OnBatch&& onBatch) {
+  if constexpr (std::is_same_v<Batch, Identifiers>) {
+    if (!identifiers.empty() && identifiers.size() <= static_cast<std::size_t>(batchSize)) {
+      onBatch(identifiers);
+      return;
+    }
+  }
   Batch batch;
   int counter = 1;
   std::size_t left = identifiers.size();

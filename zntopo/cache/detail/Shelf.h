@@ -16,6 +16,7 @@
 #include "zntopo/core/ObjIDLookup.h"
 #include "zntopo/core/ZNMutex.h"
 #include "zntopo/core/ZNRefPtr.h"
+#include "zntopo/core/detail/LogText.h"
 
 namespace zntopo {
 class ZNTopoCachePeer;
@@ -65,6 +66,28 @@ class Shelf {
       useLocked(id, object, config, leaving);
     }
     MCLog::log(MC_TRACE_L2, "Exiting ZNTopoCache::use%s \n", Kind::kWords.name);
+  }
+
+  /// Looks an identifier up and, if it is there, uses it: what use() does with an object that is
+  /// on the shelf, but under one lock. The line is logged in between.
+  bool useHeld(const ObjID& id, Handle& found, const char* foundLine, const ZNTopoConfig& config,
+               ZNMutex& mutex) {
+    Leaving leaving;  // dies after the lock
+    Handle hit;
+    {
+      MutexLockInternal lock(mutex);
+      const auto entry = findObjID(contents_.byID, id);
+      if (entry == contents_.byID.end() || entry->second.isNull()) return false;
+      hit = entry->second;
+      if (MCLog::isHeard(MC_INFO)) logLine(MC_INFO, foundLine, id.getStrValue());
+      MCLog::log(MC_TRACE_L2, "Entering ZNTopoCache::use%s \n", Kind::kWords.name);
+      if (!refuses(id, (config.*Kind::kSize)())) {
+        touchLocked(id, config, leaving);
+        MCLog::log(MC_TRACE_L2, "Exiting ZNTopoCache::use%s \n", Kind::kWords.name);
+      }
+    }
+    found = std::move(hit);
+    return true;
   }
 
   /// Takes an entry out of both maps; its place in the age order stays.
@@ -123,6 +146,13 @@ class Shelf {
     makeRoom(config, leaving);
     // Behind the eviction, so that the oldest is never the object that was just used.
     if (ages && isHeld) contents_.ages.append(id);
+  }
+
+  void touchLocked(const ObjID& id, const ZNTopoConfig& config, Leaving& leaving) {
+    const bool ages = Kind::agesBy(config);
+    if (ages) contents_.ages.remove(id);
+    makeRoom(config, leaving);
+    if (ages) contents_.ages.append(id);
   }
 
   /// Stores an object unless one is there; true if the identifier is on the shelf then. The null

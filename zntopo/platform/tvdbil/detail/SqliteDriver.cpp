@@ -6,6 +6,8 @@
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
+#include <vector>
 
 #include "zntopo/platform/tvdbil/detail/ErrorCodes.h"
 #include "zntopo/platform/tvdbil/detail/Statement.h"
@@ -100,9 +102,10 @@ class SqliteStatement : public Statement {
     }
     if (!rowIsWaiting_) return DBIL_NO_DATA;
     rowIsWaiting_ = false;
+    takeColumns();
     DbilReturnCode code = DBIL_SUCCESS;
-    for (const auto& [number, column] : columns()) {
-      if (store(number - 1, column) != DBIL_SUCCESS) code = DBIL_SUCCESS_WITH_INFO;
+    for (const auto& [index, column] : taken_) {
+      if (store(index, column) != DBIL_SUCCESS) code = DBIL_SUCCESS_WITH_INFO;
     }
     return code;
   }
@@ -137,6 +140,14 @@ class SqliteStatement : public Statement {
     return code;
   }
 
+  /// The bound columns in a row of memory, which each row of the result is run through.
+  void takeColumns() {
+    if (takenVersion_ == columnsVersion()) return;
+    taken_.clear();
+    for (const auto& [number, column] : columns()) taken_.emplace_back(number - 1, column);
+    takenVersion_ = columnsVersion();
+  }
+
   DbilReturnCode store(int index, const BoundColumn& column) {
     sqlite3_stmt* row = prepared_.get();
     switch (sqlite3_column_type(row, index)) {
@@ -165,6 +176,8 @@ class SqliteStatement : public Statement {
   Handle prepared_;
   bool rowIsWaiting_ = false;
   bool isDone_ = false;
+  std::vector<std::pair<int, BoundColumn>> taken_;
+  int takenVersion_ = -1;
 };
 
 std::unique_ptr<Statement> SqliteConnection::makeStatement(std::shared_ptr<Connection> self) {
