@@ -242,7 +242,8 @@ TEST(ObjIDTest, ClearLeavesNull) {
   }
 }
 
-TEST(ObjIDTest, IsTwoWords) { EXPECT_EQ(sizeof(ObjID), 2 * sizeof(void*)); }
+// The value of a UUID is in its identifier, so that neither a copy nor a comparison leaves it.
+TEST(ObjIDTest, IsAUuidAndItsKind) { EXPECT_EQ(sizeof(ObjID), sizeof(MS_Uuid) + sizeof(void*)); }
 
 TEST(ObjIDTest, TheFunctionObjectsServeUnorderedContainers) {
   std::unordered_set<ObjID, zntopo::ObjIDHash, zntopo::ObjIDEQ> ids;

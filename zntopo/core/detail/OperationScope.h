@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "zntopo/core/LogFunction.h"
@@ -27,17 +28,25 @@ struct TracedBlock {
 /// What every query opens with: the entry and exit of an operation in the log and in the trace.
 class OperationScope {
  public:
-  explicit OperationScope(const TracedBlock& block)
-      : block_(block),
-        log_(LogFunction::Lasting{block_.name}),
-        trace_(topoSvcProcObj, block_.name, kTraceCategory, block_.file, block_.line) {}
+  explicit OperationScope(const TracedBlock& block) : log_(LogFunction::Lasting{block.name}) {
+    const TvXplTrc::TraceObj_t& trace = topoSvcProcObj;
+    if (trace.IsActive(kTraceCategory)) trace_.emplace(block);
+  }
 
  private:
   static constexpr int kTraceCategory = 9;
 
-  const TracedBlock block_;
+  /// The block is kept for the trace that quotes it.
+  struct Traced {
+    explicit Traced(const TracedBlock& traced)
+        : block(traced),
+          trace(topoSvcProcObj, block.name, kTraceCategory, block.file, block.line) {}
+    const TracedBlock block;
+    const TvXplTrc::BlockTrace_t trace;
+  };
+
   LogFunction log_;
-  TvXplTrc::BlockTrace_t trace_;
+  std::optional<Traced> trace_;
 };
 
 }  // namespace zntopo::detail
