@@ -9,7 +9,7 @@
 #include <tuple>
 
 #include "bench/Subjects.h"
-#include "bench/support/PlainRead.h"
+#include "bench/support/NodeRows.h"
 #include "bench/support/WarmCache.h"
 #include "zntopo/api/ZNTopoAPI.h"
 #include "zntopo/api/ZNTopoAPI_Impl.h"
@@ -17,10 +17,6 @@
 #include "zntopo/api/detail/AddressSql.h"
 #include "zntopo/api/detail/InterfaceRow.h"
 #include "zntopo/api/detail/InterfaceSql.h"
-#include "zntopo/api/detail/NodeRow.h"
-#include "zntopo/api/detail/AttachmentRows.h"
-#include "zntopo/api/detail/AttachmentSql.h"
-#include "zntopo/api/detail/NodeSql.h"
 
 namespace zntopo::bench {
 
@@ -32,16 +28,13 @@ struct NodeParts {
   bool withUserVariables = false;
 };
 
-ZNTopoConfig configFor(const Setting& setting, const NodeParts& parts) {
-  ZNTopoConfig config = roomyConfig(setting);
-  config.setLoadNodeL2ConnectionInfo(parts.withLists);
-  config.setLoadNodeIfcInfo(parts.withLists);
-  config.setLoadNodeVlanInfo(parts.withLists);
-  return config;
+std::list<ObjID> allNodeIDs() {
+  const auto& ids = shuffledNodeIDs();
+  return {ids.begin(), ids.end()};
 }
 
 void nodesLibrary(benchmark::State& state, const Setting& setting, const NodeParts& parts) {
-  ZNTopoAPI::setTopoConfiguration(configFor(setting, parts));
+  ZNTopoAPI::setTopoConfiguration(roomyConfig(setting, parts.withLists));
   ZNTopoAPI api;
   ZNTopoAPIStatus status;
   std::set<ObjID> notFound;
@@ -58,39 +51,23 @@ void nodesLibrary(benchmark::State& state, const Setting& setting, const NodePar
   }
 }
 
-void nodesFloor(benchmark::State& state, const Setting&, const NodeParts& parts) {
+void nodesFloor(benchmark::State& state, const NodeParts& parts) {
   TvDbil::DbConnection_t connection = connect();
-  const TableSet tables;
-  const std::string nodeSql = detail::nodeSelect("", detail::nodeTables(tables));
-  const std::string linkSql = detail::connDataSelect(tables, {}, true);
-  const std::string ifcSql = detail::ifcInfoSelect(tables, {}, true, true, 0);
-  const std::string vlanSql = detail::vlanInfoSelect(tables, {}, true, true, false);
-  const auto& ids = shuffledNodeIDs();
-  const std::string userVarSql =
-      detail::userVarSelect(tables, E_Unknown, "", {ids.begin(), ids.end()});
+  const NodeStatements statements;
+  const std::string userVarSql = detail::userVarSelect(TableSet(), E_Unknown, "", allNodeIDs());
   for (auto _ : state) {
-    auto nodes = readPlain<detail::kNodeColumns>(connection, nodeSql);
-    decltype(readPlain<detail::kConnDataColumns>(connection, linkSql)) links;
-    decltype(readPlain<detail::kIfcInfoColumns>(connection, ifcSql)) ifcs;
-    decltype(readPlain<detail::kVlanInfoColumns>(connection, vlanSql)) vlans;
+    auto nodes = readPlain<detail::kNodeColumns>(connection, statements.nodes);
     decltype(readPlain<detail::kUserVarColumns>(connection, userVarSql)) userVars;
-    if (parts.withUserVariables) userVars = readPlain<detail::kUserVarColumns>(connection, userVarSql);
-    if (parts.withLists) {
-      links = readPlain<detail::kConnDataColumns>(connection, linkSql);
-      ifcs = readPlain<detail::kIfcInfoColumns>(connection, ifcSql);
-      vlans = readPlain<detail::kVlanInfoColumns>(connection, vlanSql);
+    NodeLists lists;
+    if (parts.withUserVariables) {
+      userVars = readPlain<detail::kUserVarColumns>(connection, userVarSql);
     }
+    if (parts.withLists) lists = readNodeLists(connection, statements);
     state.PauseTiming();
     // The structs end outside the time, as the objects do.
-    std::tuple(std::move(nodes), std::move(links), std::move(ifcs), std::move(vlans),
-               std::move(userVars));
+    std::tuple(std::move(nodes), std::move(userVars), std::move(lists));
     state.ResumeTiming();
   }
-}
-
-std::list<ObjID> allNodeIDs() {
-  const auto& ids = shuffledNodeIDs();
-  return {ids.begin(), ids.end()};
 }
 
 void interfacesLibrary(benchmark::State& state, const Setting& setting) {
@@ -101,10 +78,10 @@ void interfacesLibrary(benchmark::State& state, const Setting& setting) {
   for (auto _ : state) {
     auto interfaces = api.getInterfacesByNodeObjIDList(ids, status);
     state.PauseTiming();
-    if (!status.isOK() || interfaces->empty()) {
-      state.SkipWithError(("no interfaces; " + status.getAuxMsg()).c_str());
-    }
-    state.counters["objects"] = static_cast<double>(interfaces->size());
+    const std::string complaint = status.isOK()
+                                      ? differs(interfaces->size(), shuffledInterfaceIDs().size())
+                                      : status.getAuxMsg();
+    if (!complaint.empty()) state.SkipWithError(complaint.c_str());
     interfaces.reset();
     coolDown();
     state.ResumeTiming();
@@ -124,7 +101,6 @@ void interfacesFloor(benchmark::State& state) {
     auto interfaces = readPlain<detail::kInterfaceColumns>(connection, interfaceSql);
     auto addresses = readPlain<detail::kAddressColumns>(connection, addressSql);
     state.PauseTiming();
-    state.counters["objects"] = static_cast<double>(interfaces.size());
     std::tuple(std::move(interfaces), std::move(addresses));
     state.ResumeTiming();
   }
@@ -133,7 +109,7 @@ void interfacesFloor(benchmark::State& state) {
 void registerNodes(const std::string& question, const Setting& setting, const NodeParts& parts) {
   benchmark::RegisterBenchmark((question + "/library").c_str(), nodesLibrary, setting, parts)
       ->Unit(benchmark::kMillisecond);
-  benchmark::RegisterBenchmark((question + "/floor").c_str(), nodesFloor, setting, parts)
+  benchmark::RegisterBenchmark((question + "/floor").c_str(), nodesFloor, parts)
       ->Unit(benchmark::kMillisecond);
 }
 

@@ -6,9 +6,9 @@
 #include <cstdarg>
 
 #include "bench/Subjects.h"
-#include "zntopo/core/detail/OperationScope.h"
 #include "zntopo/core/LogFunction.h"
 #include "zntopo/core/MCLog.h"
+#include "zntopo/core/detail/OperationScope.h"
 
 namespace zntopo::bench {
 

@@ -10,14 +10,13 @@
 
 #include "bench/Subjects.h"
 #include "bench/support/FlatNetwork.h"
+#include "bench/support/NodeRows.h"
 #include "bench/support/PlainRead.h"
 #include "bench/support/WarmCache.h"
 #include "zntopo/api/ZNTopoAPI.h"
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/api/detail/InterfaceRow.h"
 #include "zntopo/api/detail/InterfaceSql.h"
-#include "zntopo/api/detail/NodeRow.h"
-#include "zntopo/api/detail/NodeSql.h"
 
 namespace zntopo::bench {
 
@@ -39,14 +38,14 @@ void measure(benchmark::State& state, const Make& make, const Drop& drop) {
     const std::size_t objects = make();
     const std::size_t after = heapInUse();
     if (objects == 0) state.SkipWithError("nothing was read");
-    state.counters["bytes"] =
-        static_cast<double>(after - before) / static_cast<double>(std::max<std::size_t>(objects, 1));
+    state.counters["bytes"] = static_cast<double>(after - before) /
+                              static_cast<double>(std::max<std::size_t>(objects, 1));
     drop();
   }
 }
 
-void nodeLibrary(benchmark::State& state, const Setting& setting) {
-  ZNTopoAPI::setTopoConfiguration(roomyConfig(setting));
+void nodeLibrary(benchmark::State& state, const Setting& setting, bool withLists) {
+  ZNTopoAPI::setTopoConfiguration(roomyConfig(setting, withLists));
   coolDown();
   measure(
       state,
@@ -77,36 +76,60 @@ void interfaceLibrary(benchmark::State& state, const Setting& setting) {
       coolDown);
 }
 
+/// Rows in a map by the identifier in their first column.
 template <const auto& kColumns>
-void floor(benchmark::State& state, const std::string& sql) {
-  std::map<PlainID, PlainRow<kColumns>> map;
+using RowMap = std::map<PlainID, PlainRow<kColumns>>;
+
+template <const auto& kColumns>
+void readInto(RowMap<kColumns>& map, TvDbil::DbConnection_t& connection, const std::string& sql) {
+  for (auto& row : readPlain<kColumns>(connection, sql)) {
+    const PlainID id = plainID(row.texts[0]);
+    map.emplace(id, std::move(row));
+  }
+}
+
+void nodeFloor(benchmark::State& state, bool withLists) {
+  const NodeStatements statements;
+  RowMap<detail::kNodeColumns> nodes;
+  NodeLists lists;
   measure(
       state,
       [&] {
         TvDbil::DbConnection_t connection = connect();
-        for (auto& row : readPlain<kColumns>(connection, sql)) {
-          const PlainID id = plainID(row.texts[0]);
-          map.emplace(id, std::move(row));
-        }
-        return map.size();
+        readInto<detail::kNodeColumns>(nodes, connection, statements.nodes);
+        if (withLists) lists = readNodeLists(connection, statements);
+        return nodes.size();
       },
-      [&] { map.clear(); });
-}
-
-void nodeFloor(benchmark::State& state) {
-  floor<detail::kNodeColumns>(state, detail::nodeSelect("", detail::nodeTables(TableSet())));
+      [&] {
+        nodes.clear();
+        lists = {};
+      });
 }
 
 void interfaceFloor(benchmark::State& state) {
-  floor<detail::kInterfaceColumns>(state, detail::interfaceSelect(TableSet(), ""));
+  RowMap<detail::kInterfaceColumns> interfaces;
+  measure(
+      state,
+      [&] {
+        TvDbil::DbConnection_t connection = connect();
+        readInto<detail::kInterfaceColumns>(interfaces, connection,
+                                            detail::interfaceSelect(TableSet(), ""));
+        return interfaces.size();
+      },
+      [&] { interfaces.clear(); });
 }
 
 }  // namespace
 
 void registerMemory(const Setting& setting) {
   if (setting.userVariables) return;
-  benchmark::RegisterBenchmark("CachedNode/library", nodeLibrary, setting)->Iterations(1);
-  benchmark::RegisterBenchmark("CachedNode/floor", nodeFloor)->Iterations(1);
+  for (const bool withLists : {false, true}) {
+    const std::string question = withLists ? "CachedNodeAndItsLists" : "CachedNode";
+    benchmark::RegisterBenchmark((question + "/library").c_str(), nodeLibrary, setting, withLists)
+        ->Iterations(1);
+    benchmark::RegisterBenchmark((question + "/floor").c_str(), nodeFloor, withLists)
+        ->Iterations(1);
+  }
   benchmark::RegisterBenchmark("CachedInterface/library", interfaceLibrary, setting)->Iterations(1);
   benchmark::RegisterBenchmark("CachedInterface/floor", interfaceFloor)->Iterations(1);
 }

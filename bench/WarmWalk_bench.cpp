@@ -162,9 +162,9 @@ void searchLibrary(benchmark::State& state, const Setting& setting) {
   askPaths(state, setting, [&](const Ends& ends, int maxDepth) {
     const EndObjects& from = objects[ends.fromNode];
     const EndObjects& to = objects[ends.toNode];
-    return linksOf(api, *api.getL2PathBetweenInterfaces(from.node, from.interface, to.node,
-                                                        to.interface, maxDepth, status,
-                                                        ZNAddress::IPv4, true));
+    return linksOf(api,
+                   *api.getL2PathBetweenInterfaces(from.node, from.interface, to.node, to.interface,
+                                                   maxDepth, status, ZNAddress::IPv4, true));
   });
 }
 

@@ -35,12 +35,15 @@ void checkStatus(ZNTopoAPIStatus& status, const char* what) {
 
 }  // namespace
 
-ZNTopoConfig roomyConfig(const Setting& setting) {
+ZNTopoConfig roomyConfig(const Setting& setting, bool withLists) {
   constexpr int kObjectsPerNode = 100;
   ZNTopoConfig config;
   config.setNodeCacheSize(setting.nodes * 2);
   config.setInterfaceCacheSize(setting.nodes * kObjectsPerNode);
   config.setAddressCacheSize(setting.nodes * kObjectsPerNode);
+  config.setLoadNodeL2ConnectionInfo(withLists);
+  config.setLoadNodeIfcInfo(withLists);
+  config.setLoadNodeVlanInfo(withLists);
   return config;
 }
 

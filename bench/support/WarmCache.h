@@ -11,8 +11,9 @@
 
 namespace zntopo::bench {
 
-/// A configuration whose cache holds the whole network.
-ZNTopoConfig roomyConfig(const Setting& setting);
+/// A configuration whose cache holds the whole network, its nodes with their links, containers
+/// and VLANs or without.
+ZNTopoConfig roomyConfig(const Setting& setting, bool withLists = true);
 
 /// The identifiers of all nodes, in an order that is the same in each run and follows no other.
 const std::vector<std::string>& shuffledNodeIDs();

@@ -28,10 +28,9 @@ constexpr detail::SingleObjectTexts kByObjID = {.nullID = "Null Interface ID",
                                                 .afterID = " is not a valid ObjID in RZ ",
                                                 .replacesFailure = true};
 
-constexpr detail::CachedKind<ZNInterface> kCachedByID = {
-    .useHeld = &ZNTopoCache::useHeldInterface,
-    .foundLine = "FOUND IF = %s IN CACHE! \n",
-    .idOf = &ZNInterface::getObjID};
+constexpr detail::CachedKind<ZNInterface> kCachedByID = {.useHeld = &ZNTopoCache::useHeldInterface,
+                                                         .foundLine = "FOUND IF = %s IN CACHE! \n",
+                                                         .idOf = &ZNInterface::getObjID};
 constexpr detail::CachedKind<ZNInterface> kCachedByQRMID = {
     .inCache = &ZNTopoCache::inInterfaceQRMIDCache,
     .use = &ZNTopoCache::useInterface,

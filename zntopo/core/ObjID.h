@@ -85,14 +85,12 @@ class ZNTOPO_EXPORT ObjID {
 
   friend bool operator==(const ObjID& left, const ObjID& right) {
     if (left._objType != right._objType) return false;
-    if (left._objType == E_MsUuid) return left._id._msid == right._id._msid;
-    return left.isSame(right);
+    return left._objType == E_MsUuid ? left._id._msid == right._id._msid : left.isSame(right);
   }
   /// False between different kinds and with a null identifier on either side.
   friend bool operator<(const ObjID& left, const ObjID& right) {
     if (left._objType != right._objType) return false;
-    if (left._objType == E_MsUuid) return left._id._msid < right._id._msid;
-    return left.isLess(right);
+    return left._objType == E_MsUuid ? left._id._msid < right._id._msid : left.isLess(right);
   }
 
  private:
