@@ -60,7 +60,9 @@ void operationLibrary(benchmark::State& state) {
 
 }  // namespace
 
-void registerLog(const Setting&) {
+void registerLog(const Setting& setting) {
+  // The store does not matter: once for each size.
+  if (setting.shape != Setting::Shape::Campus || setting.userVariables) return;
   benchmark::RegisterBenchmark("LogUnheard/library", logLibrary);
   benchmark::RegisterBenchmark("LogUnheard/floor", logFloor);
   benchmark::RegisterBenchmark("LogFunctionUnheard/library", scopeLibrary);

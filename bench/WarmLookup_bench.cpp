@@ -56,37 +56,39 @@ void lookUp(benchmark::State& state, const std::vector<ID>& ids, const Find& fin
   }
 }
 
-void nodeLibrary(benchmark::State& state, const Setting& setting) {
+/// Asks the library for all these objects, which are in its cache.
+template <typename Find>
+void library(benchmark::State& state, const Setting& setting,
+             const std::vector<std::string>& (*ids)(), const Find& find) {
   warmUp(setting);
-  ZNTopoAPI api;
-  ZNTopoAPIStatus status;
-  lookUp(state, prepared<ObjID>(shuffledNodeIDs(), toObjID),
-         [&](const ObjID& id) { return !api.getNodeByObjID(id, status).isNull(); });
+  lookUp(state, prepared<ObjID>(ids(), toObjID), [&](const ObjID& id) { return find(id); });
 }
 
-void nodeCacheAlone(benchmark::State& state, const Setting& setting) {
-  warmUp(setting);
-  const ZNTopoCache& cache = *ZNTopoAPI_Impl::cache();
-  lookUp(state, prepared<ObjID>(shuffledNodeIDs(), toObjID), [&](const ObjID& id) {
-    ZNRefPtr<ZNNode> node;
-    return cache.inNodeIDCache(id, node);
-  });
+void nodeLibrary(benchmark::State& state, const Setting& setting) {
+  ZNTopoAPI api;
+  ZNTopoAPIStatus status;
+  library(state, setting, shuffledNodeIDs,
+          [&](const ObjID& id) { return !api.getNodeByObjID(id, status).isNull(); });
 }
 
 void interfaceLibrary(benchmark::State& state, const Setting& setting) {
-  warmUp(setting);
   ZNTopoAPI api;
   ZNTopoAPIStatus status;
-  lookUp(state, prepared<ObjID>(shuffledInterfaceIDs(), toObjID),
-         [&](const ObjID& id) { return !api.getInterfaceByObjID(id, status).isNull(); });
+  library(state, setting, shuffledInterfaceIDs,
+          [&](const ObjID& id) { return !api.getInterfaceByObjID(id, status).isNull(); });
+}
+
+void nodeCacheAlone(benchmark::State& state, const Setting& setting) {
+  library(state, setting, shuffledNodeIDs, [](const ObjID& id) {
+    ZNRefPtr<ZNNode> node;
+    return ZNTopoAPI_Impl::cache()->inNodeIDCache(id, node);
+  });
 }
 
 void interfaceCacheAlone(benchmark::State& state, const Setting& setting) {
-  warmUp(setting);
-  const ZNTopoCache& cache = *ZNTopoAPI_Impl::cache();
-  lookUp(state, prepared<ObjID>(shuffledInterfaceIDs(), toObjID), [&](const ObjID& id) {
+  library(state, setting, shuffledInterfaceIDs, [](const ObjID& id) {
     ZNRefPtr<ZNInterface> interface;
-    return cache.inInterfaceIDCache(id, interface);
+    return ZNTopoAPI_Impl::cache()->inInterfaceIDCache(id, interface);
   });
 }
 

@@ -26,6 +26,12 @@ TEST_F(LogFunctionTest, LogsEntryAndExitAtInfo) {
               ElementsAre("BEGIN LOGGING - app", "+outer", "+inner 100%", "-inner 100%", "-outer"));
 }
 
+TEST_F(LogFunctionTest, ALastingNameIsLoggedLikeAnyOther) {
+  init("app", {"-d", "3"});
+  { const LogFunction scope(LogFunction::Lasting{"scope"}); }
+  EXPECT_THAT(logged("app.log"), ElementsAre("BEGIN LOGGING - app", "+scope", "-scope"));
+}
+
 TEST_F(LogFunctionTest, IsSilentAboveInfo) {
   init("app", {"-d", "4"});
   { const LogFunction scope("scope"); }

@@ -181,6 +181,18 @@ TEST_F(ZNEntityTest, ACopyKeepsAddressesVariablesAndTableSetButNotParentAndMarks
   EXPECT_EQ("hall", source.getContainmentParent().getName());
 }
 
+TEST_F(ZNEntityTest, AMovedEntityHasAllThatACopyHas) {
+  ZNEntity source = filled();
+  const ZNEntity copy(source);
+  const ZNEntity moved(std::move(source));
+  expectParts(EntityParts(), moved);
+  EXPECT_EQ(requestedAddresses(copy), requestedAddresses(moved));
+  EXPECT_EQ(copy.getUserVars().size(), moved.getUserVars().size());
+  EXPECT_EQ(copy.getDBType(), moved.getDBType());
+  EXPECT_TRUE(moved.getContainmentParent().getObjID().isNull());
+  EXPECT_FALSE(moved.isUDVModified());
+}
+
 TEST_F(ZNEntityTest, AnAssignmentReplacesAddressesAndKeepsParentAndMarksOfTheTarget) {
   ZNEntity target = EntityParts().entity();
   target.setAddresses({ipv4("old", "10.0.0.9")});
