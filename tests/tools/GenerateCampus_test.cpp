@@ -395,6 +395,37 @@ TEST_P(GeneratedNetworkTest, FramesCrossASiteWithoutARouterAndTheCampusWithOne) 
   EXPECT_GE(across->size(), 16u);
 }
 
+TEST_P(GeneratedNetworkTest, SwitchesKnowTheirVlansAndContainers) {
+  const auto access = api_->getNodeByName("site01-access-1", status_, -1);
+  ASSERT_TRUE(status_.isOK()) << status_.getAuxMsg();
+  // Management, servers, voice, and one for data.
+  EXPECT_EQ(access->getVlanInfoList().size(), 4u);
+  // The uplinks are in one container, both of them.
+  ASSERT_EQ(access->getAllIfcInfo().size(), 1u);
+  EXPECT_EQ(access->getAllIfcInfo().front().getAllIfcIFInfos().size(), 2u);
+  const auto core = api_->getNodeByName("site01-core-1", status_, -1);
+  EXPECT_EQ(static_cast<int>(core->getVlanInfoList().size()),
+            number("select count(*) from nwentity where EntityType = 4 and EntityName like "
+                   "'site01-%'"));
+  // The trunk, and the way out.
+  EXPECT_EQ(core->getAllIfcInfo().size(), 2u);
+}
+
+TEST_P(GeneratedNetworkTest, NamesAndMonitoringHangOnIPv6Addresses) {
+  const std::string address =
+      *store_->value("select min(AddressId) from address where AddressQRMId is not null");
+  const auto names = api_->resolveIPv6ToDNS(ObjID(address), status_);
+  ASSERT_TRUE(status_.isOK()) << status_.getAuxMsg();
+  ASSERT_EQ(names->size(), 1u);
+  EXPECT_THAT(names->front(), testing::EndsWith(".campus.example"));
+  const auto monitored = api_->getMonitoredIPv6AddressByQRMObjID(
+      ObjID(*store_->value("select AddressQRMId from address where AddressId = '" + address + "'")),
+      status_);
+  ASSERT_TRUE(status_.isOK()) << status_.getAuxMsg();
+  EXPECT_EQ(monitored->getAddressID(), ObjID(address));
+  EXPECT_NE(monitored->getIPv6NetToMediaState(), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Engines, GenerateTest, testing::ValuesIn(test::kMainEngines),
                          test::EngineNames());
 INSTANTIATE_TEST_SUITE_P(Engines, GeneratedNetworkTest, testing::ValuesIn(test::kMainEngines),

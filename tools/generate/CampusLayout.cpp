@@ -11,7 +11,6 @@ namespace {
 
 constexpr int kNodesOfSite = 250;
 constexpr int kLeastOfSite = 8;
-constexpr int kAccessOfVlan = 8;
 /// Telephones and servers on two switches: one host in so many.
 constexpr int kHostsOfPhone = 10;
 constexpr int kHostsOfServer = 20;
@@ -41,15 +40,15 @@ SiteLayout compose(int nodes, int hostsOfThousand) {
   site.access = switches - site.dists;
   site.dualHomed = site.access > 1 ? site.hosts / kHostsOfServer : 0;
   site.phones = site.hosts / kHostsOfPhone;
-  site.dataVlans = (site.access + kAccessOfVlan - 1) / kAccessOfVlan;
+  site.dataVlans = (site.access + SiteLayout::kAccessOfVlan - 1) / SiteLayout::kAccessOfVlan;
   return site;
 }
 
 /// The least power of two, from 256 on, that every VLAN of the site fits in.
 int vlanSize(const SiteLayout& site) {
   const int hostsOfSwitch = (site.hostPorts() + site.access - 1) / site.access;
-  const int most = std::max(
-      {site.access + site.dists, kAccessOfVlan * hostsOfSwitch, site.phones, 2 * site.dualHomed});
+  const int most = std::max({site.access + site.dists, SiteLayout::kAccessOfVlan * hostsOfSwitch,
+                             site.phones, 2 * site.dualHomed});
   int size = 256;
   while (size < most + kReserved) size *= 2;
   return size;

@@ -13,6 +13,8 @@ struct SiteLayout {
   static constexpr int kCores = 2;
   /// Management, servers and voice.
   static constexpr int kCommonVlans = 3;
+  /// Access switches that share a VLAN for data.
+  static constexpr int kAccessOfVlan = 8;
 
   int index = 0;
   int dists = 0;

@@ -37,7 +37,7 @@ inline int siteWire(const CampusLayout& layout, int site, int number) {
 }
 /// The loopback address of a router: those of the backbone first, then each site's.
 inline IpAddress loopback(const CampusLayout& layout, int site, int number) {
-  constexpr std::uint32_t kFirst = 0xc0a80000;  // 192.168.0.0
+  constexpr std::uint32_t kFirst = 0xc0a80001;  // 192.168.0.1
   constexpr int kOfSite = SiteLayout::kEdges + SiteLayout::kCores;
   const int index = site < 0 ? number : layout.backbones() + site * kOfSite + number;
   return IpAddress::v4(kFirst + static_cast<std::uint32_t>(index));

@@ -79,22 +79,16 @@ class PlannedNetwork {
                       {"HSRP groups", counts_.hsrpGroups},
                       {"containers", counts_.containers},
                       {"associations", counts_.associations},
-                      {"user variables", sum(report.tables[UserDefVar])},
+                      {"user variables", report.tables[UserDefVar].all()},
                       {"audit entries", counts_.audits}};
     for (int table = 0; table < TableCount; ++table) {
-      result.rows.emplace_back(kTables[table].name, sum(report.tables[table]));
+      result.rows.emplace_back(kTables[table].name, report.tables[table].all());
     }
-    result.added = report.added;
-    result.changed = report.changed;
-    result.unchanged = report.unchanged;
+    result += report;
     return result;
   }
 
  private:
-  static long long sum(const WriteCounts& counts) {
-    return counts.added + counts.changed + counts.unchanged;
-  }
-
   NetworkModel build(int part) const {
     if (!layout_) return buildRingPart(plan_, part);
     if (part < layout_->siteCount()) return buildSite(plan_, *layout_, part);

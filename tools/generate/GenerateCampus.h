@@ -6,20 +6,17 @@
 #include <vector>
 
 #include "tools/generate/CampusPlan.h"
+#include "tools/network/WriteCounts.h"
 #include "zntopo/platform/tvdbil/TvDbil.h"
 
 namespace zntopo::tools {
 
-/// What a generated network holds.
-struct CampusCounts {
+/// What a generated network holds, and what became of its rows: all are added to an empty store.
+struct CampusCounts : WriteCounts {
   /// Objects by kind: {"nodes", 10000}, {"interfaces", 200000}, ... in a fixed order.
   std::vector<std::pair<std::string, long long>> objects;
   /// Rows by table, in a fixed order.
   std::vector<std::pair<std::string, long long>> rows;
-  /// What became of the rows; all of them are added to an empty store.
-  long long added = 0;
-  long long changed = 0;
-  long long unchanged = 0;
 };
 
 /// Writes the network of a plan into the active tables of a store, with the row that says that

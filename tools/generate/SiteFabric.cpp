@@ -6,7 +6,6 @@ namespace zntopo::tools {
 
 namespace {
 
-constexpr int kAccessOfVlan = 8;
 constexpr int kFirstDataVlan = 100;
 
 struct CommonVlanText {
@@ -54,7 +53,7 @@ std::string SiteFabric::name(const std::string& role, int number, int count) con
 }
 
 Index SiteFabric::dataVlanOf(int accessSwitch) const {
-  return vlans[SiteLayout::kCommonVlans + accessSwitch / kAccessOfVlan];
+  return vlans[SiteLayout::kCommonVlans + accessSwitch / SiteLayout::kAccessOfVlan];
 }
 
 std::set<Index> SiteFabric::vlansOf(int accessSwitch) const {

@@ -5,8 +5,6 @@ namespace zntopo::tools {
 
 namespace {
 
-constexpr int kAccessOfVlan = 8;
-
 /// Lays the cables of a site's own switches and routers.
 class Wiring {
  public:
@@ -104,7 +102,7 @@ class Wiring {
   /// Each access switch has two homes, which the others of its VLAN have too.
   void raiseToDists(int access) {
     addManagement(site_.access[access]);
-    const int pair = access / kAccessOfVlan % (site_.layout.dists / 2);
+    const int pair = access / SiteLayout::kAccessOfVlan % (site_.layout.dists / 2);
     auto& uplinks = site_.accessUplinks.emplace_back();
     for (int side = 0; side < 2; ++side) {
       uplinks[side] = port(site_.access[access], PortRole::Trunk, "Te1/1/", 1 + side);

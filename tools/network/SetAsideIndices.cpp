@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "tools/network/RunSql.h"
 #include "tools/network/StoreError.h"
 #include "tools/network/StoreTable.h"
 #include "zntopo/store/GoodCode.h"
@@ -13,13 +14,15 @@ namespace {
 
 using TvXplMsg::MessageList_t;
 
+constexpr const char* kFailure = "can't read or write the indices of the store";
+
 struct IndexText {
   std::string name;
   std::string sql;
 };
 
 void check(TvDbil::DbilReturnCode_t code, const MessageList_t& messages) {
-  if (!isGood(code)) throw StoreError("can't read or write the indices of the store", messages);
+  if (!isGood(code)) throw StoreError(kFailure, messages);
 }
 
 /// Those that have a text; the index of a key has none, and belongs to its table.
@@ -52,21 +55,16 @@ SetAsideIndices::SetAsideIndices(TvDbil::DbConnection_t& connection) : connectio
   if (connection.GetEngineName() != "SQLite") return;
   for (const TableDef& table : kTables) {
     for (IndexText& index : indicesOf(connection, table.name)) {
-      execute("drop index \"" + index.name + "\"");
+      runSql(connection, "drop index \"" + index.name + "\"", kFailure);
       statements_.push_back(std::move(index.sql));
     }
   }
 }
 
 void SetAsideIndices::makeAgain() {
-  for (const std::string& sql : std::exchange(statements_, {})) execute(sql);
-}
-
-void SetAsideIndices::execute(const std::string& sql) {
-  MessageList_t messages;
-  TvDbil::DbStatement_t statement(messages, &connection_);
-  check(statement.BindSql(messages, sql.c_str()), messages);
-  check(statement.Exec(messages), messages);
+  for (const std::string& sql : std::exchange(statements_, {})) {
+    runSql(connection_, sql, kFailure);
+  }
 }
 
 }  // namespace zntopo::tools

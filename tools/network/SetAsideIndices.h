@@ -21,8 +21,6 @@ class SetAsideIndices {
   void makeAgain();
 
  private:
-  void execute(const std::string& sql);
-
   TvDbil::DbConnection_t& connection_;
   /// The statements that make them.
   std::vector<std::string> statements_;

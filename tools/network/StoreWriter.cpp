@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 
+#include "tools/network/RunSql.h"
 #include "tools/network/SetAsideIndices.h"
 #include "tools/network/StateRow.h"
 #include "tools/network/StoreRows.h"
@@ -53,13 +54,8 @@ class Transaction {
 /// Takes the place of the one writer before anything is read: a reader that turns into a writer
 /// would be refused at once by the embedded store while another one writes, instead of waiting.
 void waitForTurn(TvDbil::DbConnection_t& connection) {
-  MessageList_t messages;
-  TvDbil::DbStatement_t statement(messages, &connection);
-  if (statement.BindSql(messages, "update state set TopologyReady = TopologyReady where 1 = 0") !=
-          TvDbil::DBIL_SUCCESS ||
-      statement.Exec(messages) != TvDbil::DBIL_SUCCESS) {
-    throw StoreError("the store can't be written to now", messages);
-  }
+  runSql(connection, "update state set TopologyReady = TopologyReady where 1 = 0",
+         "the store can't be written to now");
 }
 
 bool isEmpty(TvDbil::DbConnection_t& connection, const TableDef& table) {
@@ -80,22 +76,19 @@ bool isEmpty(TvDbil::DbConnection_t& connection) {
 /// many of them several times. Others have no such statement.
 void makeRoom(TvDbil::DbConnection_t& connection) {
   if (connection.GetEngineName() != "SQLite") return;
-  MessageList_t ignored;
-  TvDbil::DbStatement_t statement(ignored, &connection);
-  if (isGood(statement.BindSql(ignored, "pragma cache_size = -131072"))) {
-    statement.Exec(ignored);
-  }
+  runSql(connection, "pragma cache_size = -131072", "can't make room for the store's pages");
 }
 
 /// Hears of rows as they pass, and tells the part done by the nodes among them.
 class PassingRows : public RowSink {
  public:
-  PassingRows(std::size_t nodes, const std::function<void(double)>& progress)
-      : nodes_(nodes), progress_(progress) {}
+  /// The share is what the passing of the rows is of the whole work.
+  PassingRows(std::size_t nodes, const std::function<void(double)>& progress, double share = 1)
+      : nodes_(nodes), progress_(progress), share_(share) {}
 
   void put(Row row) override {
     if (row.table == NwNode && progress_) {
-      progress_(static_cast<double>(seen_++) / static_cast<double>(nodes_));
+      progress_(share_ * static_cast<double>(seen_++) / static_cast<double>(nodes_));
     }
     pass(std::move(row));
   }
@@ -107,6 +100,7 @@ class PassingRows : public RowSink {
   std::size_t nodes_;
   std::size_t seen_ = 0;
   const std::function<void(double)>& progress_;
+  double share_;
 };
 
 /// Counts rows, and nothing else.
@@ -125,12 +119,15 @@ class CountedRows : public PassingRows {
   WriteReport report_;
 };
 
+/// The indices of an empty store are made when all rows are there.
+constexpr double kShareBeforeIndices = 0.85;
+
 /// Writes rows into their tables, as they come.
 class WrittenRows : public PassingRows {
  public:
   WrittenRows(TvDbil::DbConnection_t& connection, int time, bool isInserting, std::size_t nodes,
               const std::function<void(double)>& progress)
-      : PassingRows(nodes, progress),
+      : PassingRows(nodes, progress, isInserting ? kShareBeforeIndices : 1),
         connection_(connection),
         time_(time),
         isInserting_(isInserting) {
@@ -143,10 +140,8 @@ class WrittenRows : public PassingRows {
     for (int table = 0; table < TableCount; ++table) {
       if (!writers_[table]) continue;
       writers_[table]->flush();
-      const WriteCounts& counts = report.tables[table] = writers_[table]->counts();
-      report.added += counts.added;
-      report.changed += counts.changed;
-      report.unchanged += counts.unchanged;
+      report.tables[table] = writers_[table]->counts();
+      report += report.tables[table];
     }
     if (indices_) indices_->makeAgain();
     return report;

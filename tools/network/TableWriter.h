@@ -5,21 +5,13 @@
 
 #include "tools/network/CellStatement.h"
 #include "tools/network/StoreTable.h"
+#include "tools/network/WriteCounts.h"
 #include "zntopo/platform/tvdbil/TvDbil.h"
 
 /// @file
 /// The ways of a row into its table. The connection and the table must outlive the writers.
 
 namespace zntopo::tools {
-
-/// How many rows were brought into the store, and what became of them.
-struct WriteCounts {
-  long long added = 0;
-  long long changed = 0;
-  long long unchanged = 0;
-
-  bool isAnyChange() const { return added + changed > 0; }
-};
 
 /// Brings rows into one table. Each operation throws StoreError.
 class TableWriter {

@@ -85,6 +85,15 @@ Json statusJson(const ZNTopoAPIStatus& status) {
   return json;
 }
 
+Json rowsJson(const WriteCounts& counts) {
+  return {{"added", counts.added}, {"changed", counts.changed}, {"unchanged", counts.unchanged}};
+}
+
+std::string rowsText(const WriteCounts& counts) {
+  return "Rows: " + std::to_string(counts.added) + " added, " + std::to_string(counts.changed) +
+         " changed, " + std::to_string(counts.unchanged) + " unchanged\n";
+}
+
 void answer(Context& context, Answer answer, const std::function<void(Answer&)>& work) {
   try {
     work(answer);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "tools/network/ToolError.h"
+#include "tools/network/WriteCounts.h"
 #include "zntopo/core/ZNTopoAPIStatus.h"
 
 /// @file
@@ -73,5 +74,9 @@ void answer(Context& context, Answer answer, const std::function<void(Answer&)>&
 
 /// "code", "name", "message" and "aux" of a status.
 Json statusJson(const ZNTopoAPIStatus& status);
+
+/// What became of the rows of a write, in both forms.
+Json rowsJson(const WriteCounts& counts);
+std::string rowsText(const WriteCounts& counts);
 
 }  // namespace zntopo::tools

@@ -76,17 +76,10 @@ void tell(const CampusCounts& counts, bool isDryRun, Answer& answer) {
     table.add({name, std::to_string(number)});
     tables[name] = number;
   }
-  answer.text += "\nRows: " + std::to_string(counts.added) + (isDryRun ? "" : " added, ");
-  if (!isDryRun) {
-    answer.text += std::to_string(counts.changed) + " changed, " +
-                   std::to_string(counts.unchanged) + " unchanged";
-  }
-  answer.text += "\n" + table.text();
+  answer.text += "\n" + (isDryRun ? "" : rowsText(counts)) + table.text();
   answer.json["dry_run"] = isDryRun;
   answer.json["generated"] = found;
-  answer.json["rows"] = {{"added", isDryRun ? 0 : counts.added},
-                         {"changed", counts.changed},
-                         {"unchanged", counts.unchanged}};
+  answer.json["rows"] = isDryRun ? rowsJson({}) : rowsJson(counts);
   answer.json["tables"] = tables;
 }
 

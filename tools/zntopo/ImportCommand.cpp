@@ -62,9 +62,7 @@ std::string text(const Json& found, const WriteCounts& counts, const NetworkRepo
     result +=
         (result.size() > 5 ? ", " : " ") + std::to_string(number.get<std::size_t>()) + " " + kind;
   }
-  result += "\nRows: " + std::to_string(counts.added) + " added, " +
-            std::to_string(counts.changed) + " changed, " + std::to_string(counts.unchanged) +
-            " unchanged\n";
+  result += "\n" + rowsText(counts);
   if (report.notes().empty()) return result;
   TextTable table({"COUNT", "NOT CARRIED OVER AS IT STANDS", "FIRST AT"});
   for (const NetworkReport::Note& note : report.notes()) {
@@ -89,8 +87,7 @@ void import(const Context& context, const ImportOptions& options, Answer& answer
   }
   const Json found = countsJson(counts);
   answer.json["found"] = found;
-  answer.json["rows"] = {
-      {"added", written.added}, {"changed", written.changed}, {"unchanged", written.unchanged}};
+  answer.json["rows"] = rowsJson(written);
   answer.json["notes"] = notes(report);
   answer.text = text(found, written, report);
 }
