@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/network/StoreStatement.h"
 #include "tools/network/StoreTable.h"
 #include "zntopo/platform/tvdbil/TvDbil.h"
 
@@ -37,13 +38,10 @@ class CellStatement {
     int indicator = 0;
   };
 
-  [[noreturn]] void fail(const std::string& what) const;
-  TvDbil::DbilReturnCode_t bindResult(int position, std::size_t column);
+  void bindResult(std::size_t column);
 
   const TableDef& table_;
-  mutable TvXplMsg::MessageList_t messages_;
-  TvDbil::DbStatement_t statement_;
-  int position_ = 0;
+  StoreStatement statement_;
   /// Numbers with a fraction go in as texts, in an exact form.
   std::deque<std::string> reals_;
   std::vector<Result> results_;

@@ -5,14 +5,13 @@
 #include <limits>
 #include <string>
 
-#include "tools/network/StoreError.h"
-#include "zntopo/store/GoodCode.h"
+#include "tools/network/StoreStatement.h"
 
 namespace zntopo::tools {
 
 namespace {
 
-using TvXplMsg::MessageList_t;
+constexpr const char* kComplaint = "can't read or write the table state";
 
 /// The columns that the library wants filled; the last three are times.
 constexpr std::array<const char*, 11> kColumns = {
@@ -39,10 +38,6 @@ struct State {
   }
 };
 
-void check(TvDbil::DbilReturnCode_t code, const MessageList_t& messages) {
-  if (!isGood(code)) throw StoreError("can't read or write the table state", messages);
-}
-
 std::string list(const std::string& behind, const std::string& between) {
   std::string result;
   for (const char* column : kColumns) {
@@ -52,22 +47,13 @@ std::string list(const std::string& behind, const std::string& between) {
 }
 
 State readState(TvDbil::DbConnection_t& connection) {
-  MessageList_t messages;
-  TvDbil::DbStatement_t statement(messages, &connection);
-  check(statement.BindSql(messages, ("select " + list("", ", ") + " from state").c_str()),
-        messages);
+  StoreStatement statement(connection, "select " + list("", ", ") + " from state", kComplaint);
   State state;
   for (std::size_t i = 0; i < kColumns.size(); ++i) {
-    check(statement.BindColumn(messages, static_cast<int>(i) + 1, &state.values[i],
-                               &state.indicators[i]),
-          messages);
+    statement.bind(&state.values[i], &state.indicators[i]);
   }
-  check(statement.Exec(messages), messages);
-  const auto code = statement.Fetch(messages);
-  if (code != TvDbil::DBIL_NO_DATA) {
-    check(code, messages);
-    state.isThere = true;
-  }
+  statement.execute();
+  state.isThere = statement.fetch();
   return state;
 }
 
@@ -86,18 +72,12 @@ bool markReady(TvDbil::DbConnection_t& connection, bool isChanged, int now) {
   values[kReadyTime] = values[kReadyTime + 1] = readyTime;
   values[kCreateTime] = createTime;
 
-  std::string marks = "?";
-  for (std::size_t i = 1; i < kColumns.size(); ++i) marks += ", ?";
-  const std::string sql = state.isThere
-                              ? "update state set " + list(" = ?", ", ")
-                              : "insert into state (" + list("", ", ") + ") values (" + marks + ")";
-  MessageList_t messages;
-  TvDbil::DbStatement_t statement(messages, &connection);
-  check(statement.BindSql(messages, sql.c_str()), messages);
-  for (std::size_t i = 0; i < kColumns.size(); ++i) {
-    check(statement.BindParm(messages, static_cast<int>(i) + 1, &values[i], false), messages);
-  }
-  check(statement.Exec(messages), messages);
+  const std::string sql = state.isThere ? "update state set " + list(" = ?", ", ")
+                                        : "insert into state (" + list("", ", ") + ") values (" +
+                                              parameterMarks(kColumns.size()) + ")";
+  StoreStatement statement(connection, sql, kComplaint);
+  for (const int& value : values) statement.add(&value);
+  statement.execute();
   return true;
 }
 

@@ -6,10 +6,10 @@
 #include <memory>
 #include <optional>
 
-#include "tools/network/RunSql.h"
 #include "tools/network/SetAsideIndices.h"
 #include "tools/network/StateRow.h"
 #include "tools/network/StoreRows.h"
+#include "tools/network/StoreStatement.h"
 #include "zntopo/store/GoodCode.h"
 
 namespace zntopo::tools {
@@ -54,8 +54,8 @@ class Transaction {
 /// Takes the place of the one writer before anything is read: a reader that turns into a writer
 /// would be refused at once by the embedded store while another one writes, instead of waiting.
 void waitForTurn(TvDbil::DbConnection_t& connection) {
-  runSql(connection, "update state set TopologyReady = TopologyReady where 1 = 0",
-         "the store can't be written to now");
+  executeText(connection, "update state set TopologyReady = TopologyReady where 1 = 0",
+              "the store can't be written to now");
 }
 
 bool isEmpty(TvDbil::DbConnection_t& connection, const TableDef& table) {
@@ -76,7 +76,7 @@ bool isEmpty(TvDbil::DbConnection_t& connection) {
 /// many of them several times. Others have no such statement.
 void makeRoom(TvDbil::DbConnection_t& connection) {
   if (connection.GetEngineName() != "SQLite") return;
-  runSql(connection, "pragma cache_size = -131072", "can't make room for the store's pages");
+  executeText(connection, "pragma cache_size = -131072", "can't make room for the store's pages");
 }
 
 /// Hears of rows as they pass, and tells the part done by the nodes among them.

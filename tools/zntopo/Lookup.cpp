@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "tools/network/PlainText.h"
-#include "tools/network/StoreQuery.h"
+#include "tools/network/StoreStatement.h"
 #include "zntopo/model/TopologyGateway.h"
 
 namespace zntopo::tools {
