@@ -2,7 +2,9 @@
 
 #include <map>
 #include <mutex>
+#include <optional>
 #include <stdexcept>
+#include <utility>
 
 namespace zntopo::test {
 namespace {
@@ -17,6 +19,8 @@ struct Fault {
   TvDbil::DbilReturnCode code;
   int from;
   bool carriedOut;
+  bool once = false;
+  std::function<void()> action = {};
 };
 
 struct Watched {
@@ -31,38 +35,38 @@ std::map<const DbStatement_t*, Watched> watched;
 std::vector<Fault> faults;
 
 /// What a step answers instead of the platform, or after it.
-const Fault* faultOf(StatementSpy::Step step, const DbStatement_t* statement, int number) {
-  for (const Fault& fault : faults) {
-    if (fault.step == step && number >= fault.from &&
-        watched[statement].sql.find(fault.text) != std::string::npos) {
-      return &fault;
+std::optional<Fault> takeFault(StatementSpy::Step step, const DbStatement_t* statement,
+                               int number) {
+  for (auto fault = faults.begin(); fault != faults.end(); ++fault) {
+    if (fault->step == step && number >= fault->from &&
+        watched[statement].sql.find(fault->text) != std::string::npos) {
+      const Fault found = *fault;
+      if (found.once) faults.erase(fault);
+      return found;
     }
   }
-  return nullptr;
+  return std::nullopt;
 }
 
 template <typename Real>
 DbilReturnCode_t step(StatementSpy::Step which, const DbStatement_t* statement,
                       MessageList_t& messages, int number, const Real& real) {
-  Fault fault{};
-  bool isFaulty = false;
+  std::optional<Fault> fault;
   {
     const std::lock_guard lock(guard);
     if (spy) {
       if (which == StatementSpy::Fetch) number = ++watched[statement].rows;
-      if (const Fault* const found = faultOf(which, statement, number)) {
-        fault = *found;
-        isFaulty = true;
-      }
+      fault = takeFault(which, statement, number);
     }
   }
-  if (!isFaulty) return real();
-  if (fault.carriedOut) {
+  if (fault && fault->action) fault->action();
+  if (!fault || fault->action) return real();
+  if (fault->carriedOut) {
     const DbilReturnCode_t code = real();
-    return code == TvDbil::DBIL_SUCCESS ? DbilReturnCode_t(fault.code) : code;
+    return code == TvDbil::DBIL_SUCCESS ? DbilReturnCode_t(fault->code) : code;
   }
   messages.Add(TvXplMsg::CreateError_t(StatementSpy::kMessage));
-  return fault.code;
+  return fault->code;
 }
 
 void note(const DbStatement_t* statement, const char* sql) {
@@ -116,6 +120,19 @@ void StatementSpy::answer(Step step, const std::string& textInStatement,
                           TvDbil::DbilReturnCode code) {
   const std::lock_guard lock(guard);
   faults.push_back({step, textInStatement, code, 1, true});
+}
+
+void StatementSpy::failOnce(Step step, const std::string& textInStatement,
+                            TvDbil::DbilReturnCode code, int from) {
+  const std::lock_guard lock(guard);
+  faults.push_back({step, textInStatement, code, from, false, true});
+}
+
+void StatementSpy::before(Step step, const std::string& textInStatement, int from,
+                          std::function<void()> action) {
+  const std::lock_guard lock(guard);
+  faults.push_back(
+      {step, textInStatement, TvDbil::DBIL_SUCCESS, from, false, true, std::move(action)});
 }
 
 void StatementSpy::succeed() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,12 @@ class StatementSpy {
             TvDbil::DbilReturnCode code = TvDbil::DBIL_ERROR, int from = 1);
   /// From now on a step of such statements is carried out and then answers with a code.
   void answer(Step step, const std::string& textInStatement, TvDbil::DbilReturnCode code);
+  /// Lets the next such step, and no other, answer with a code without being carried out.
+  void failOnce(Step step, const std::string& textInStatement, TvDbil::DbilReturnCode code,
+                int from);
+  /// Does something just before the next such step, which is then carried out.
+  void before(Step step, const std::string& textInStatement, int from,
+              std::function<void()> action);
   void succeed();
 
   /// What the platform says of a step that this object lets fail.

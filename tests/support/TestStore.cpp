@@ -96,7 +96,9 @@ std::string Value::literal() const {
   return quoted + "'";
 }
 
-TestStore::TestStore(Engine engine) : engine_(engine, schemaSeed()) {
+TestStore::TestStore(Engine engine) : TestStore(engine, schemaSeed()) {}
+
+TestStore::TestStore(Engine engine, const StoreSeed& seed) : engine_(engine, seed) {
   engine_.setEnvironment();
   ZNDBTestAccess::forget();
 }
@@ -108,6 +110,7 @@ TestStore::~TestStore() {
 }
 
 TvDbil::DbConnection_t& TestStore::connection() {
+  if (connection_ && !connection_->IsValid()) connection_.reset();
   if (!connection_) {
     TvXplMsg::MessageList_t messages;
     const TvDbil::DbSource_t source(messages, engine_.store());

@@ -75,6 +75,8 @@ using Values = std::map<std::string, Value, ColumnNameLess>;
 class TestStore {
  public:
   explicit TestStore(Engine engine = Engine::Sqlite);
+  /// The same with other tables than those of the schema.
+  TestStore(Engine engine, const StoreSeed& seed);
   ~TestStore();
   TestStore(const TestStore&) = delete;
   TestStore& operator=(const TestStore&) = delete;

@@ -119,6 +119,8 @@ bool ZNDB::retire(ZNDBConnection* conn) {
   if (conn->RollbackTransaction(messages) != TvDbil::DBIL_SUCCESS) return false;
   MCLog::log(MC_INFO, "Failed to release connection, removing from pool \n");
   --myConnectionCount;
+  // Nobody lends it again: what it holds of the process and the server is given back.
+  conn->close();
   myConnectionPool.remove(conn);
   myLostConnections.push_back(conn);
   return true;

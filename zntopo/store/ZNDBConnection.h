@@ -29,6 +29,9 @@ class ZNDBConnection {
   TvDbil::DbilReturnCode_t RollbackTransaction(TvXplMsg::MessageList_t& messages);
   bool InTransaction() const;
 
+  /// Ends the platform connection; each operation then fails as without one.
+  void close() { myConn.reset(); }
+
   /// The platform connection; it stays this object's.
   TvDbil::DbConnection_t* getDbConnection() const { return myConn.get(); }
 

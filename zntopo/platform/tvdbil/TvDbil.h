@@ -18,7 +18,9 @@
 /// the store.
 ///
 /// SQLite is set up with foreign keys, WAL, a LIKE that tells cases apart, no double-quoted
-/// literals, and five seconds of patience with a lock; PostgreSQL with the same patience.
+/// literals, and five seconds of patience with a lock; PostgreSQL with the same patience, unless
+/// the server, the role or the connection string sets another lock_timeout. "Timeout" in the
+/// connection string sets another one for SQLite behind ODBC, in milliseconds.
 ///
 /// Nothing here throws. What went wrong is described in the MessageList_t argument.
 
@@ -96,8 +98,9 @@ class DbConnection_t {
   /// have one of its own, and so is a "file:" URI.
   DbConnection_t(MessageList_t& messages, const DbSource_t* source);
 
-  /// True if the store is open. A connection that the server has dropped is not valid from the
-  /// first failure on until a transaction starts.
+  /// True if the store is open. A connection that is lost, because its server has dropped it or
+  /// its file can't be read any more, is not valid from the first failure on until a transaction
+  /// starts.
   bool IsValid() const;
   /// Unknown for SQLite and PostgreSQL.
   DbilRdbmsVendor GetVendor() const;
@@ -105,16 +108,17 @@ class DbConnection_t {
   /// valid.
   std::string GetEngineName() const;
 
-  /// Starts a transaction; DBIL_TRANSACTION_VIOLATION if there is one. A connection that the
-  /// server has dropped is opened again first; its statements are then to be prepared anew.
+  /// Starts a transaction; DBIL_TRANSACTION_VIOLATION if there is one. A connection that is lost,
+  /// or whose file has been replaced by another, is opened again first; its statements are then
+  /// to be prepared anew.
   DbilReturnCode_t StartTransaction(MessageList_t& messages);
   /// Commits, and ends the result sets of all statements. A commit that failed leaves the
   /// connection in its transaction, in which only a rollback is possible then. Success means
   /// that every statement that succeeded is committed: where the engine has ended the
   /// transaction by itself, the commit fails, and so do the statements before it.
   DbilReturnCode_t CommitTransaction(MessageList_t& messages);
-  /// Rolls back, and ends the result sets of all statements. Over a connection that the server
-  /// has dropped it fails, but the transaction is gone.
+  /// Rolls back, and ends the result sets of all statements. Over a connection that is lost it
+  /// fails, but the transaction is gone.
   DbilReturnCode_t RollbackTransaction(MessageList_t& messages);
   bool InTransaction() const;
 

@@ -48,7 +48,7 @@ class Connection {
   virtual DbilReturnCode start(MessageList_t& messages) = 0;
   virtual DbilReturnCode commit(MessageList_t& messages) = 0;
   virtual DbilReturnCode rollback(MessageList_t& messages) = 0;
-  /// False if the server is known to have ended the connection, and the transaction with it.
+  /// False if the connection is known to be lost, and the transaction with it.
   virtual bool isAlive() = 0;
   /// False if the engine has ended the open transaction.
   virtual bool transactionSurvives() = 0;

@@ -53,6 +53,13 @@ DbilReturnCode codeOfSqlState(std::string_view state) {
   return DBIL_ERROR;
 }
 
+bool isFileLost(int result) {
+  for (const int lost : {SQLITE_IOERR, SQLITE_CORRUPT, SQLITE_CANTOPEN, SQLITE_NOTADB}) {
+    if ((result & 0xff) == lost) return true;
+  }
+  return false;
+}
+
 bool isConnectionLost(std::string_view state) {
   for (std::string_view prefix : kLostStates) {
     if (beginsWith(state, prefix)) return true;

@@ -32,8 +32,8 @@ constexpr OdbcEngine kEngines[] = {
     {"PostgreSQL",
      Unknown,
      kPostgresDialect,
-     {"SET lock_timeout = '5s'", "SET client_encoding = 'UTF8'",
-      "SET standard_conforming_strings = on"},
+     {"SELECT set_config('lock_timeout', '5s', false) WHERE current_setting('lock_timeout') = '0'",
+      "SET client_encoding = 'UTF8'", "SET standard_conforming_strings = on"},
      "SELECT CAST(now() AS text)"},
     {"SQLite",
      Unknown,
@@ -48,9 +48,11 @@ constexpr OdbcEngine kEngines[] = {
 constexpr const OdbcEngine& kSqlite = kEngines[1];
 constexpr const OdbcEngine& kOther = *(std::end(kEngines) - 1);
 
-// The first value of an attribute counts, so these win over what the connection string says.
+// The first value of an attribute counts, so these win over what the connection string says...
 constexpr const char* kSqliteAttributes =
-    "NoCreat=1;NoTXN=0;FKSupport=1;Timeout=5000;SyncPragma=NORMAL;JournalMode=WAL;";
+    "NoCreat=1;NoTXN=0;FKSupport=1;SyncPragma=NORMAL;JournalMode=WAL;";
+// ...and this one does not.
+constexpr const char* kSqliteTimeout = ";Timeout=5000;";
 
 DbilReturnCode refuseMemory(MessageList_t& messages) {
   addError(messages, "In-memory stores and URIs are not supported; give the path of a file");
@@ -90,7 +92,7 @@ DbilReturnCode OdbcConnection::connect(MessageList_t& messages) {
     return refuseMemory(messages);
   }
   SQLSetConnectAttr(link(), SQL_ATTR_LOGIN_TIMEOUT, asPointer(kLoginTimeoutSeconds), 0);
-  std::string text = isSqlite() ? kSqliteAttributes + connectionString_ : connectionString_;
+  std::string text = completed();
   const SQLRETURN result = SQLDriverConnect(
       link(), nullptr, reinterpret_cast<SQLCHAR*>(text.data()),
       static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
@@ -102,6 +104,11 @@ DbilReturnCode OdbcConnection::connect(MessageList_t& messages) {
   isDropped_ = false;
   recognizeEngine();
   return configure(messages);
+}
+
+std::string OdbcConnection::completed() const {
+  if (!isSqlite()) return connectionString_;
+  return kSqliteAttributes + connectionString_ + kSqliteTimeout;
 }
 
 void OdbcConnection::disconnect() {
@@ -132,17 +139,22 @@ DbilReturnCode OdbcConnection::configure(MessageList_t& messages) {
     const DbilReturnCode code = ask(messages, sql, nullptr);
     if (code != DBIL_SUCCESS) return code;
   }
-  if (engine_ != &kSqlite) return DBIL_SUCCESS;
+  return engine_ == &kSqlite ? findFile(messages) : DBIL_SUCCESS;
+}
+
+DbilReturnCode OdbcConnection::findFile(MessageList_t& messages) {
   std::string file;
   const DbilReturnCode code =
       ask(messages, "SELECT file FROM pragma_database_list WHERE name = 'main'", &file);
   if (code != DBIL_SUCCESS) return code;
-  if (!file.empty() && access(file.c_str(), F_OK) == 0) return DBIL_SUCCESS;
-  return refuseMemory(messages);
+  if (file.empty() || access(file.c_str(), F_OK) != 0) return refuseMemory(messages);
+  file_ = StoreFile(file);
+  return DBIL_SUCCESS;
 }
 
 DbilReturnCode OdbcConnection::start(MessageList_t& messages) {
   MessageList_t firstAttempt;
+  if (file_.isReplaced()) isDropped_ = true;
   if (!isDropped_ && isConnected_ && begin(firstAttempt) == DBIL_SUCCESS) return DBIL_SUCCESS;
   releaseStatements();
   disconnect();
@@ -222,7 +234,9 @@ DbilReturnCode OdbcConnection::tell(MessageList_t& messages, SQLSMALLINT type, S
     SQLGetConnectAttr(link(), SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_INTEGER, nullptr);
   }
   if (dead == SQL_CD_TRUE || isConnectionLost(diagnosis.state)) isDropped_ = true;
-  return engine_ == &kSqlite ? codeOfSqlite(diagnosis.native) : codeOfSqlState(diagnosis.state);
+  if (engine_ != &kSqlite) return codeOfSqlState(diagnosis.state);
+  if (isFileLost(diagnosis.native)) isDropped_ = true;
+  return codeOfSqlite(diagnosis.native);
 }
 
 std::shared_ptr<Connection> openOdbc(MessageList_t& messages, const std::string& connectionString) {

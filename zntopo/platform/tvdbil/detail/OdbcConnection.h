@@ -5,6 +5,7 @@
 
 #include "zntopo/platform/tvdbil/detail/Connection.h"
 #include "zntopo/platform/tvdbil/detail/OdbcHandles.h"
+#include "zntopo/platform/tvdbil/detail/StoreFile.h"
 
 namespace TvDbil::detail {
 
@@ -37,9 +38,11 @@ class OdbcConnection : public Connection {
   bool transactionSurvives() override;
 
  private:
+  std::string completed() const;
   void disconnect();
   bool isSqlite() const;
   void recognizeEngine();
+  DbilReturnCode findFile(MessageList_t& messages);
   DbilReturnCode configure(MessageList_t& messages);
   DbilReturnCode setAutocommit(MessageList_t& messages, bool on);
   DbilReturnCode begin(MessageList_t& messages);
@@ -54,6 +57,7 @@ class OdbcConnection : public Connection {
   bool isDropped_ = false;
   std::string engineName_;
   const OdbcEngine* engine_;
+  StoreFile file_;           ///< of an embedded store
   std::string transaction_;  ///< what the engine calls the open transaction, where it can tell
 };
 

@@ -11,6 +11,7 @@
 
 #include "zntopo/platform/tvdbil/detail/ErrorCodes.h"
 #include "zntopo/platform/tvdbil/detail/Statement.h"
+#include "zntopo/platform/tvdbil/detail/StoreFile.h"
 
 namespace TvDbil::detail {
 namespace {
@@ -41,44 +42,127 @@ DbilReturnCode run(MessageList_t& messages, sqlite3* database, const char* sql) 
   return tell(messages, database, std::string("statement: ") + sql);
 }
 
+// An empty name or ":memory:" is a store that only its own connection sees; a "file:" name can
+// say the same in many ways, so a store is named by its path alone.
+bool isPath(const std::string& name) {
+  return !name.empty() && name != ":memory:" && name.compare(0, 5, "file:") != 0;
+}
+
+DbilReturnCode checkPath(MessageList_t& messages, const std::string& path) {
+  if (isPath(path)) return DBIL_SUCCESS;
+  addError(messages, "\"" + path +
+                         "\" does not name a store: in-memory stores and URIs are not "
+                         "supported; give the path of a file");
+  return DBIL_ERROR;
+}
+
+Database openFile(MessageList_t& messages, const std::string& path) {
+  sqlite3* opened = nullptr;
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+  const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+  Database database(opened);
+  if (result == SQLITE_OK) return database;
+  if (opened != nullptr) tell(messages, opened, "store: " + path);
+  return nullptr;
+}
+
+DbilReturnCode configure(MessageList_t& messages, sqlite3* database) {
+  sqlite3_extended_result_codes(database, 1);
+  sqlite3_busy_timeout(database, kBusyTimeoutMs);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  // The first one also reads the file, and so finds out whether it is a store at all.
+  for (const char* sql : {"PRAGMA schema_version", "PRAGMA foreign_keys = ON",
+                          "PRAGMA case_sensitive_like = ON", "PRAGMA synchronous = NORMAL"}) {
+    const DbilReturnCode code = run(messages, database, sql);
+    if (code != DBIL_SUCCESS) return code;
+  }
+  // This is the file's own property. A file that can't be written, or that others use right now,
+  // keeps what it has.
+  sqlite3_exec(database, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
+  return DBIL_SUCCESS;
+}
+
 class SqliteConnection : public Connection {
  public:
-  explicit SqliteConnection(Database database) : database_(std::move(database)) {}
+  explicit SqliteConnection(const std::string& path) : path_(path) {}
 
-  bool isOpen() const override { return true; }
+  DbilReturnCode connect(MessageList_t& messages);
+
+  bool isOpen() const override { return !isDropped_; }
   std::string engineName() const override { return "SQLite"; }
   const SqlDialect& dialect() const override { return kSqliteDialect; }
   std::unique_ptr<Statement> makeStatement(std::shared_ptr<Connection> self) override;
   sqlite3* database() const { return database_.get(); }
+  /// Tells the last error, and notes a lost file.
+  DbilReturnCode tell(MessageList_t& messages, const std::string& what);
 
  protected:
-  DbilReturnCode start(MessageList_t& messages) override {
-    return run(messages, database(), "BEGIN");
-  }
-  DbilReturnCode commit(MessageList_t& messages) override {
-    return run(messages, database(), "COMMIT");
-  }
+  DbilReturnCode start(MessageList_t& messages) override;
+  DbilReturnCode commit(MessageList_t& messages) override { return execute(messages, "COMMIT"); }
   DbilReturnCode rollback(MessageList_t& messages) override {
-    return transactionSurvives() ? run(messages, database(), "ROLLBACK") : DBIL_SUCCESS;
+    return transactionSurvives() ? execute(messages, "ROLLBACK") : DBIL_SUCCESS;
   }
-  bool isAlive() override { return true; }
+  bool isAlive() override { return !isDropped_; }
   // A full disk, for one, makes SQLite roll back by itself.
-  bool transactionSurvives() override { return sqlite3_get_autocommit(database()) == 0; }
+  bool transactionSurvives() override {
+    return !isDropped_ && sqlite3_get_autocommit(database()) == 0;
+  }
 
  private:
+  DbilReturnCode execute(MessageList_t& messages, const char* sql);
+
+  const std::string path_;
+  StoreFile file_;
   Database database_;
+  bool isDropped_ = true;
 };
+
+DbilReturnCode SqliteConnection::connect(MessageList_t& messages) {
+  file_ = StoreFile(file_.path().empty() ? path_ : file_.path());
+  database_ = openFile(messages, file_.path());
+  if (database_ == nullptr || configure(messages, database()) != DBIL_SUCCESS) {
+    addError(messages, "The store \"" + path_ + "\" can't be opened");
+    return DBIL_ERROR;
+  }
+  isDropped_ = false;
+  return DBIL_SUCCESS;
+}
+
+// A file that was moved away or replaced would be read for ever, and one whose disk failed may
+// not come back to those who have it open.
+DbilReturnCode SqliteConnection::start(MessageList_t& messages) {
+  if (isDropped_ || file_.isReplaced()) {
+    isDropped_ = true;
+    releaseStatements();
+    const DbilReturnCode code = connect(messages);
+    if (code != DBIL_SUCCESS) return code;
+  }
+  return execute(messages, "BEGIN");
+}
+
+DbilReturnCode SqliteConnection::execute(MessageList_t& messages, const char* sql) {
+  const DbilReturnCode code = run(messages, database(), sql);
+  if (isFileLost(sqlite3_errcode(database()))) isDropped_ = true;
+  return code;
+}
+
+DbilReturnCode SqliteConnection::tell(MessageList_t& messages, const std::string& what) {
+  const DbilReturnCode code = detail::tell(messages, database(), what);
+  if (isFileLost(sqlite3_errcode(database()))) isDropped_ = true;
+  return code;
+}
 
 class SqliteStatement : public Statement {
  public:
-  SqliteStatement(const std::shared_ptr<Connection>& connection, sqlite3* database)
-      : Statement(connection), database_(database) {}
+  SqliteStatement(std::shared_ptr<Connection> self, SqliteConnection& connection)
+      : Statement(std::move(self)), sqlite_(connection) {}
 
  protected:
   DbilReturnCode prepare(MessageList_t& messages, std::string_view text) override {
     sqlite3_stmt* prepared = nullptr;
-    const int result = sqlite3_prepare_v2(database_, text.data(), static_cast<int>(text.size()),
-                                          &prepared, nullptr);
+    const int result = sqlite3_prepare_v2(sqlite_.database(), text.data(),
+                                          static_cast<int>(text.size()), &prepared, nullptr);
     prepared_.reset(prepared);
     return result == SQLITE_OK ? DBIL_SUCCESS : fail(messages);
   }
@@ -119,7 +203,7 @@ class SqliteStatement : public Statement {
 
  private:
   DbilReturnCode fail(MessageList_t& messages) {
-    return tell(messages, database_, "statement: " + sql());
+    return sqlite_.tell(messages, "statement: " + sql());
   }
 
   // A row may be stepped to when the caller's variable is gone, so texts are copied.
@@ -172,7 +256,7 @@ class SqliteStatement : public Statement {
         column, std::string_view(static_cast<const char*>(data), static_cast<std::size_t>(length)));
   }
 
-  sqlite3* database_;
+  SqliteConnection& sqlite_;
   Handle prepared_;
   bool rowIsWaiting_ = false;
   bool isDone_ = false;
@@ -181,60 +265,16 @@ class SqliteStatement : public Statement {
 };
 
 std::unique_ptr<Statement> SqliteConnection::makeStatement(std::shared_ptr<Connection> self) {
-  return std::make_unique<SqliteStatement>(self, database());
-}
-
-// An empty name or ":memory:" is a store that only its own connection sees; a "file:" name can
-// say the same in many ways, so a store is named by its path alone.
-bool isPath(const std::string& name) {
-  return !name.empty() && name != ":memory:" && name.compare(0, 5, "file:") != 0;
-}
-
-DbilReturnCode checkPath(MessageList_t& messages, const std::string& path) {
-  if (isPath(path)) return DBIL_SUCCESS;
-  addError(messages, "\"" + path +
-                         "\" does not name a store: in-memory stores and URIs are not "
-                         "supported; give the path of a file");
-  return DBIL_ERROR;
-}
-
-Database openFile(MessageList_t& messages, const std::string& path) {
-  sqlite3* opened = nullptr;
-  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
-  const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
-  Database database(opened);
-  if (result == SQLITE_OK) return database;
-  if (opened != nullptr) tell(messages, opened, "store: " + path);
-  return nullptr;
-}
-
-DbilReturnCode configure(MessageList_t& messages, sqlite3* database) {
-  sqlite3_extended_result_codes(database, 1);
-  sqlite3_busy_timeout(database, kBusyTimeoutMs);
-  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-  // The first one also reads the file, and so finds out whether it is a store at all.
-  for (const char* sql : {"PRAGMA schema_version", "PRAGMA foreign_keys = ON",
-                          "PRAGMA case_sensitive_like = ON", "PRAGMA synchronous = NORMAL"}) {
-    const DbilReturnCode code = run(messages, database, sql);
-    if (code != DBIL_SUCCESS) return code;
-  }
-  // This is the file's own property. A file that can't be written, or that others use right now,
-  // keeps what it has.
-  sqlite3_exec(database, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
-  return DBIL_SUCCESS;
+  return std::make_unique<SqliteStatement>(std::move(self), *this);
 }
 
 }  // namespace
 
 std::shared_ptr<Connection> openSqlite(MessageList_t& messages, const std::string& path) {
   if (checkPath(messages, path) != DBIL_SUCCESS) return nullptr;
-  Database database = openFile(messages, path);
-  if (database == nullptr || configure(messages, database.get()) != DBIL_SUCCESS) {
-    addError(messages, "The store \"" + path + "\" can't be opened");
-    return nullptr;
-  }
-  return std::make_shared<SqliteConnection>(std::move(database));
+  auto connection = std::make_shared<SqliteConnection>(path);
+  if (connection->connect(messages) != DBIL_SUCCESS) return nullptr;
+  return connection;
 }
 
 DbilReturnCode createSqlite(MessageList_t& messages, const std::string& path) {

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdlib>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "tests/faults/FaultyDisk.h"
+#include "tests/faults/Operations.h"
+#include "tests/support/PostgresServer.h"
+
+/// @file
+/// A store that a test can take away and bring back: on PostgreSQL by its server, on SQLite by
+/// the disk under it.
+
+namespace zntopo::test {
+
+/// The statuses of a store that can't be reached, whichever step notices.
+inline bool isStoreFailure(ZNTopoStatus status) {
+  return isStatementFailure(status) || status == ZN_API_DB_CONNECTION_FAILURE ||
+         status == ZN_API_SQL_START_TRANSACTION_ERROR;
+}
+
+/// The network in a store of its own, which no other test shares.
+class FaultTest : public testing::TestWithParam<Engine> {
+ protected:
+  void SetUp() override { setUpWith(0); }
+
+  void setUpWith(int moreNodes) {
+    ZNTOPO_NEED_ENGINE(GetParam());
+    if (GetParam() == Engine::Postgres) {
+      outerServer_ = std::getenv("ZNTOPO_TEST_POSTGRES");
+      server_.emplace();
+      server_->setEnvironment();
+    } else {
+      disk_.emplace();
+    }
+    store_.emplace(GetParam());
+    fillNetwork(*store_, moreNodes);
+    ZNTopoAPI::setTopoConfiguration(ZNTopoConfig());
+    learn();
+  }
+
+  void TearDown() override {
+    if (store_) bringBack();
+    store_.reset();
+    server_.reset();
+    disk_.reset();
+    if (!outerServer_.empty()) setenv("ZNTOPO_TEST_POSTGRES", outerServer_.c_str(), 1);
+  }
+
+  /// What each operation asks of a store without a fault, and answers.
+  void learn() {
+    StatementSpy spy;
+    for (const Operation& operation : operations()) {
+      spy.clear();
+      healthy_.push_back(askCold(operation));
+      statements_.push_back(spy.allStatements());
+      ASSERT_EQ(healthy_.back().status, operation.healthy) << operation.name << healthy_.back();
+    }
+  }
+
+  void takeAway(PostgresServer::Stop how = PostgresServer::Stop::Fast) {
+    server_ ? server_->stop(how) : disk_->unplug();
+  }
+
+  void bringBack() { server_ ? server_->start() : disk_->repair(); }
+
+  /// Everything is answered as before, and nobody holds a connection.
+  void expectRecovery(const std::string& after) {
+    for (std::size_t i = 0; i < operations().size(); ++i) {
+      EXPECT_EQ(askCold(operations()[i]), healthy_[i]) << operations()[i].name << " after " << after;
+    }
+    expectNobodyHolds(after);
+  }
+
+  void expectNobodyHolds(const std::string& after) {
+    EXPECT_EQ(ZNDBTestAccess::connectionCount(), static_cast<int>(ZNDBTestAccess::idleCount()))
+        << after;
+    EXPECT_TRUE(ZNDBTestAccess::isUnlocked()) << after;
+  }
+
+  std::optional<PostgresServer> server_;
+  std::optional<FaultyDisk> disk_;
+  std::optional<TestStore> store_;
+  std::string outerServer_;
+  /// For each operation: its statements in order, and its answer.
+  std::vector<std::vector<std::string>> statements_;
+  std::vector<Answered> healthy_;
+};
+
+}  // namespace zntopo::test

@@ -1,0 +1,115 @@
+// Each statement of the library meets a store in which one of its columns is missing.
+
+#include <set>
+
+#include "tests/faults/Operations.h"
+#include "tests/faults/Schema.h"
+
+namespace zntopo::test {
+namespace {
+
+std::string trimmed(const std::string& text) {
+  return text.substr(0, text.find_last_not_of(" \n") + 1);
+}
+
+/// A store with the network, of which one column at a time has another name.
+class MissingColumnTest : public testing::TestWithParam<Engine> {
+ protected:
+  void SetUp() override {
+    ZNTOPO_NEED_ENGINE(GetParam());
+    store_.emplace(GetParam());
+    fillNetwork(*store_);
+    ZNTopoAPI::setTopoConfiguration(ZNTopoConfig());
+    learnStatements();
+  }
+
+  /// What each operation asks of a store without a fault, and answers.
+  void learnStatements() {
+    StatementSpy spy;
+    for (const Operation& operation : operations()) {
+      spy.clear();
+      healthy_.push_back(askCold(operation));
+      statements_.push_back(spy.allStatements());
+      ASSERT_EQ(healthy_.back().status, operation.healthy) << operation.name << healthy_.back();
+    }
+  }
+
+  void rename(const std::string& table, const std::string& from, const std::string& to) {
+    store_->execute("alter table " + table + " rename column " + from + " to " + to);
+  }
+
+  /// The first statement of an operation that the engine refuses now.
+  const std::string* firstRefused(std::size_t operation) {
+    for (const std::string& sql : statements_[operation]) {
+      if (!store_->accepts(sql)) return &sql;
+    }
+    return nullptr;
+  }
+
+  void expectAnswer(std::size_t index, const std::string& column) {
+    const Operation& operation = operations()[index];
+    const std::string* const refused = firstRefused(index);
+    const Answered answered = askCold(operation);
+    if (!refused) {
+      EXPECT_EQ(answered, healthy_[index]) << operation.name << " without " << column;
+      return;
+    }
+    ++failures_;
+    met_.insert(shapeOf(*refused));
+    const ZNTopoStatus expected = operation.endingOf(*refused, ZN_API_SQL_EXEC_ERROR);
+    if (isStatementFailure(expected)) {
+      EXPECT_TRUE(isStatementFailure(answered.status)) << operation.name << column << answered;
+      EXPECT_NE(answered.aux.find(trimmed(*refused)), std::string::npos) << operation.name << answered;
+    } else {
+      EXPECT_EQ(answered.status, expected)
+          << operation.name << " without " << column << ": " << answered << *refused;
+    }
+  }
+
+  std::optional<TestStore> store_;
+  std::vector<std::vector<std::string>> statements_;
+  std::vector<Answered> healthy_;
+  int failures_ = 0;
+  std::set<std::string> met_;
+};
+
+bool mentions(const std::vector<std::string>& statements, const std::string& word) {
+  for (const std::string& sql : statements) {
+    if (strcasestr(sql.c_str(), word.c_str())) return true;
+  }
+  return false;
+}
+
+TEST_P(MissingColumnTest, EachOperationSaysWhatItsStatementMet) {
+  for (const TableOf& table : describedTables()) {
+    for (const ColumnOf& column : table.columns) {
+      const std::string what = table.name + "." + column.name;
+      rename(table.name, column.name, "gone");
+      for (std::size_t i = 0; i < operations().size(); ++i) {
+        if (mentions(statements_[i], table.name) && mentions(statements_[i], column.name)) {
+          expectAnswer(i, what);
+        }
+      }
+      rename(table.name, "gone", column.name);
+      ASSERT_EQ(ZNDBTestAccess::connectionCount(), static_cast<int>(ZNDBTestAccess::idleCount()))
+          << what;
+    }
+  }
+  // Each statement has met a column that it misses, and now everything works again.
+  for (const auto& asked : statements_) {
+    for (const std::string& sql : asked) {
+      EXPECT_EQ(met_.count(shapeOf(sql)), 1u) << "was never the first refused: " << sql;
+    }
+  }
+  EXPECT_GT(failures_, 800);
+  for (std::size_t i = 0; i < operations().size(); ++i) {
+    EXPECT_EQ(askCold(operations()[i]), healthy_[i]) << operations()[i].name;
+  }
+  EXPECT_EQ(ZNDBTestAccess::lostCount(), 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, MissingColumnTest, testing::ValuesIn(kMainEngines),
+                         EngineNames());
+
+}  // namespace
+}  // namespace zntopo::test

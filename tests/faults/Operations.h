@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/api/ApiFixture.h"
+
+/// @file
+/// Every query operation that reads the store, asked about one small network, and what each
+/// tells its caller of a statement that fails.
+
+namespace zntopo::test {
+
+/// Fills a store with a network of three nodes in a row, alpha.net, beta and gamma, and at least
+/// a row of everything that a query reads.
+/// @param more so many further nodes on alpha.net, with all that hangs on a node, so that each
+/// query has as many rows to fetch.
+void fillNetwork(TestStore& store, int more = 0);
+
+/// What an operation tells when a statement with this text is the first that fails; without a
+/// status what the failed statement itself tells.
+struct Ending {
+  const char* statement;
+  std::optional<ZNTopoStatus> status;
+};
+
+/// One query.
+struct Operation {
+  const char* name;
+  /// How many things it found.
+  std::function<std::size_t(OpenImpl&, ZNTopoAPIStatus&)> ask;
+  /// The first that fits counts; the statement's own status where none does.
+  std::vector<Ending> endings = {};
+  /// The answer of a store without a fault.
+  ZNTopoStatus healthy = ZN_API_SUCCESS;
+  /// It takes a connection before it asks for readiness.
+  bool connectsFirst = false;
+
+  /// What the operation tells of a failed statement.
+  ZNTopoStatus endingOf(const std::string& statement, ZNTopoStatus own) const;
+};
+
+/// All of them.
+const std::vector<Operation>& operations();
+
+/// The answer to one of them.
+struct Answered {
+  ZNTopoStatus status = ZN_API_SUCCESS;
+  std::size_t count = 0;
+  std::string aux;
+
+  friend bool operator==(const Answered& left, const Answered& right) {
+    return left.status == right.status && left.count == right.count;
+  }
+};
+
+std::ostream& operator<<(std::ostream& stream, const Answered& answered);
+
+/// Asks with an empty cache, so that each statement reaches the store.
+Answered askCold(const Operation& operation);
+
+/// A statement with the texts in it left out: the same for every question of one kind.
+std::string shapeOf(const std::string& statement);
+
+/// True for the statuses of a statement that the engine refuses: it shows when the statement is
+/// prepared or when it is executed, as the engine likes it.
+bool isStatementFailure(ZNTopoStatus status);
+
+}  // namespace zntopo::test

@@ -1,0 +1,152 @@
+// The store goes away and comes back: the server is stopped and started, the disk unplugged and
+// plugged in again.
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <thread>
+
+#include "tests/faults/FaultFixture.h"
+
+namespace zntopo::test {
+namespace {
+
+using Stop = PostgresServer::Stop;
+
+class OutageTest : public FaultTest {
+ protected:
+  /// Every operation fails at its first statement, if not before it.
+  void expectFailures(const std::string& when) {
+    for (std::size_t i = 0; i < operations().size(); ++i) {
+      const Operation& operation = operations()[i];
+      const Answered answered = askCold(operation);
+      const ZNTopoStatus expected =
+          operation.endingOf(statements_[i].front(), ZN_API_DB_CONNECTION_FAILURE);
+      const bool isTold = isStoreFailure(expected) || operation.connectsFirst
+                              ? isStoreFailure(answered.status) || answered.status == expected
+                              : answered.status == expected;
+      EXPECT_TRUE(isTold) << operation.name << " " << when << ": " << answered;
+      EXPECT_EQ(answered.count, 0u) << operation.name << " " << when;
+      if (answered.status == ZN_API_SQL_START_TRANSACTION_ERROR) {
+        EXPECT_EQ(answered.aux, "Unable to Start a Transaction\n") << operation.name;
+      }
+    }
+    expectNobodyHolds(when);
+  }
+};
+
+TEST_P(OutageTest, EachQueryFailsAsItSaysAndWorksAgainAfterwards) {
+  for (const Stop how : {Stop::Fast, Stop::Crash}) {
+    const int before = ZNDBTestAccess::connectionCount();
+    takeAway(how);
+    expectFailures("while the store is away");
+    EXPECT_EQ(ZNDBTestAccess::connectionCount(), before) << "the pool keeps its count";
+    bringBack();
+    expectRecovery("the store came back");
+    EXPECT_EQ(ZNDBTestAccess::connectionCount(), before);
+    EXPECT_EQ(ZNDBTestAccess::lostCount(), 0u);
+  }
+}
+
+TEST_P(OutageTest, WithoutAnOpenConnectionNoneCanBeHadUntilTheStoreIsBack) {
+  ZNDBTestAccess::forget();
+  takeAway();
+  expectFailures("with an empty pool");
+  EXPECT_EQ(ZNDBTestAccess::connectionCount(), 0);
+  bringBack();
+  expectRecovery("the store came back to an empty pool");
+}
+
+TEST_P(OutageTest, AStoreThatComesAndGoesBetweenTwoQueriesIsNotNoticed) {
+  for (std::size_t i = 0; i < operations().size(); i += 7) {
+    takeAway();
+    bringBack();
+    EXPECT_EQ(askCold(operations()[i]), healthy_[i]) << operations()[i].name;
+  }
+}
+
+/// What an operation may tell when the store goes at any moment. A fetch that fails is not told
+/// from the end of the rows, so what was to be found may be missing, too.
+bool mayTell(const Operation& operation, ZNTopoStatus status) {
+  static const std::set<ZNTopoStatus> always = {
+      ZN_API_DB_NOT_READY, ZN_API_INVALID_ID, ZN_API_OBJ_NOT_EXIST,
+      ZN_API_UNKNOWN_IP,   ZN_API_NO_PATH,    ZN_API_PATH_PROCESSING_ERROR};
+  return status == operation.healthy || isStoreFailure(status) || always.count(status) > 0;
+}
+
+/// Threads that ask until they are told to end.
+class Askers {
+ public:
+  explicit Askers(int count) {
+    for (int i = 0; i < count; ++i) {
+      threads_.emplace_back([this, i] { run(static_cast<std::size_t>(i)); });
+    }
+  }
+  ~Askers() {
+    isOver_ = true;
+    for (std::thread& thread : threads_) thread.join();
+  }
+
+  /// Waits until this many more queries ended well, or badly.
+  bool awaitGood(int more) { return await(good_, more); }
+  bool awaitBad(int more) { return await(bad_, more); }
+  std::string complaint() {
+    const std::lock_guard lock(mutex_);
+    return complaint_;
+  }
+
+ private:
+  void run(std::size_t first) {
+    OpenImpl impl;
+    for (std::size_t i = first; !isOver_; i = (i + 1) % operations().size()) {
+      const Operation& operation = operations()[i];
+      ZNTopoAPIStatus status;
+      operation.ask(impl, status);
+      ++(status.getStatus() == operation.healthy ? good_ : bad_);
+      if (mayTell(operation, status.getStatus())) continue;
+      const std::lock_guard lock(mutex_);
+      complaint_ += std::string(operation.name) + ": " + status.getStatusMsg() + "\n";
+    }
+  }
+
+  static bool await(const std::atomic<int>& count, int more) {
+    const int goal = count + more;
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(120);
+    while (count < goal) {
+      if (std::chrono::steady_clock::now() > end) return false;
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+  }
+
+  std::atomic<bool> isOver_ = false;
+  std::atomic<int> good_ = 0;
+  std::atomic<int> bad_ = 0;
+  std::mutex mutex_;
+  std::string complaint_;
+  std::vector<std::thread> threads_;
+};
+
+TEST_P(OutageTest, ThreadsGoOnAskingThroughStopsAndStarts) {
+  constexpr int kThreads = 4;
+  {
+    Askers askers(kThreads);
+    for (const Stop how : {Stop::Fast, Stop::Crash}) {
+      ASSERT_TRUE(askers.awaitGood(200));
+      takeAway(how);
+      ASSERT_TRUE(askers.awaitBad(200)) << "queries hang while the store is away";
+      bringBack();
+      ASSERT_TRUE(askers.awaitGood(200)) << "queries do not recover";
+    }
+    EXPECT_EQ(askers.complaint(), "");
+  }
+  expectRecovery("the threads have ended");
+  // The deepest operation holds four connections at a time.
+  EXPECT_LE(ZNDBTestAccess::connectionCount(), 4 * kThreads);
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, OutageTest, testing::ValuesIn(kEngines), EngineNames());
+
+}  // namespace
+}  // namespace zntopo::test
