@@ -9,10 +9,10 @@ namespace zntopo::test {
 namespace {
 
 /// Asks where the store fails once, at a row of one of the operation's statements.
-Answered askFailingAt(const Operation& operation, const std::string& statement, int row) {
+Answered askFailingAt(const Question& question, const std::string& statement, int row) {
   StatementSpy spy;
   spy.failOnce(StatementSpy::Fetch, statement, TvDbil::DBIL_ERROR, row);
-  return askCold(operation);
+  return askCold(question);
 }
 
 /// The server ends the connections in the middle of a fetch.
@@ -34,28 +34,28 @@ class CutFetchTest : public FaultTest {
         "where datname = current_database() and pid <> pg_backend_pid()");
   }
 
-  Answered askCutAt(const Operation& operation, const std::string& statement, int row) {
+  Answered askCutAt(const Question& question, const std::string& statement, int row) {
     StatementSpy spy;
     spy.before(StatementSpy::Fetch, statement, row, [this] { cut(); });
-    return askCold(operation);
+    return askCold(question);
   }
 };
 
 TEST_P(CutFetchTest, AnAnswerThatBreaksOffIsNotToldFromItsEndAndTheNextQueryWorks) {
   std::set<std::string> shapes;
-  for (std::size_t i = 0; i < operations().size(); ++i) {
-    const Operation& operation = operations()[i];
+  for (std::size_t i = 0; i < questions().size(); ++i) {
+    const Question& question = questions()[i];
     for (const std::string& statement : statements_[i]) {
       if (!shapes.insert(shapeOf(statement)).second) continue;
       // The first row came with the execution, so a cut just before it shows at the second.
       const int row = 1 + static_cast<int>(shapes.size()) % 3;
       const std::string where =
-          std::string(operation.name) + ", row " + std::to_string(row) + " of " + statement;
-      EXPECT_EQ(askCutAt(operation, statement, row),
-                askFailingAt(operation, statement, std::max(row, 2)))
+          std::string(question.name) + ", row " + std::to_string(row) + " of " + statement;
+      EXPECT_EQ(askCutAt(question, statement, row),
+                askFailingAt(question, statement, std::max(row, 2)))
           << where;
       expectNobodyHolds(where);
-      EXPECT_EQ(askCold(operation), healthy_[i]) << "after the cut in " << where;
+      EXPECT_EQ(askCold(question), healthy_[i]) << "after the cut in " << where;
     }
   }
   EXPECT_GT(shapes.size(), 40u);
@@ -90,10 +90,10 @@ class CutWireTest : public FaultTest {
 TEST_P(CutWireTest, WhereverTheWireIsCutTheQueryEndsAndTheNextOneWorks) {
   constexpr int kCuts = 12;
   for (const char* name : {"getNodesByObjIDList, all", "getL2Path", "getInterfacesByObjIDList"}) {
-    const auto found = std::find_if(operations().begin(), operations().end(),
-                                    [name](const Operation& one) { return one.name == std::string(name); });
-    ASSERT_NE(found, operations().end());
-    const Answered healthy = healthy_[static_cast<std::size_t>(found - operations().begin())];
+    const auto found = std::find_if(questions().begin(), questions().end(),
+                                    [name](const Question& one) { return one.name == std::string(name); });
+    ASSERT_NE(found, questions().end());
+    const Answered healthy = healthy_[static_cast<std::size_t>(found - questions().begin())];
     ZNDBTestAccess::forget();
     proxy_->mend();
     ASSERT_EQ(askCold(*found), healthy);
@@ -126,24 +126,24 @@ class CutReadTest : public FaultTest {
 TEST_P(CutReadTest, WhereverTheReadingFailsTheQueryEndsAndTheNextOneWorks) {
   constexpr int kCuts = 8;
   int failures = 0;
-  for (std::size_t i = 0; i < operations().size(); ++i) {
-    const Operation& operation = operations()[i];
+  for (std::size_t i = 0; i < questions().size(); ++i) {
+    const Question& question = questions()[i];
     ZNDBTestAccess::forget();
     disk_->repair();
-    ASSERT_EQ(askCold(operation), healthy_[i]) << operation.name;
+    ASSERT_EQ(askCold(question), healthy_[i]) << question.name;
     const int whole = disk_->reads();
-    ASSERT_GT(whole, 0) << operation.name;
+    ASSERT_GT(whole, 0) << question.name;
     for (int cut = 0; cut < kCuts; ++cut) {
       // With an empty pool nothing of the store is remembered.
       ZNDBTestAccess::forget();
       disk_->failReadsFrom(1 + whole * cut / kCuts);
-      const Answered answered = askCold(operation);
-      if (answered.status != operation.healthy) ++failures;
-      const std::string where = std::string(operation.name) + " cut at " + std::to_string(cut);
+      const Answered answered = askCold(question);
+      if (answered.status != question.healthy) ++failures;
+      const std::string where = std::string(question.name) + " cut at " + std::to_string(cut);
       expectNobodyHolds(where);
       const int before = ZNDBTestAccess::connectionCount();
       disk_->repair();
-      EXPECT_EQ(askCold(operation), healthy_[i]) << "after " << where;
+      EXPECT_EQ(askCold(question), healthy_[i]) << "after " << where;
       EXPECT_GE(ZNDBTestAccess::connectionCount(), before) << where;
       expectNobodyHolds(where);
     }

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "tests/faults/FaultyDisk.h"
-#include "tests/faults/Operations.h"
+#include "tests/faults/Questions.h"
 #include "tests/support/PostgresServer.h"
 
 /// @file
@@ -37,7 +37,7 @@ class FaultTest : public testing::TestWithParam<Engine> {
       disk_.emplace();
     }
     store_.emplace(GetParam());
-    fillNetwork(*store_, moreNodes);
+    fillLittleNetwork(*store_, moreNodes);
     ZNTopoAPI::setTopoConfiguration(ZNTopoConfig());
     learn();
   }
@@ -50,14 +50,14 @@ class FaultTest : public testing::TestWithParam<Engine> {
     if (!outerServer_.empty()) setenv("ZNTOPO_TEST_POSTGRES", outerServer_.c_str(), 1);
   }
 
-  /// What each operation asks of a store without a fault, and answers.
+  /// What each question asks of a store without a fault, and answers.
   void learn() {
     StatementSpy spy;
-    for (const Operation& operation : operations()) {
+    for (const Question& question : questions()) {
       spy.clear();
-      healthy_.push_back(askCold(operation));
+      healthy_.push_back(askCold(question));
       statements_.push_back(spy.allStatements());
-      ASSERT_EQ(healthy_.back().status, operation.healthy) << operation.name << healthy_.back();
+      ASSERT_EQ(healthy_.back().status, question.healthy) << question.name << healthy_.back();
     }
   }
 
@@ -69,10 +69,30 @@ class FaultTest : public testing::TestWithParam<Engine> {
 
   /// Everything is answered as before, and nobody holds a connection.
   void expectRecovery(const std::string& after) {
-    for (std::size_t i = 0; i < operations().size(); ++i) {
-      EXPECT_EQ(askCold(operations()[i]), healthy_[i]) << operations()[i].name << " after " << after;
+    for (std::size_t i = 0; i < questions().size(); ++i) {
+      EXPECT_EQ(askCold(questions()[i]), healthy_[i]) << questions()[i].name << " after " << after;
     }
     expectNobodyHolds(after);
+  }
+
+  /// Every question fails at its first statement, if not before it.
+  /// @param own what a statement tells that can't be executed.
+  void expectFailures(const std::string& when,
+                      ZNTopoStatus own = ZN_API_DB_CONNECTION_FAILURE) {
+    for (std::size_t i = 0; i < questions().size(); ++i) {
+      const Question& question = questions()[i];
+      const Answered answered = askCold(question);
+      const ZNTopoStatus expected = question.endingOf(statements_[i].front(), own);
+      const bool isTold = isStoreFailure(expected) || question.connectsFirst
+                              ? isStoreFailure(answered.status) || answered.status == expected
+                              : answered.status == expected;
+      EXPECT_TRUE(isTold) << question.name << " " << when << ": " << answered;
+      EXPECT_EQ(answered.count, 0u) << question.name << " " << when;
+      if (answered.status == ZN_API_SQL_START_TRANSACTION_ERROR) {
+        EXPECT_EQ(answered.aux, "Unable to Start a Transaction\n") << question.name;
+      }
+    }
+    expectNobodyHolds(when);
   }
 
   void expectNobodyHolds(const std::string& after) {
@@ -85,7 +105,7 @@ class FaultTest : public testing::TestWithParam<Engine> {
   std::optional<FaultyDisk> disk_;
   std::optional<TestStore> store_;
   std::string outerServer_;
-  /// For each operation: its statements in order, and its answer.
+  /// For each question: its statements in order, and its answer.
   std::vector<std::vector<std::string>> statements_;
   std::vector<Answered> healthy_;
 };

@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "tests/faults/Operations.h"
+#include "tests/faults/Questions.h"
 #include "tests/faults/Schema.h"
 
 namespace zntopo::test {
@@ -18,19 +18,19 @@ class MissingColumnTest : public testing::TestWithParam<Engine> {
   void SetUp() override {
     ZNTOPO_NEED_ENGINE(GetParam());
     store_.emplace(GetParam());
-    fillNetwork(*store_);
+    fillLittleNetwork(*store_);
     ZNTopoAPI::setTopoConfiguration(ZNTopoConfig());
     learnStatements();
   }
 
-  /// What each operation asks of a store without a fault, and answers.
+  /// What each question asks of a store without a fault, and answers.
   void learnStatements() {
     StatementSpy spy;
-    for (const Operation& operation : operations()) {
+    for (const Question& question : questions()) {
       spy.clear();
-      healthy_.push_back(askCold(operation));
+      healthy_.push_back(askCold(question));
       statements_.push_back(spy.allStatements());
-      ASSERT_EQ(healthy_.back().status, operation.healthy) << operation.name << healthy_.back();
+      ASSERT_EQ(healthy_.back().status, question.healthy) << question.name << healthy_.back();
     }
   }
 
@@ -38,31 +38,31 @@ class MissingColumnTest : public testing::TestWithParam<Engine> {
     store_->execute("alter table " + table + " rename column " + from + " to " + to);
   }
 
-  /// The first statement of an operation that the engine refuses now.
-  const std::string* firstRefused(std::size_t operation) {
-    for (const std::string& sql : statements_[operation]) {
+  /// The first statement of a question that the engine refuses now.
+  const std::string* firstRefused(std::size_t question) {
+    for (const std::string& sql : statements_[question]) {
       if (!store_->accepts(sql)) return &sql;
     }
     return nullptr;
   }
 
   void expectAnswer(std::size_t index, const std::string& column) {
-    const Operation& operation = operations()[index];
+    const Question& question = questions()[index];
     const std::string* const refused = firstRefused(index);
-    const Answered answered = askCold(operation);
+    const Answered answered = askCold(question);
     if (!refused) {
-      EXPECT_EQ(answered, healthy_[index]) << operation.name << " without " << column;
+      EXPECT_EQ(answered, healthy_[index]) << question.name << " without " << column;
       return;
     }
     ++failures_;
     met_.insert(shapeOf(*refused));
-    const ZNTopoStatus expected = operation.endingOf(*refused, ZN_API_SQL_EXEC_ERROR);
+    const ZNTopoStatus expected = question.endingOf(*refused, ZN_API_SQL_EXEC_ERROR);
     if (isStatementFailure(expected)) {
-      EXPECT_TRUE(isStatementFailure(answered.status)) << operation.name << column << answered;
-      EXPECT_NE(answered.aux.find(trimmed(*refused)), std::string::npos) << operation.name << answered;
+      EXPECT_TRUE(isStatementFailure(answered.status)) << question.name << column << answered;
+      EXPECT_NE(answered.aux.find(trimmed(*refused)), std::string::npos) << question.name << answered;
     } else {
       EXPECT_EQ(answered.status, expected)
-          << operation.name << " without " << column << ": " << answered << *refused;
+          << question.name << " without " << column << ": " << answered << *refused;
     }
   }
 
@@ -85,7 +85,7 @@ TEST_P(MissingColumnTest, EachOperationSaysWhatItsStatementMet) {
     for (const ColumnOf& column : table.columns) {
       const std::string what = table.name + "." + column.name;
       rename(table.name, column.name, "gone");
-      for (std::size_t i = 0; i < operations().size(); ++i) {
+      for (std::size_t i = 0; i < questions().size(); ++i) {
         if (mentions(statements_[i], table.name) && mentions(statements_[i], column.name)) {
           expectAnswer(i, what);
         }
@@ -102,8 +102,8 @@ TEST_P(MissingColumnTest, EachOperationSaysWhatItsStatementMet) {
     }
   }
   EXPECT_GT(failures_, 800);
-  for (std::size_t i = 0; i < operations().size(); ++i) {
-    EXPECT_EQ(askCold(operations()[i]), healthy_[i]) << operations()[i].name;
+  for (std::size_t i = 0; i < questions().size(); ++i) {
+    EXPECT_EQ(askCold(questions()[i]), healthy_[i]) << questions()[i].name;
   }
   EXPECT_EQ(ZNDBTestAccess::lostCount(), 0u);
 }

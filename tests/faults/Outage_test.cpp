@@ -14,27 +14,7 @@ namespace {
 
 using Stop = PostgresServer::Stop;
 
-class OutageTest : public FaultTest {
- protected:
-  /// Every operation fails at its first statement, if not before it.
-  void expectFailures(const std::string& when) {
-    for (std::size_t i = 0; i < operations().size(); ++i) {
-      const Operation& operation = operations()[i];
-      const Answered answered = askCold(operation);
-      const ZNTopoStatus expected =
-          operation.endingOf(statements_[i].front(), ZN_API_DB_CONNECTION_FAILURE);
-      const bool isTold = isStoreFailure(expected) || operation.connectsFirst
-                              ? isStoreFailure(answered.status) || answered.status == expected
-                              : answered.status == expected;
-      EXPECT_TRUE(isTold) << operation.name << " " << when << ": " << answered;
-      EXPECT_EQ(answered.count, 0u) << operation.name << " " << when;
-      if (answered.status == ZN_API_SQL_START_TRANSACTION_ERROR) {
-        EXPECT_EQ(answered.aux, "Unable to Start a Transaction\n") << operation.name;
-      }
-    }
-    expectNobodyHolds(when);
-  }
-};
+using OutageTest = FaultTest;
 
 TEST_P(OutageTest, EachQueryFailsAsItSaysAndWorksAgainAfterwards) {
   for (const Stop how : {Stop::Fast, Stop::Crash}) {
@@ -59,20 +39,20 @@ TEST_P(OutageTest, WithoutAnOpenConnectionNoneCanBeHadUntilTheStoreIsBack) {
 }
 
 TEST_P(OutageTest, AStoreThatComesAndGoesBetweenTwoQueriesIsNotNoticed) {
-  for (std::size_t i = 0; i < operations().size(); i += 7) {
+  for (std::size_t i = 0; i < questions().size(); i += 7) {
     takeAway();
     bringBack();
-    EXPECT_EQ(askCold(operations()[i]), healthy_[i]) << operations()[i].name;
+    EXPECT_EQ(askCold(questions()[i]), healthy_[i]) << questions()[i].name;
   }
 }
 
-/// What an operation may tell when the store goes at any moment. A fetch that fails is not told
+/// What a question may tell when the store goes at any moment. A fetch that fails is not told
 /// from the end of the rows, so what was to be found may be missing, too.
-bool mayTell(const Operation& operation, ZNTopoStatus status) {
+bool mayTell(const Question& question, ZNTopoStatus status) {
   static const std::set<ZNTopoStatus> always = {
       ZN_API_DB_NOT_READY, ZN_API_INVALID_ID, ZN_API_OBJ_NOT_EXIST,
       ZN_API_UNKNOWN_IP,   ZN_API_NO_PATH,    ZN_API_PATH_PROCESSING_ERROR};
-  return status == operation.healthy || isStoreFailure(status) || always.count(status) > 0;
+  return status == question.healthy || isStoreFailure(status) || always.count(status) > 0;
 }
 
 /// Threads that ask until they are told to end.
@@ -99,14 +79,14 @@ class Askers {
  private:
   void run(std::size_t first) {
     OpenImpl impl;
-    for (std::size_t i = first; !isOver_; i = (i + 1) % operations().size()) {
-      const Operation& operation = operations()[i];
+    for (std::size_t i = first; !isOver_; i = (i + 1) % questions().size()) {
+      const Question& question = questions()[i];
       ZNTopoAPIStatus status;
-      operation.ask(impl, status);
-      ++(status.getStatus() == operation.healthy ? good_ : bad_);
-      if (mayTell(operation, status.getStatus())) continue;
+      question.ask(impl, status);
+      ++(status.getStatus() == question.healthy ? good_ : bad_);
+      if (mayTell(question, status.getStatus())) continue;
       const std::lock_guard lock(mutex_);
-      complaint_ += std::string(operation.name) + ": " + status.getStatusMsg() + "\n";
+      complaint_ += std::string(question.name) + ": " + status.getStatusMsg() + "\n";
     }
   }
 
@@ -142,7 +122,7 @@ TEST_P(OutageTest, ThreadsGoOnAskingThroughStopsAndStarts) {
     EXPECT_EQ(askers.complaint(), "");
   }
   expectRecovery("the threads have ended");
-  // The deepest operation holds four connections at a time.
+  // The deepest of them holds four connections at a time.
   EXPECT_LE(ZNDBTestAccess::connectionCount(), 4 * kThreads);
 }
 

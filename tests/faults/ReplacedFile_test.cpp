@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "tests/faults/Operations.h"
+#include "tests/faults/Questions.h"
 
 namespace zntopo::test {
 namespace {

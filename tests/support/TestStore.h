@@ -97,6 +97,9 @@ class TestStore {
   /// True if the store accepts the statement; a refusal is no error here.
   bool accepts(const std::string& sql);
 
+  /// Closes the connection of this object; the next use opens another.
+  void disconnect() { connection_.reset(); }
+
   // Rows with what the library needs to find an object; "more" adds columns or replaces values.
 
   /// The one row of the table "state": ready, with the given time of the last change.

@@ -18,9 +18,9 @@ namespace zntopo::test {
 /// a row of everything that a query reads.
 /// @param more so many further nodes on alpha.net, with all that hangs on a node, so that each
 /// query has as many rows to fetch.
-void fillNetwork(TestStore& store, int more = 0);
+void fillLittleNetwork(TestStore& store, int more = 0);
 
-/// What an operation tells when a statement with this text is the first that fails; without a
+/// What a question tells when a statement with this text is the first that fails; without a
 /// status what the failed statement itself tells.
 struct Ending {
   const char* statement;
@@ -28,7 +28,7 @@ struct Ending {
 };
 
 /// One query.
-struct Operation {
+struct Question {
   const char* name;
   /// How many things it found.
   std::function<std::size_t(OpenImpl&, ZNTopoAPIStatus&)> ask;
@@ -39,12 +39,12 @@ struct Operation {
   /// It takes a connection before it asks for readiness.
   bool connectsFirst = false;
 
-  /// What the operation tells of a failed statement.
+  /// What the question tells of a failed statement.
   ZNTopoStatus endingOf(const std::string& statement, ZNTopoStatus own) const;
 };
 
 /// All of them.
-const std::vector<Operation>& operations();
+const std::vector<Question>& questions();
 
 /// The answer to one of them.
 struct Answered {
@@ -60,7 +60,7 @@ struct Answered {
 std::ostream& operator<<(std::ostream& stream, const Answered& answered);
 
 /// Asks with an empty cache, so that each statement reaches the store.
-Answered askCold(const Operation& operation);
+Answered askCold(const Question& question);
 
 /// A statement with the texts in it left out: the same for every question of one kind.
 std::string shapeOf(const std::string& statement);

@@ -1,4 +1,4 @@
-#include "tests/faults/Operations.h"
+#include "tests/faults/Questions.h"
 
 #include <ostream>
 #include <regex>
@@ -174,7 +174,7 @@ std::size_t mapSize(const ZNTopoAPI_Impl::OwnedConnDataMap& map) {
   return size;
 }
 
-std::vector<Operation> stateOperations() {
+std::vector<Question> stateQuestions() {
   return {
       {"getTopologyState",
        [](OpenImpl& impl, Status& status) -> std::size_t {
@@ -183,7 +183,7 @@ std::vector<Operation> stateOperations() {
   };
 }
 
-std::vector<Operation> nodeOperations() {
+std::vector<Question> nodeQuestions() {
   return {
       {"getNodeByObjID",
        [](OpenImpl& impl, Status& status) { return one(impl.getNodeByObjID(kAlpha, status)); },
@@ -245,7 +245,7 @@ std::vector<Operation> nodeOperations() {
   };
 }
 
-std::vector<Operation> loaderOperations() {
+std::vector<Question> loaderQuestions() {
   return {
       {"getUserDefVarsByObjIDList",
        [](OpenImpl& impl, Status& status) {
@@ -297,7 +297,7 @@ std::vector<Operation> loaderOperations() {
   };
 }
 
-std::vector<Operation> interfaceOperations() {
+std::vector<Question> interfaceQuestions() {
   return {
       {"getInterfaceByObjID",
        [](OpenImpl& impl, Status& status) {
@@ -351,7 +351,7 @@ std::vector<Operation> interfaceOperations() {
   };
 }
 
-std::vector<Operation> addressOperations() {
+std::vector<Question> addressQuestions() {
   return {
       {"getAddressByObjID",
        [](OpenImpl& impl, Status& status) {
@@ -417,7 +417,7 @@ std::vector<Operation> addressOperations() {
   };
 }
 
-std::vector<Operation> walkOperations() {
+std::vector<Question> walkQuestions() {
   return {
       {"getNodeNeighbors",
        [](OpenImpl& impl, Status& status) {
@@ -440,7 +440,7 @@ std::vector<Operation> walkOperations() {
 
 }  // namespace
 
-void fillNetwork(TestStore& store, int more) {
+void fillLittleNetwork(TestStore& store, int more) {
   store.setReady();
   addAlikeNode(store, 1, "alpha.net");
   addAlikeNode(store, 2, "beta");
@@ -459,18 +459,18 @@ void fillNetwork(TestStore& store, int more) {
   }
 }
 
-ZNTopoStatus Operation::endingOf(const std::string& statement, ZNTopoStatus own) const {
+ZNTopoStatus Question::endingOf(const std::string& statement, ZNTopoStatus own) const {
   for (const Ending& ending : endings) {
     if (statement.find(ending.statement) != std::string::npos) return ending.status.value_or(own);
   }
   return own;
 }
 
-const std::vector<Operation>& operations() {
+const std::vector<Question>& questions() {
   static const auto* const all = [] {
-    auto* const result = new std::vector<Operation>;
-    for (const auto& part : {stateOperations(), nodeOperations(), loaderOperations(),
-                             interfaceOperations(), addressOperations(), walkOperations()}) {
+    auto* const result = new std::vector<Question>;
+    for (const auto& part : {stateQuestions(), nodeQuestions(), loaderQuestions(),
+                             interfaceQuestions(), addressQuestions(), walkQuestions()}) {
       result->insert(result->end(), part.begin(), part.end());
     }
     return result;
@@ -483,11 +483,11 @@ std::ostream& operator<<(std::ostream& stream, const Answered& answered) {
                 << answered.aux;
 }
 
-Answered askCold(const Operation& operation) {
+Answered askCold(const Question& question) {
   ZNTopoAPI_Impl::cache()->clear(true);
   OpenImpl impl;
   ZNTopoAPIStatus status;
-  const std::size_t count = operation.ask(impl, status);
+  const std::size_t count = question.ask(impl, status);
   return {status.getStatus(), count, status.getAuxMsg()};
 }
 

@@ -1,0 +1,187 @@
+// Every column that a query reads holds NULL in every row, one column at a time.
+
+#include <regex>
+
+#include "tests/faults/Questions.h"
+#include "tests/faults/Schema.h"
+
+namespace zntopo::test {
+namespace {
+
+/// What a question answers when a column is NULL, where that is not what it answers else.
+struct NullEnding {
+  const char* table;
+  const char* column;
+  /// The beginning of the question's name.
+  const char* question;
+  ZNTopoStatus status;
+};
+
+constexpr NullEnding kEndings[] = {
+    // Nothing has the identifier any more, and a row without it ends the reading.
+    {"nwnode", "ObjId", "getNodeByObjID", ZN_API_INVALID_ID},
+    {"nwnode", "ObjId", "getNodeByQRMObjID", ZN_API_INVALID_ID},
+    {"nwnode", "ObjId", "getNodeByName", ZN_API_OBJ_NOT_EXIST},
+    {"nwnode", "ObjId", "getNodeNeighbors", ZN_API_OBJ_NOT_EXIST},
+    {"nwnode", "ObjId", "getL2PathBetweenNodes", ZN_API_OBJ_NOT_EXIST},
+    {"nwnode", "ObjId", "getL2Path", ZN_API_UNKNOWN_IP},
+    // A row without a name or a level ends the reading.
+    {"nwnode", "EntityName", "getNodeByObjID", ZN_API_INVALID_ID},
+    {"nwnode", "EntityName", "getNodeByQRMObjID", ZN_API_INVALID_ID},
+    {"nwnode", "EntityName", "getNodeByName", ZN_API_OBJ_NOT_EXIST},
+    {"nwnode", "EntityName", "getNodeNeighbors", ZN_API_OBJ_NOT_EXIST},
+    {"nwnode", "EntityName", "getL2PathBetweenNodes", ZN_API_OBJ_NOT_EXIST},
+    {"nwnode", "EntityName", "getL2Path", ZN_API_UNKNOWN_IP},
+    {"nwnode", "IPLevel", "getNodeByObjID", ZN_API_INVALID_ID},
+    {"nwnode", "IPLevel", "getNodeByQRMObjID", ZN_API_INVALID_ID},
+    {"nwnode", "IPLevel", "getNodeByName", ZN_API_OBJ_NOT_EXIST},
+    {"nwnode", "IPLevel", "getNodeNeighbors", ZN_API_OBJ_NOT_EXIST},
+    {"nwnode", "IPLevel", "getL2PathBetweenNodes", ZN_API_OBJ_NOT_EXIST},
+    {"nwnode", "IPLevel", "getL2Path", ZN_API_UNKNOWN_IP},
+    {"nwnode", "QRMObjId", "getNodeByQRMObjID", ZN_API_INVALID_ID},
+
+    {"nwinterface", "ObjId", "getInterfaceByObjID", ZN_API_INVALID_ID},
+    {"nwinterface", "ObjId", "getInterfaceByIfName", ZN_API_OBJ_NOT_EXIST},
+    {"nwinterface", "ObjId", "getInterfaceByIPV4", ZN_API_INVALID_ID},
+    {"nwinterface", "ObjId", "getL2PathBetweenNodes", ZN_API_NO_PATH},
+    {"nwinterface", "ObjId", "getL2Path", ZN_API_UNKNOWN_IP},
+    {"nwinterface", "EntityName", "getInterfaceBy", ZN_API_INVALID_ID},
+    {"nwinterface", "EntityName", "getL2PathBetweenNodes", ZN_API_NO_PATH},
+    {"nwinterface", "EntityName", "getL2Path", ZN_API_UNKNOWN_IP},
+    {"nwinterface", "IPLevel", "getInterfaceBy", ZN_API_INVALID_ID},
+    {"nwinterface", "IPLevel", "getL2PathBetweenNodes", ZN_API_NO_PATH},
+    {"nwinterface", "IPLevel", "getL2Path", ZN_API_UNKNOWN_IP},
+    // A row of another kind is passed over.
+    {"nwinterface", "EntityType", "getInterfaceBy", ZN_API_INVALID_ID},
+    {"nwinterface", "EntityType", "getL2PathBetweenNodes", ZN_API_NO_PATH},
+    {"nwinterface", "EntityType", "getL2Path", ZN_API_UNKNOWN_IP},
+    // Addresses are asked for only where there are some, and by their identifiers.
+    {"nwinterface", "hasAddress", "getL2PathBetweenNodes", ZN_API_SUCCESS},
+    {"nwinterface", "hasAddress", "getL2Path", ZN_API_UNKNOWN_IP},
+    {"address", "AddressId", "getL2PathBetweenNodes", ZN_API_SUCCESS},
+    {"address", "AddressId", "getL2Path", ZN_API_UNKNOWN_IP},
+    // The interfaces of a node are not found...
+    {"nwinterface", "NodeObjID", "getL2PathBetweenNodes", ZN_API_SUCCESS},
+    {"nwinterface", "NodeObjID", "getL2Path", ZN_API_UNKNOWN_IP},
+    // ...or not by name.
+    {"nwinterface", "nodeName", "getInterfaceByIfName", ZN_API_OBJ_NOT_EXIST},
+    {"nwinterface", "IfName", "getInterfaceByIfName", ZN_API_OBJ_NOT_EXIST},
+
+    {"address", "AddressId", "getAddressByObjID", ZN_API_INVALID_ID},
+    {"address", "AddressId", "getMonitoredIPv6AddressByObjID", ZN_API_INVALID_ID},
+    {"address", "ObjId", "getInterfaceByIPV4", ZN_API_OBJ_NOT_EXIST},
+    {"address", "ObjId", "getL2PathBetweenNodes", ZN_API_SUCCESS},
+    {"address", "ObjId", "getL2Path", ZN_API_UNKNOWN_IP},
+    // An address of no type is none.
+    {"address", "AddressType", "getAddressByIP", ZN_API_OBJ_NOT_EXIST},
+    {"address", "AddressType", "getAddressBy", ZN_API_INVALID_ID},
+    {"address", "AddressType", "getMonitoredIPv6AddressBy", ZN_API_INVALID_ID},
+    {"address", "AddressType", "getL2PathBetweenNodes", ZN_API_SUCCESS},
+    {"address", "AddressType", "getL2Path", ZN_API_UNKNOWN_IP},
+    {"address", "V6Address", "getNodeByName, IPv6", ZN_API_OBJ_NOT_EXIST},
+    {"address", "V6Address", "getAddressByIP, IPv6", ZN_API_OBJ_NOT_EXIST},
+    {"address", "V4Address", "getAddressByIP, IPv4", ZN_API_OBJ_NOT_EXIST},
+    {"address", "V4Address", "getL2PathBetweenNodes", ZN_API_SUCCESS},
+    {"address", "V4Address", "getL2Path", ZN_API_UNKNOWN_IP},
+    {"address", "PubV4Address", "getNodeByName, IPv4", ZN_API_OBJ_NOT_EXIST},
+    {"address", "PubV4Address", "getInterfaceByIPV4", ZN_API_OBJ_NOT_EXIST},
+    {"address", "PubV4Address", "getAddressByIP, IPv4", ZN_API_OBJ_NOT_EXIST},
+    {"address", "PubV4Address", "getL2PathBetweenNodes", ZN_API_SUCCESS},
+    {"address", "PubV4Address", "getL2Path", ZN_API_UNKNOWN_IP},
+    {"address", "NodeObjId", "getNodeByName, IP", ZN_API_OBJ_NOT_EXIST},
+    {"address", "NodeObjId", "getL2PathBetweenNodes", ZN_API_SUCCESS},
+    {"address", "NodeObjId", "getL2Path", ZN_API_UNKNOWN_IP},
+    {"address", "RouteDistinguisher", "getNodeByName, IPv6", ZN_API_OBJ_NOT_EXIST},
+    {"address", "RouteDistinguisher", "getAddressByIP, IPv6", ZN_API_OBJ_NOT_EXIST},
+    {"address", "AddressQRMId", "getAddressByQRMObjID", ZN_API_INVALID_ID},
+    {"address", "AddressQRMId", "getMonitoredIPv6AddressByQRMObjID", ZN_API_INVALID_ID},
+
+    // A link without one of its ends is none.
+    {"NWInterfaceAsc", "", "getL2Path", ZN_API_NO_PATH},
+};
+
+bool begins(const std::string& text, const char* prefix) {
+  return text.compare(0, std::string(prefix).size(), prefix) == 0;
+}
+
+ZNTopoStatus expectedOf(const std::string& table, const std::string& column,
+                        const Question& question) {
+  // Without one of its values the row of the state says nothing, and the store is not ready.
+  if (table == "state" && column != "PrevDiscoEndTime") {
+    return question.endingOf("select TopologyReady", question.healthy);
+  }
+  for (const NullEnding& ending : kEndings) {
+    if (table == ending.table && begins(column, ending.column) &&
+        (column == ending.column || *ending.column == '\0') &&
+        begins(question.name, ending.question)) {
+      return ending.status;
+    }
+  }
+  return question.healthy;
+}
+
+class NullColumnTest : public testing::TestWithParam<Engine> {
+ protected:
+  void SetUp() override {
+    ZNTOPO_NEED_ENGINE(GetParam());
+    store_.emplace(GetParam(), looseSeed());
+    fillLittleNetwork(*store_);
+    ZNTopoAPI::setTopoConfiguration(ZNTopoConfig());
+    for (const TableOf& table : describedTables()) {
+      store_->execute("create table saved_" + table.name + " as select * from " + table.name);
+    }
+    StatementSpy spy;
+    for (const Question& question : questions()) {
+      spy.clear();
+      healthy_.push_back(askCold(question));
+      statements_.push_back(spy.allStatements());
+      ASSERT_EQ(healthy_.back().status, question.healthy) << question.name;
+    }
+  }
+
+  bool reads(std::size_t question, const std::string& table) const {
+    const std::regex name("\\b" + table + "\\b", std::regex::icase);
+    for (const std::string& sql : statements_[question]) {
+      if (std::regex_search(sql, name)) return true;
+    }
+    return false;
+  }
+
+  void restore(const std::string& table) {
+    store_->execute("delete from " + table);
+    store_->execute("insert into " + table + " select * from saved_" + table);
+  }
+
+  std::optional<TestStore> store_;
+  std::vector<Answered> healthy_;
+  std::vector<std::vector<std::string>> statements_;
+};
+
+TEST_P(NullColumnTest, EachQueryEndsAsItSays) {
+  int asked = 0;
+  for (const TableOf& table : describedTables()) {
+    for (const ColumnOf& column : table.columns) {
+      const std::string what = table.name + "." + column.name;
+      store_->execute("update " + table.name + " set " + column.name + " = null");
+      for (std::size_t i = 0; i < questions().size(); ++i) {
+        if (!reads(i, table.name)) continue;
+        ++asked;
+        const Answered answered = askCold(questions()[i]);
+        EXPECT_EQ(answered.status, expectedOf(table.name, column.name, questions()[i]))
+            << questions()[i].name << " with NULL in " << what << ": " << answered;
+      }
+      restore(table.name);
+      ASSERT_EQ(ZNDBTestAccess::connectionCount(), static_cast<int>(ZNDBTestAccess::idleCount()))
+          << what;
+    }
+  }
+  EXPECT_GT(asked, 1000);
+  for (std::size_t i = 0; i < questions().size(); ++i) {
+    EXPECT_EQ(askCold(questions()[i]), healthy_[i]) << questions()[i].name;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, NullColumnTest, testing::ValuesIn(kMainEngines), EngineNames());
+
+}  // namespace
+}  // namespace zntopo::test
