@@ -45,7 +45,7 @@ TEST_P(CutFetchTest, AnAnswerThatBreaksOffIsNotToldFromItsEndAndTheNextQueryWork
   std::set<std::string> shapes;
   for (std::size_t i = 0; i < questions().size(); ++i) {
     const Question& question = questions()[i];
-    for (const std::string& statement : statements_[i]) {
+    for (const std::string& statement : healthy_.statements(i)) {
       if (!shapes.insert(shapeOf(statement)).second) continue;
       // The first row came with the execution, so a cut just before it shows at the second.
       const int row = 1 + static_cast<int>(shapes.size()) % 3;
@@ -55,7 +55,7 @@ TEST_P(CutFetchTest, AnAnswerThatBreaksOffIsNotToldFromItsEndAndTheNextQueryWork
                 askFailingAt(question, statement, std::max(row, 2)))
           << where;
       expectNobodyHolds(where);
-      EXPECT_EQ(askCold(question), healthy_[i]) << "after the cut in " << where;
+      EXPECT_EQ(askCold(question), healthy_.answer(i)) << "after the cut in " << where;
     }
   }
   EXPECT_GT(shapes.size(), 40u);
@@ -90,10 +90,11 @@ class CutWireTest : public FaultTest {
 TEST_P(CutWireTest, WhereverTheWireIsCutTheQueryEndsAndTheNextOneWorks) {
   constexpr int kCuts = 12;
   for (const char* name : {"getNodesByObjIDList, all", "getL2Path", "getInterfacesByObjIDList"}) {
-    const auto found = std::find_if(questions().begin(), questions().end(),
-                                    [name](const Question& one) { return one.name == std::string(name); });
+    const auto found =
+        std::find_if(questions().begin(), questions().end(),
+                     [name](const Question& one) { return one.name == std::string(name); });
     ASSERT_NE(found, questions().end());
-    const Answered healthy = healthy_[static_cast<std::size_t>(found - questions().begin())];
+    const Answered healthy = healthy_.answer(static_cast<std::size_t>(found - questions().begin()));
     ZNDBTestAccess::forget();
     proxy_->mend();
     ASSERT_EQ(askCold(*found), healthy);
@@ -130,7 +131,7 @@ TEST_P(CutReadTest, WhereverTheReadingFailsTheQueryEndsAndTheNextOneWorks) {
     const Question& question = questions()[i];
     ZNDBTestAccess::forget();
     disk_->repair();
-    ASSERT_EQ(askCold(question), healthy_[i]) << question.name;
+    ASSERT_EQ(askCold(question), healthy_.answer(i)) << question.name;
     const int whole = disk_->reads();
     ASSERT_GT(whole, 0) << question.name;
     for (int cut = 0; cut < kCuts; ++cut) {
@@ -143,7 +144,7 @@ TEST_P(CutReadTest, WhereverTheReadingFailsTheQueryEndsAndTheNextOneWorks) {
       expectNobodyHolds(where);
       const int before = ZNDBTestAccess::connectionCount();
       disk_->repair();
-      EXPECT_EQ(askCold(question), healthy_[i]) << "after " << where;
+      EXPECT_EQ(askCold(question), healthy_.answer(i)) << "after " << where;
       EXPECT_GE(ZNDBTestAccess::connectionCount(), before) << where;
       expectNobodyHolds(where);
     }

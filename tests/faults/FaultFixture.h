@@ -39,7 +39,7 @@ class FaultTest : public testing::TestWithParam<Engine> {
     store_.emplace(GetParam());
     fillLittleNetwork(*store_, moreNodes);
     ZNTopoAPI::setTopoConfiguration(ZNTopoConfig());
-    learn();
+    healthy_.learn();
   }
 
   void TearDown() override {
@@ -50,17 +50,6 @@ class FaultTest : public testing::TestWithParam<Engine> {
     if (!outerServer_.empty()) setenv("ZNTOPO_TEST_POSTGRES", outerServer_.c_str(), 1);
   }
 
-  /// What each question asks of a store without a fault, and answers.
-  void learn() {
-    StatementSpy spy;
-    for (const Question& question : questions()) {
-      spy.clear();
-      healthy_.push_back(askCold(question));
-      statements_.push_back(spy.allStatements());
-      ASSERT_EQ(healthy_.back().status, question.healthy) << question.name << healthy_.back();
-    }
-  }
-
   void takeAway(PostgresServer::Stop how = PostgresServer::Stop::Fast) {
     server_ ? server_->stop(how) : disk_->unplug();
   }
@@ -69,20 +58,17 @@ class FaultTest : public testing::TestWithParam<Engine> {
 
   /// Everything is answered as before, and nobody holds a connection.
   void expectRecovery(const std::string& after) {
-    for (std::size_t i = 0; i < questions().size(); ++i) {
-      EXPECT_EQ(askCold(questions()[i]), healthy_[i]) << questions()[i].name << " after " << after;
-    }
+    healthy_.expectAll("after " + after);
     expectNobodyHolds(after);
   }
 
   /// Every question fails at its first statement, if not before it.
   /// @param own what a statement tells that can't be executed.
-  void expectFailures(const std::string& when,
-                      ZNTopoStatus own = ZN_API_DB_CONNECTION_FAILURE) {
+  void expectFailures(const std::string& when, ZNTopoStatus own = ZN_API_DB_CONNECTION_FAILURE) {
     for (std::size_t i = 0; i < questions().size(); ++i) {
       const Question& question = questions()[i];
       const Answered answered = askCold(question);
-      const ZNTopoStatus expected = question.endingOf(statements_[i].front(), own);
+      const ZNTopoStatus expected = question.endingOf(healthy_.statements(i).front(), own);
       const bool isTold = isStoreFailure(expected) || question.connectsFirst
                               ? isStoreFailure(answered.status) || answered.status == expected
                               : answered.status == expected;
@@ -105,9 +91,7 @@ class FaultTest : public testing::TestWithParam<Engine> {
   std::optional<FaultyDisk> disk_;
   std::optional<TestStore> store_;
   std::string outerServer_;
-  /// For each question: its statements in order, and its answer.
-  std::vector<std::vector<std::string>> statements_;
-  std::vector<Answered> healthy_;
+  Healthy healthy_;
 };
 
 }  // namespace zntopo::test

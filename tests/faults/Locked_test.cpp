@@ -49,7 +49,8 @@ class LockedTest : public FaultTest {
     } else {
       disk_->skipWaits();
     }
-    if (GetParam() == Engine::SqliteOdbc) setenv("TV_TOPO_STORE", (plain_ + "Timeout=1;").c_str(), 1);
+    if (GetParam() == Engine::SqliteOdbc)
+      setenv("TV_TOPO_STORE", (plain_ + "Timeout=1;").c_str(), 1);
     ZNDBTestAccess::forget();
     store_->disconnect();
   }
@@ -74,9 +75,9 @@ TEST_P(LockedTest, EachQuerySaysThatTheStoreIsLockedAndWorksWhenItIsFree) {
       Holder holder(plain_);
       if (GetParam() == Engine::Postgres) {
         holder.start();
-        for (const char* table : {"state", "nwentity", "nwnode", "nwinterface", "address",
-                                  "userdefvar", "containment", "NWInterfaceAsc", "nwifcctm",
-                                  "addressmapping"}) {
+        for (const char* table :
+             {"state", "nwentity", "nwnode", "nwinterface", "address", "userdefvar", "containment",
+              "NWInterfaceAsc", "nwifcctm", "addressmapping"}) {
           holder.execute(std::string("lock table ") + table + " in access exclusive mode");
         }
         expectFailures("while the tables are locked", ZN_API_SQL_EXEC_ERROR);

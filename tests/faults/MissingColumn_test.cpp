@@ -20,18 +20,7 @@ class MissingColumnTest : public testing::TestWithParam<Engine> {
     store_.emplace(GetParam());
     fillLittleNetwork(*store_);
     ZNTopoAPI::setTopoConfiguration(ZNTopoConfig());
-    learnStatements();
-  }
-
-  /// What each question asks of a store without a fault, and answers.
-  void learnStatements() {
-    StatementSpy spy;
-    for (const Question& question : questions()) {
-      spy.clear();
-      healthy_.push_back(askCold(question));
-      statements_.push_back(spy.allStatements());
-      ASSERT_EQ(healthy_.back().status, question.healthy) << question.name << healthy_.back();
-    }
+    healthy_.learn();
   }
 
   void rename(const std::string& table, const std::string& from, const std::string& to) {
@@ -40,7 +29,7 @@ class MissingColumnTest : public testing::TestWithParam<Engine> {
 
   /// The first statement of a question that the engine refuses now.
   const std::string* firstRefused(std::size_t question) {
-    for (const std::string& sql : statements_[question]) {
+    for (const std::string& sql : healthy_.statements(question)) {
       if (!store_->accepts(sql)) return &sql;
     }
     return nullptr;
@@ -51,7 +40,7 @@ class MissingColumnTest : public testing::TestWithParam<Engine> {
     const std::string* const refused = firstRefused(index);
     const Answered answered = askCold(question);
     if (!refused) {
-      EXPECT_EQ(answered, healthy_[index]) << question.name << " without " << column;
+      EXPECT_EQ(answered, healthy_.answer(index)) << question.name << " without " << column;
       return;
     }
     ++failures_;
@@ -59,7 +48,8 @@ class MissingColumnTest : public testing::TestWithParam<Engine> {
     const ZNTopoStatus expected = question.endingOf(*refused, ZN_API_SQL_EXEC_ERROR);
     if (isStatementFailure(expected)) {
       EXPECT_TRUE(isStatementFailure(answered.status)) << question.name << column << answered;
-      EXPECT_NE(answered.aux.find(trimmed(*refused)), std::string::npos) << question.name << answered;
+      EXPECT_NE(answered.aux.find(trimmed(*refused)), std::string::npos)
+          << question.name << answered;
     } else {
       EXPECT_EQ(answered.status, expected)
           << question.name << " without " << column << ": " << answered << *refused;
@@ -67,8 +57,7 @@ class MissingColumnTest : public testing::TestWithParam<Engine> {
   }
 
   std::optional<TestStore> store_;
-  std::vector<std::vector<std::string>> statements_;
-  std::vector<Answered> healthy_;
+  Healthy healthy_;
   int failures_ = 0;
   std::set<std::string> met_;
 };
@@ -86,7 +75,7 @@ TEST_P(MissingColumnTest, EachOperationSaysWhatItsStatementMet) {
       const std::string what = table.name + "." + column.name;
       rename(table.name, column.name, "gone");
       for (std::size_t i = 0; i < questions().size(); ++i) {
-        if (mentions(statements_[i], table.name) && mentions(statements_[i], column.name)) {
+        if (mentions(healthy_.statements(i), table.name) && mentions(healthy_.statements(i), column.name)) {
           expectAnswer(i, what);
         }
       }
@@ -96,15 +85,13 @@ TEST_P(MissingColumnTest, EachOperationSaysWhatItsStatementMet) {
     }
   }
   // Each statement has met a column that it misses, and now everything works again.
-  for (const auto& asked : statements_) {
-    for (const std::string& sql : asked) {
+  for (std::size_t i = 0; i < questions().size(); ++i) {
+    for (const std::string& sql : healthy_.statements(i)) {
       EXPECT_EQ(met_.count(shapeOf(sql)), 1u) << "was never the first refused: " << sql;
     }
   }
   EXPECT_GT(failures_, 800);
-  for (std::size_t i = 0; i < questions().size(); ++i) {
-    EXPECT_EQ(askCold(questions()[i]), healthy_[i]) << questions()[i].name;
-  }
+  healthy_.expectAll("with every column in its place");
   EXPECT_EQ(ZNDBTestAccess::lostCount(), 0u);
 }
 

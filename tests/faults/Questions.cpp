@@ -31,8 +31,8 @@ void addVariable(TestStore& store, const std::string& owner) {
 }
 
 void addAlikeNode(TestStore& store, int number, const std::string& name) {
-  const std::string address = "10.0." + std::to_string(number / 200) + "." +
-                              std::to_string(number % 200 + 1);
+  const std::string address =
+      "10.0." + std::to_string(number / 200) + "." + std::to_string(number % 200 + 1);
   store.addNode(uuid(number), name,
                 {{"QRMObjId", std::to_string(number)},
                  {"Description", std::string(600, 'd')},
@@ -99,9 +99,8 @@ void addDnsName(TestStore& store, const std::string& id, const std::string& name
                            {"AddressType", 16},
                            {"isSubnet", 0},
                            {"DNSName", name}});
-  store.insert("addressmapping", {{"LeftAddressId", kV6Address},
-                                  {"RightAddressId", id},
-                                  {"AddressMappingType", 1}});
+  store.insert("addressmapping",
+               {{"LeftAddressId", kV6Address}, {"RightAddressId", id}, {"AddressMappingType", 1}});
 }
 
 void addContainers(TestStore& store) {
@@ -489,6 +488,22 @@ Answered askCold(const Question& question) {
   ZNTopoAPIStatus status;
   const std::size_t count = question.ask(impl, status);
   return {status.getStatus(), count, status.getAuxMsg()};
+}
+
+void Healthy::learn() {
+  StatementSpy spy;
+  for (const Question& question : questions()) {
+    spy.clear();
+    answers_.push_back(askCold(question));
+    statements_.push_back(spy.allStatements());
+    EXPECT_EQ(answers_.back().status, question.healthy) << question.name << answers_.back();
+  }
+}
+
+void Healthy::expectAll(const std::string& when) const {
+  for (std::size_t i = 0; i < questions().size(); ++i) {
+    EXPECT_EQ(askCold(questions()[i]), answers_[i]) << questions()[i].name << " " << when;
+  }
 }
 
 std::string shapeOf(const std::string& statement) {

@@ -62,6 +62,25 @@ std::ostream& operator<<(std::ostream& stream, const Answered& answered);
 /// Asks with an empty cache, so that each statement reaches the store.
 Answered askCold(const Question& question);
 
+/// What a store without a fault is asked and answers, question by question.
+class Healthy {
+ public:
+  /// Asks all questions; those that are not answered as they should be are failures of the test.
+  void learn();
+
+  /// The statements of a question, in order.
+  const std::vector<std::string>& statements(std::size_t question) const {
+    return statements_[question];
+  }
+  const Answered& answer(std::size_t question) const { return answers_[question]; }
+  /// Asks all again: each must be answered as before.
+  void expectAll(const std::string& when) const;
+
+ private:
+  std::vector<std::vector<std::string>> statements_;
+  std::vector<Answered> answers_;
+};
+
 /// A statement with the texts in it left out: the same for every question of one kind.
 std::string shapeOf(const std::string& statement);
 

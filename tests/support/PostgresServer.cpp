@@ -37,7 +37,8 @@ fs::path programFolder() {
     const fs::path bin = entry.path() / "bin";
     if (fs::exists(bin / "initdb")) found.emplace(atoi(entry.path().filename().c_str()), bin);
   }
-  if (found.empty()) throw std::runtime_error("there is no PostgreSQL server: apt-get install postgresql");
+  if (found.empty())
+    throw std::runtime_error("there is no PostgreSQL server: apt-get install postgresql");
   return found.rbegin()->second;
 }
 
@@ -134,8 +135,9 @@ pid_t PostgresServer::spawn(const std::string& program, const std::string& argum
 
 void PostgresServer::makeCluster() {
   // Small segments of the journal keep the server within a limit on the size of its files.
-  if (!waitFor(spawn("initdb", "-D data -U zntopo --auth=trust --encoding=UTF8 --locale=C --no-sync"
-                               " --wal-segsize=1"))) {
+  if (!waitFor(spawn("initdb",
+                     "-D data -U zntopo --auth=trust --encoding=UTF8 --locale=C --no-sync"
+                     " --wal-segsize=1"))) {
     fail("initdb failed");
   }
   std::ofstream(folder_ / "data" / "postgresql.conf", std::ios::app)
@@ -171,8 +173,8 @@ void PostgresServer::stop(Stop how) {
 }
 
 void PostgresServer::setEnvironment() const {
-  const std::string connection = "Driver=PostgreSQL Unicode;Servername=" + folder_.string() +
-                                 ";Port=5432;Username=zntopo;";
+  const std::string connection =
+      "Driver=PostgreSQL Unicode;Servername=" + folder_.string() + ";Port=5432;Username=zntopo;";
   setenv("ZNTOPO_TEST_POSTGRES", connection.c_str(), 1);
 }
 

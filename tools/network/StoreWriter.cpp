@@ -23,6 +23,17 @@ int timeNow() {
       std::min<std::time_t>(std::time(nullptr), std::numeric_limits<int>::max()));
 }
 
+constexpr const char* kNothingWritten = "Nothing was written: the store is as it was.";
+constexpr const char* kPerhapsWritten =
+    "The store was lost while all of it was being made to count, so it is there as a whole or not "
+    "at all. Write it again: what is there already stays as it is.";
+
+StoreError withNote(const StoreError& error, const char* note) {
+  std::string text = error.what();
+  while (!text.empty() && text.back() == '\n') text.pop_back();
+  return StoreError(text + "\n" + note);
+}
+
 /// A transaction that is rolled back unless it was committed.
 class Transaction {
  public:
@@ -42,9 +53,10 @@ class Transaction {
 
   void commit() {
     MessageList_t messages;
-    if (connection_.CommitTransaction(messages) != TvDbil::DBIL_SUCCESS) {
-      throw StoreError("can't commit", messages);
-    }
+    if (connection_.CommitTransaction(messages) == TvDbil::DBIL_SUCCESS) return;
+    const StoreError error("can't commit", messages);
+    if (connection_.IsValid()) throw withNote(error, kNothingWritten);
+    throw withNote(error, kPerhapsWritten);
   }
 
  private:
@@ -167,14 +179,24 @@ class WrittenRows : public PassingRows {
   std::array<std::unique_ptr<TableWriter>, TableCount> writers_;
 };
 
+template <typename Write>
+WriteReport writeUncommitted(TvDbil::DbConnection_t& connection, const Write& write) try {
+  waitForTurn(connection);
+  const WriteReport report = write(isEmpty(connection));
+  markReady(connection, report.isAnyChange(), timeNow());
+  return report;
+} catch (const StoreNotEmpty&) {
+  throw;
+} catch (const StoreError& error) {
+  throw withNote(error, kNothingWritten);
+}
+
 /// Runs the writing of rows within a transaction.
 template <typename Write>
 WriteReport inTransaction(TvDbil::DbConnection_t& connection, const Write& write) {
   makeRoom(connection);
   Transaction transaction(connection);
-  waitForTurn(connection);
-  const WriteReport report = write(isEmpty(connection));
-  markReady(connection, report.isAnyChange(), timeNow());
+  const WriteReport report = writeUncommitted(connection, write);
   transaction.commit();
   return report;
 }

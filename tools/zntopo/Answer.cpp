@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "tools/network/PlainText.h"
+#include "tools/zntopo/Advice.h"
 
 namespace zntopo::tools {
 
@@ -27,6 +28,7 @@ void printError(const ZNTopoAPIStatus& status) {
   print("zntopo: " + std::to_string(status.getStatus()) + " " + statusName(status.getStatus()) +
         ": " + withoutLineEnd(status.getStatusMsg()));
   print(withoutLineEnd(status.getAuxMsg()));
+  print(adviceOn(status));
 }
 
 std::string dump(const Json& json) {
