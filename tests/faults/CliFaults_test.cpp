@@ -84,8 +84,9 @@ TEST_P(CliFaultTest, AnImportBesideAnotherWriterSaysSoAndWritesNothing) {
     store_->execute("alter role zntopo set lock_timeout = '20ms'");
   } else {
     // Only a connection string has a word for how long to wait.
-    const std::string store = "Driver=SQLite3;Database=" +
-                              (store_->engine().folder() / "topology.db").string() + ";Timeout=1;";
+    const std::string store =
+        "Driver=SQLite3;Database=" + (store_->engine().folder() / "topology.db").string() +
+        ";Timeout=1;";
     setenv("TV_TOPO_STORE", store.c_str(), 1);
   }
   {

@@ -108,7 +108,8 @@ TEST_P(FullStoreTest, AWriteThatDoesNotFitLeavesTheStoreAsItWas) {
 }
 
 TEST_P(FullStoreTest, AnEmptyStoreKeepsItsIndicesThroughAWriteThatDoesNotFit) {
-  for (const char* table : {"nwnode", "nwentity"}) store_->execute(std::string("delete from ") + table);
+  for (const char* table : {"nwnode", "nwentity"})
+    store_->execute(std::string("delete from ") + table);
   const std::string indices =
       GetParam() == Engine::Postgres
           ? "select count(*) from pg_indexes where schemaname = 'public'"
@@ -160,7 +161,8 @@ class FullDiskTest : public testing::TestWithParam<Engine> {
     PostgresServer::giveToServer(place);
     engine_.emplace(GetParam());
     engine_->setEnvironment();
-    executeOn(postgresStore("postgres"), "create tablespace small location '" + place.string() + "'");
+    executeOn(postgresStore("postgres"),
+              "create tablespace small location '" + place.string() + "'");
     ASSERT_EQ(zntopoRun({"init"}).status, 0);
     for (const char* table : {"nwentity", "nwnode"}) {
       executeOn(engine_->store(), std::string("alter table ") + table + " set tablespace small");

@@ -75,7 +75,8 @@ TEST_P(MissingColumnTest, EachOperationSaysWhatItsStatementMet) {
       const std::string what = table.name + "." + column.name;
       rename(table.name, column.name, "gone");
       for (std::size_t i = 0; i < questions().size(); ++i) {
-        if (mentions(healthy_.statements(i), table.name) && mentions(healthy_.statements(i), column.name)) {
+        if (mentions(healthy_.statements(i), table.name) &&
+            mentions(healthy_.statements(i), column.name)) {
           expectAnswer(i, what);
         }
       }

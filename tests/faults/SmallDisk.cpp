@@ -54,4 +54,3 @@ void SmallDisk::grow(int megabytes) const {
 }
 
 }  // namespace zntopo::test
-

@@ -4,10 +4,8 @@ namespace zntopo::tools {
 
 namespace {
 
-constexpr const char* kFull =
-    "The disk of the store is full: make room there, and try again.";
-constexpr const char* kLocked =
-    "Somebody else has locked the store: try again when they are done.";
+constexpr const char* kFull = "The disk of the store is full: make room there, and try again.";
+constexpr const char* kLocked = "Somebody else has locked the store: try again when they are done.";
 constexpr const char* kNoServer =
     "The server of the store can't be reached: see whether it runs and takes connections, and try "
     "again.";
@@ -17,7 +15,8 @@ constexpr const char* kNotAllowed =
     "The store can't be written by this user: see who may write its file and folder, or ask the "
     "owner of its tables.";
 constexpr const char* kOtherTables =
-    "The tables of the store are not those that this version reads (docs/schema.md): it takes a new "
+    "The tables of the store are not those that this version reads (docs/schema.md): it takes a "
+    "new "
     "store, which \"zntopo init\" makes.";
 constexpr const char* kNotReady =
     "Nothing is answered until a network is in the store (\"zntopo import\") or the discovery that "
