@@ -93,7 +93,8 @@ TEST_P(GroupContentsTest, AVlanHasItsNumberAndItsMembersByNode) {
   for (const ZNVlanInfo& info : vlan->getVlanInfoList()) {
     members[info.getNodeName()] = info.getVlanIFInfoList().size();
   }
-  EXPECT_THAT(members, ElementsAre(testing::Pair("name of n1", 2u), testing::Pair("name of n2", 1u)));
+  EXPECT_THAT(members,
+              ElementsAre(testing::Pair("name of n1", 2u), testing::Pair("name of n2", 1u)));
   EXPECT_EQ(api.getVlanByObjID(ObjID("v"), status), vlan);
 }
 
@@ -144,9 +145,9 @@ TEST_P(GroupContentsTest, AnIdentifierOfAnyKindIsFound) {
   store->addEntity("h", "group", 11);
   store->addEntity("s", "subnet", 7);
   store->addEntity("v", "vlan", 4);
-  for (const auto& [id, kind] : {std::pair("n", E_Node), std::pair("i", E_Interface),
-                                 std::pair("h", E_HSRP), std::pair("s", E_Subnet),
-                                 std::pair("v", E_Vlan)}) {
+  for (const auto& [id, kind] :
+       {std::pair("n", E_Node), std::pair("i", E_Interface), std::pair("h", E_HSRP),
+        std::pair("s", E_Subnet), std::pair("v", E_Vlan)}) {
     const auto entity = api.getEntityByObjID(ObjID(id), status);
     ASSERT_FALSE(entity.isNull()) << id;
     EXPECT_TRUE(status.isOK()) << id;
@@ -160,12 +161,18 @@ TEST_P(GroupContentsTest, AnIdentifierOfAnyKindIsFound) {
 // ---- containers -------------------------------------------------------------------------------
 
 TEST_P(GroupContentsTest, AContainerHasItsDataMembersAndAssociations) {
-  addIfc("a", {{"Description", "text"}, {"ZoneNumber", "zone"}, {"Status", 3},
-               {"RouteDistinguisher", 4}, {"IFCType", 5}, {"isOrdered", 1}, {"AppsID", 6}});
+  addIfc("a", {{"Description", "text"},
+               {"ZoneNumber", "zone"},
+               {"Status", 3},
+               {"RouteDistinguisher", 4},
+               {"IFCType", 5},
+               {"isOrdered", 1},
+               {"AppsID", 6}});
   addIfcMember("a", "n1", "p3", 3);
   addIfcMember("a", "n1", "p1", 1);
   addIfcMember("a", "n2", "p2", 2);
-  for (const auto& [left, right] : {std::pair("a", "b"), std::pair("c", "a"), std::pair("b", "c")}) {
+  for (const auto& [left, right] :
+       {std::pair("a", "b"), std::pair("c", "a"), std::pair("b", "c")}) {
     store->insert("nwifcasc", {{"LeftIFContainerObjID", left},
                                {"RightIFContainerObjID", right},
                                {"RelType", 1},

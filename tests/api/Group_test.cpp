@@ -146,8 +146,7 @@ TEST_P(GroupTest, WhatTheCacheLacksIsReadAndTheRestIsNotFound) {
     EXPECT_THAT(some(kind, {"a", "b"}), ElementsAre("a", "b"));
     EXPECT_THAT(spy.allStatements(), IsEmpty());
     EXPECT_THAT(notFound, ElementsAre(ObjID("of before")));
-    EXPECT_THAT(log.lines(),
-                Contains("Found all " + std::string(kind.name) + " in cache ! \n"));
+    EXPECT_THAT(log.lines(), Contains("Found all " + std::string(kind.name) + " in cache ! \n"));
     store->execute("delete from nwentity");
   }
 }
@@ -169,11 +168,10 @@ TEST_P(GroupTest, AllAreReadOnceAndThenServedFromTheCacheWhateverTheRouteDisting
     EXPECT_THAT(spy.allStatements(), IsEmpty());
     EXPECT_THAT(notFound, ElementsAre(ObjID("of before")));
     const std::string name = kind.name;
-    EXPECT_THAT(log.lines(),
-                testing::IsSupersetOf(Texts{
-                    "Some " + name + "s are not in cache, continue to get from DB\n",
-                    "Retrieve all " + name + "s from cache\n",
-                    "Number of " + name + " in Cache = 2\n"}));
+    EXPECT_THAT(log.lines(), testing::IsSupersetOf(Texts{
+                                 "Some " + name + "s are not in cache, continue to get from DB\n",
+                                 "Retrieve all " + name + "s from cache\n",
+                                 "Number of " + name + " in Cache = 2\n"}));
     store->execute("delete from nwentity");
   }
 }

@@ -33,8 +33,7 @@ std::vector<std::string> story(const ZNTopoConfig& config, int loweredSize,
   for (const int id : {3, 9, 1, 4, 2, 3}) {
     typename K::Handle found;
     const bool isHit = useCached(cache, id, found);
-    MCLog::log(MC_INFO, "%d: %s\n", id,
-               isHit ? K::idOf(found).getStrValue().c_str() : "not there");
+    MCLog::log(MC_INFO, "%d: %s\n", id, isHit ? K::idOf(found).getStrValue().c_str() : "not there");
   }
   for (const int id : {5, 6}) K::use(cache, K::make(id));
   for (int id = 1; id <= 6; ++id) {

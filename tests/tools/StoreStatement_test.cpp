@@ -37,15 +37,16 @@ class StoreStatementTest : public StoreTest {
 TEST_P(StoreStatementTest, TextsAreAskedForByParameters) {
   const std::string sql = "select ObjId, EntityName from nwnode where EntityName in (" +
                           parameterMarks(2) + ") order by ObjId";
-  EXPECT_THAT(selectTexts(*connection_, sql, 2, {"o'hara", "x\"; drop table nwnode; --"}),
-              ElementsAre(ElementsAre("n1", "o'hara"),
-                          ElementsAre("n2", "x\"; drop table nwnode; --")));
+  EXPECT_THAT(
+      selectTexts(*connection_, sql, 2, {"o'hara", "x\"; drop table nwnode; --"}),
+      ElementsAre(ElementsAre("n1", "o'hara"), ElementsAre("n2", "x\"; drop table nwnode; --")));
   EXPECT_TRUE(selectTexts(*connection_, sql, 2, {"nobody", "' or '1'='1"}).empty());
 }
 
 TEST_P(StoreStatementTest, NullIsAnEmptyText) {
-  EXPECT_THAT(selectTexts(*connection_, "select Description from nwnode where ObjId = ?", 1, {"n2"}),
-              ElementsAre(ElementsAre("")));
+  EXPECT_THAT(
+      selectTexts(*connection_, "select Description from nwnode where ObjId = ?", 1, {"n2"}),
+      ElementsAre(ElementsAre("")));
 }
 
 TEST_P(StoreStatementTest, AStatementMayRunAgainWithOtherParameters) {

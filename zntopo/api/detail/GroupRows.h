@@ -28,16 +28,11 @@ enum IfcEntityColumn : int {
 };
 
 inline constexpr Column kIfcEntityColumns[] = {
-    textColumn("ObjId", 37),
-    textColumn("EntityName", 130),
-    intColumn("StatusChangeTimeUTC"),
-    intColumn("CreateTimeUTC"),
-    intColumn("ChangeTimeUTC"),
-    intColumn("hasDynamicProperty"),
-    textColumn("Description", 260),
-    textColumn("ZoneNumber", 65),
-    intColumn("RouteDistinguisher"),
-    intColumn("Status"),
+    textColumn("ObjId", 37),          textColumn("EntityName", 130),
+    intColumn("StatusChangeTimeUTC"), intColumn("CreateTimeUTC"),
+    intColumn("ChangeTimeUTC"),       intColumn("hasDynamicProperty"),
+    textColumn("Description", 260),   textColumn("ZoneNumber", 65),
+    intColumn("RouteDistinguisher"),  intColumn("Status"),
 };
 static_assert(sizeof(kIfcEntityColumns) / sizeof(Column) == IFC_ENTITY_COLUMN_COUNT);
 

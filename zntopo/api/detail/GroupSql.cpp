@@ -18,7 +18,9 @@ std::string idList(const std::list<ObjID>& ids) { return quotedList(" ( ", ids);
 
 }  // namespace
 
-std::string allVlans(int rd) { return allIPv4(E_Vlan) + andEquals(" AND RouteDistinguisher = ", rd); }
+std::string allVlans(int rd) {
+  return allIPv4(E_Vlan) + andEquals(" AND RouteDistinguisher = ", rd);
+}
 
 std::string allIfcs(int rd) { return andEquals(" RouteDistinguisher = ", rd); }
 
