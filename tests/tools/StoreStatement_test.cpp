@@ -10,7 +10,6 @@
 namespace zntopo::tools {
 namespace {
 
-using test::Engine;
 using test::StoreTest;
 using testing::ElementsAre;
 using testing::HasSubstr;

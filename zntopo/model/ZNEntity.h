@@ -74,7 +74,7 @@ class ZNTOPO_EXPORT ZNEntity {
   ZNEntity(const ZNEntity& other);
   /// Takes the texts, addresses and user variables out of an object that nobody shares; parent,
   /// modification marks and mutex as in a copy.
-  ZNEntity(ZNEntity&& other);
+  ZNEntity(ZNEntity&& other);  // NOLINT(performance-noexcept-move-constructor): makes a mutex
   ZNEntity& operator=(const ZNEntity& other);
   virtual ~ZNEntity();
 
