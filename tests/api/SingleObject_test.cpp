@@ -44,6 +44,16 @@ TEST_F(SingleObjectTest, TheFirstObjectIsTaken) {
   EXPECT_TRUE(status.isOK());
 }
 
+TEST_F(SingleObjectTest, AReadMayGiveTheObjectItself) {
+  const auto give = [this](const Handle& object) {
+    return detail::singleObject("a", kKeepsFailure, status, [&] { return object; });
+  };
+  EXPECT_EQ(*give(new int(7)), 7);
+  EXPECT_TRUE(status.isOK());
+  EXPECT_TRUE(give({}).isNull());
+  EXPECT_EQ(status.getAuxMsg(), "The ID: a is not valid\n");
+}
+
 TEST_F(SingleObjectTest, TheNullIdentifierIsRefusedWithoutARead) {
   EXPECT_EQ(find(kKeepsFailure, ObjID(), {7}), 0);
   EXPECT_EQ(reads, 0);

@@ -371,6 +371,13 @@ class ZNTopoAPI_Impl : protected TableSet {
                                                             ObjIDSet& theNotFoundIDs,
                                                             ZNTopoAPIStatus& theStatus, bool getAll,
                                                             int aRD);
+  ZNRefPtr<ZNNode> singleNode(const ObjID& id, bool isQRMID, ZNTopoAPIStatus& theStatus);
+  /// The parts of the requests for nodes and interfaces that the cache does not have.
+  OwnedNodeList readNodes(const std::list<ObjID>& missing, const ObjIDSet& theNodeIDs,
+                          ObjIDSet& theNotFoundIDs, ZNTopoAPIStatus& theStatus, bool isQRMID);
+  void readInterfaces(const std::list<ObjID>& missing, const ObjIDSet& theIFIDs,
+                      std::list<ZNRefPtr<ZNInterface>>& theList, ObjIDSet& theNotFoundIDs,
+                      ZNTopoAPIStatus& theStatus, bool isQRMID);
   ZNRefPtr<ZNSubnet> singleSubnet(const ObjID& theID, bool isQRMID, ZNTopoAPIStatus& theStatus);
 };
 

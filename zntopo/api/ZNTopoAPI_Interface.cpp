@@ -37,6 +37,14 @@ constexpr detail::CachedKind<ZNInterface> kCachedByQRMID = {
     .foundLine = "FOUND IF = %s IN QRM ID CACHE! \n",
     .idOf = &ZNInterface::getQRMObjID};
 
+const detail::CachedKind<ZNInterface>& cachedBy(bool isQRMID) {
+  return isQRMID ? kCachedByQRMID : kCachedByID;
+}
+
+constexpr char kListScope[] = "getInterfacesByObjIDList";
+constexpr char kBatchScope[] = "getInterfacesByObjIDList_Int";
+constexpr char kAllInCache[] = "Found all Interface in cache ! \n";
+
 void logStatus(const ZNTopoAPIStatus& status) {
   MCLog::log(MC_CRITICAL, "Msg:%s, Aux:%s\n", status.getStatusMsg().c_str(),
              status.getAuxMsg().c_str());
@@ -82,16 +90,30 @@ ZNRefPtr<ZNInterface> ZNTopoAPI_Impl::getInterfaceByObjID(const ObjID& theObjID,
                                                           ZNTopoAPIStatus& theStatus) {
   const detail::OperationScope scope("getInterfaceByObjID");
   theStatus.reset();
-  return detail::singleObject(theObjID, kByObjID, theStatus, [&] {
-    std::set<ObjID> notFoundIDs;
-    return getInterfacesByObjIDList({theObjID}, notFoundIDs, theStatus, false, false);
-  });
+  // What a request for a list of one does and logs, without the lists: an interface that the cache
+  // holds costs no allocation.
+  const auto request = [&]() -> ZNRefPtr<ZNInterface> {
+    const detail::OperationScope list(kListScope);
+    theStatus.reset();
+    if (!validate(theStatus)) return {};
+    const detail::OperationScope batch(kBatchScope);
+    ZNRefPtr<ZNInterface> interface;
+    if (detail::useCached(*cache(), kCachedByID, theObjID, interface)) {
+      MCLog::log(MC_INFO, kAllInCache);
+      return interface;
+    }
+    InterfaceList read;
+    ObjIDSet notFound;
+    readInterfaces({theObjID}, {theObjID}, read, notFound, theStatus, false);
+    return read.empty() ? ZNRefPtr<ZNInterface>() : read.front();
+  };
+  return detail::singleObject(theObjID, kByObjID, theStatus, request);
 }
 
 ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByObjIDList(
     const ObjIDSet& theIFIDs, ObjIDSet& theNotFoundIDs, ZNTopoAPIStatus& theStatus, bool isQRMID,
     bool getAllConnectedInterfaces) {
-  const detail::OperationScope scope("getInterfacesByObjIDList");
+  const detail::OperationScope scope(kListScope);
   theStatus.reset();
   auto theList = std::make_unique<InterfaceList>();
   if (!validate(theStatus)) return theList;
@@ -115,7 +137,7 @@ ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByObjIDList(
 ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByObjIDList_Int(
     const ObjIDSet& theIFIDs, ObjIDSet& theNotFoundIDs, ZNTopoAPIStatus& theStatus, bool isQRMID,
     bool getAllConnectedInterfaces) {
-  const detail::OperationScope scope("getInterfacesByObjIDList_Int");
+  const detail::OperationScope scope(kBatchScope);
   theNotFoundIDs.clear();
   auto theList = std::make_unique<InterfaceList>();
   if (getAllConnectedInterfaces) {
@@ -129,22 +151,27 @@ ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByObjIDList_Int(
     MCLog::log(MC_CRITICAL, "getInterfacesByObjIDLIst() - empty list ! \n");
     return theList;
   }
-  const auto& kind = isQRMID ? kCachedByQRMID : kCachedByID;
-  const std::list<ObjID> ifsToReadFromDB = detail::takeCached(*cache(), kind, theIFIDs, *theList);
+  const std::list<ObjID> ifsToReadFromDB =
+      detail::takeCached(*cache(), cachedBy(isQRMID), theIFIDs, *theList);
   if (theList->size() == theIFIDs.size()) {
-    MCLog::log(MC_INFO, "Found all Interface in cache ! \n");
+    MCLog::log(MC_INFO, kAllInCache);
     return theList;
   }
+  readInterfaces(ifsToReadFromDB, theIFIDs, *theList, theNotFoundIDs, theStatus, isQRMID);
+  return theList;
+}
+
+void ZNTopoAPI_Impl::readInterfaces(const std::list<ObjID>& missing, const ObjIDSet& theIFIDs,
+                                    InterfaceList& theList, ObjIDSet& theNotFoundIDs,
+                                    ZNTopoAPIStatus& theStatus, bool isQRMID) {
+  const auto read = getInterfacesByWhereQuery(detail::whereInterfaceIDs(missing, isQRMID),
+                                              theStatus, detail::INTERFACES_BY_ID, missing);
   // Unlike nodes, interfaces merge: the cached ones first, those of the store behind.
-  const auto theNewIFList =
-      getInterfacesByWhereQuery(detail::whereInterfaceIDs(ifsToReadFromDB, isQRMID), theStatus,
-                                detail::INTERFACES_BY_ID, ifsToReadFromDB);
-  theList->splice(theList->end(), *theNewIFList);
-  if (theList->size() < theIFIDs.size()) {
-    theNotFoundIDs = detail::notDelivered(theIFIDs, *theList, kind.idOf);
+  theList.splice(theList.end(), *read);
+  if (theList.size() < theIFIDs.size()) {
+    theNotFoundIDs = detail::notDelivered(theIFIDs, theList, cachedBy(isQRMID).idOf);
   }
   MCLog::log(MC_INFO, "The NotFoundID list size = %d\n", static_cast<int>(theNotFoundIDs.size()));
-  return theList;
 }
 
 ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByNodeObjIDList(

@@ -36,17 +36,14 @@ constexpr detail::CachedKind<ZNNode> kCachedByQRMID = {.inCache = &ZNTopoCache::
                                                        .foundLine = "FOUND Node = %s IN CACHE! \n",
                                                        .idOf = &ZNNode::getQRMObjID};
 
-constexpr char kNoNodeIDs[] = "The NodeObjIDList is empty";
-
-ZNRefPtr<ZNNode> singleNode(ZNTopoAPI_Impl& api, const ObjID& id, bool isQRMID,
-                            ZNTopoAPIStatus& status) {
-  status.reset();
-  return detail::singleObject(id, isQRMID ? kByQRMObjID : kByObjID, status, [&] {
-    std::set<ObjID> notFound;
-    return api.getNodesByObjIDList({id}, notFound, status, false, isQRMID, false,
-                                   ZNEntity::AllProtocol, -1);
-  });
+const detail::CachedKind<ZNNode>& cachedBy(bool isQRMID) {
+  return isQRMID ? kCachedByQRMID : kCachedByID;
 }
+
+constexpr char kListScope[] = "getNodesByObjIDList";
+constexpr char kBatchScope[] = "getNodesByObjIDList_Int";
+constexpr char kAllInCache[] = "Found all node in cache ! \n";
+constexpr char kNoNodeIDs[] = "The NodeObjIDList is empty";
 
 const char* classLabel(NodeNameClass nameClass) {
   switch (nameClass) {
@@ -99,19 +96,40 @@ constexpr detail::ColumnQuery kIDListQuery = {
 
 ZNRefPtr<ZNNode> ZNTopoAPI_Impl::getNodeByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus) {
   const OperationScope scope("getNodeByObjID");
-  return singleNode(*this, theObjID, false, theStatus);
+  return singleNode(theObjID, false, theStatus);
 }
 
 ZNRefPtr<ZNNode> ZNTopoAPI_Impl::getNodeByQRMObjID(const ObjID& theQRMObjID,
                                                    ZNTopoAPIStatus& theStatus) {
   const OperationScope scope("getNodeByQRMObjID");
-  return singleNode(*this, theQRMObjID, true, theStatus);
+  return singleNode(theQRMObjID, true, theStatus);
+}
+
+ZNRefPtr<ZNNode> ZNTopoAPI_Impl::singleNode(const ObjID& id, bool isQRMID,
+                                            ZNTopoAPIStatus& theStatus) {
+  theStatus.reset();
+  // What a request for a list of one does and logs, without the lists: a node that the cache holds
+  // costs no allocation.
+  const auto request = [&]() -> ZNRefPtr<ZNNode> {
+    const OperationScope list(kListScope);
+    theStatus.reset();
+    if (!validate(theStatus)) return {};
+    const OperationScope batch(kBatchScope);
+    ZNRefPtr<ZNNode> node;
+    if (detail::useCached(*cache(), cachedBy(isQRMID), id, node)) {
+      MCLog::log(MC_INFO, kAllInCache);
+      return node;
+    }
+    ObjIDSet notFound;
+    return detail::firstOf(readNodes({id}, {id}, notFound, theStatus, isQRMID));
+  };
+  return detail::singleObject(id, isQRMID ? kByQRMObjID : kByObjID, theStatus, request);
 }
 
 ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList(
     const ObjIDSet& theNodeIDs, ObjIDSet& theNotFoundIDs, ZNTopoAPIStatus& theStatus,
     bool toGetInterfaces, bool isQRMID, bool getAllNodes, ZNEntity::IPLevel ipLevel, int aRD) {
-  const OperationScope scope("getNodesByObjIDList");
+  const OperationScope scope(kListScope);
   auto result = std::make_unique<std::list<ZNRefPtr<ZNNode>>>();
   theStatus.reset();
   if (!validate(theStatus)) return result;
@@ -136,7 +154,7 @@ ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList(
 ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList_Int(
     const ObjIDSet& theNodeIDs, ObjIDSet& theNotFoundIDs, ZNTopoAPIStatus& theStatus,
     bool /*toGetInterfaces*/, bool isQRMID, bool getAllNodes, ZNEntity::IPLevel ipLevel, int aRD) {
-  const OperationScope scope("getNodesByObjIDList_Int");
+  const OperationScope scope(kBatchScope);
   auto result = std::make_unique<std::list<ZNRefPtr<ZNNode>>>();
   theStatus.reset();
   theNotFoundIDs.clear();
@@ -144,26 +162,35 @@ ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByObjIDList_Int(
     setFailure(theStatus, ZN_API_EMPTY_OBJID_LIST, kNoNodeIDs);
     return result;
   }
-  const auto& kind = isQRMID ? kCachedByQRMID : kCachedByID;
-  std::string condition;
   if (getAllNodes) {
     MCLog::log(MC_INFO, "RD = %d \n", aRD);
-    condition = detail::allNodesCondition(ipLevel, aRD);
-  } else {
-    const std::list<ObjID> missing = detail::takeCached(*cache(), kind, theNodeIDs, *result);
-    if (result->size() == theNodeIDs.size()) {
-      MCLog::log(MC_INFO, "Found all node in cache ! \n");
-      return result;
-    }
-    condition = detail::nodeIDCondition(missing, isQRMID);
-    MCLog::log(MC_INFO, "ObjIDs to be retrieve from DB : %s\n", condition.c_str());
+    const std::string condition = detail::allNodesCondition(ipLevel, aRD);
+    MCLog::log(MC_INFO, "SQL Statement: %s \n", condition.c_str());
+    result = getNodesByWhere(condition, detail::nodeTables(*this), theStatus, true);
+    MCLog::log(MC_INFO, "The NotFoundID list size = %d\n", 0);
+    return result;
   }
+  const std::list<ObjID> missing =
+      detail::takeCached(*cache(), cachedBy(isQRMID), theNodeIDs, *result);
+  if (result->size() == theNodeIDs.size()) {
+    MCLog::log(MC_INFO, kAllInCache);
+    return result;
+  }
+  // What is read replaces what the cache had: the cached nodes count as not found.
+  return readNodes(missing, theNodeIDs, theNotFoundIDs, theStatus, isQRMID);
+}
+
+ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::readNodes(const std::list<ObjID>& missing,
+                                                        const ObjIDSet& theNodeIDs,
+                                                        ObjIDSet& theNotFoundIDs,
+                                                        ZNTopoAPIStatus& theStatus, bool isQRMID) {
+  const std::string condition = detail::nodeIDCondition(missing, isQRMID);
+  MCLog::log(MC_INFO, "ObjIDs to be retrieve from DB : %s\n", condition.c_str());
   MCLog::log(MC_INFO, "SQL Statement: %s \n", condition.c_str());
-  // What was read replaces what the cache had: the cached nodes count as not found.
-  result = getNodesByWhere(condition, detail::nodeTables(*this), theStatus, getAllNodes);
-  if (!getAllNodes) theNotFoundIDs = detail::notDelivered(theNodeIDs, *result, kind.idOf);
+  OwnedNodeList nodes = getNodesByWhere(condition, detail::nodeTables(*this), theStatus, false);
+  theNotFoundIDs = detail::notDelivered(theNodeIDs, *nodes, cachedBy(isQRMID).idOf);
   MCLog::log(MC_INFO, "The NotFoundID list size = %d\n", static_cast<int>(theNotFoundIDs.size()));
-  return result;
+  return nodes;
 }
 
 ZNRefPtr<ZNNode> ZNTopoAPI_Impl::getNodeByName(const std::string& theName,

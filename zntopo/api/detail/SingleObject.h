@@ -1,8 +1,10 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "zntopo/core/ObjID.h"
+#include "zntopo/core/ZNRefPtr.h"
 #include "zntopo/core/detail/Failure.h"
 
 namespace zntopo::detail {
@@ -19,19 +21,28 @@ struct SingleObjectTexts {
   bool replacesFailure = false;
 };
 
-/// The first object that read() gives, as a list or a vector that is owned; else null, with
+template <typename T>
+ZNRefPtr<T> firstOf(ZNRefPtr<T> object) {
+  return object;
+}
+template <typename Objects>
+typename Objects::value_type firstOf(const std::unique_ptr<Objects>& objects) {
+  return objects->empty() ? typename Objects::value_type() : objects->front();
+}
+
+/// What read() gives, an object or the first one of an owned list or vector; else null, with
 /// ZN_API_INVALID_ID or what read() left in the status.
 template <typename Read>
 auto singleObject(const ObjID& id, const SingleObjectTexts& texts, ZNTopoAPIStatus& status,
                   const Read& read) {
-  using Handle = typename decltype(read())::element_type::value_type;
+  using Handle = decltype(firstOf(read()));
   if (texts.nullID && id.isNull()) {
     setFailure(status, ZN_API_INVALID_ID, texts.nullID);
     return Handle();
   }
-  const auto objects = read();
+  Handle object = firstOf(read());
   if (!status.isOK() && !texts.replacesFailure) return Handle();
-  if (!objects->empty()) return objects->front();
+  if (!object.isNull()) return object;
   const std::string shownID = texts.afterID ? id.toString() + texts.afterID : "";
   setFailure(status, ZN_API_INVALID_ID, texts.beforeID + shownID);
   return Handle();
