@@ -43,5 +43,22 @@ TEST(NetworkCountsTest, WhatStandsInTwoNetworksIsOne) {
   EXPECT_EQ(counts.links, 2u);
 }
 
+TEST(NetworkCountsTest, GroupsAreCountedByTheirKeysAndAssociationsByTheirEnds) {
+  NetworkModel model = pairOf("b");
+  model.meshes.emplace_back().key = "m";
+  for (const char* key : {"g", "h", "g"}) model.hsrpGroups.emplace_back().key = key;
+  for (const char* key : {"c", "d"}) model.containers.emplace_back().key = key;
+  for (const int relation : {1, 2, 1}) {
+    AssociationModel& one = model.associations.emplace_back();
+    one.right = 1;
+    one.relation = relation;
+  }
+  const NetworkCounts counts = countNetworks({model, model});
+  EXPECT_EQ(counts.meshes, 1u);
+  EXPECT_EQ(counts.hsrpGroups, 2u);
+  EXPECT_EQ(counts.containers, 2u);
+  EXPECT_EQ(counts.associations, 2u);
+}
+
 }  // namespace
 }  // namespace zntopo::tools

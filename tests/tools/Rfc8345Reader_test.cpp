@@ -3,96 +3,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "tests/tools/ReadNetwork.h"
-#include "tests/tools/TempFile.h"
+#include "tests/tools/Rfc8345Text.h"
 
 namespace zntopo::tools {
 namespace {
 
-using test::TempFile;
+using namespace test;  // NOLINT(google-build-using-namespace): the parts of documents
+using Read = Rfc8345Read;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::UnorderedElementsAre;
-
-/// A document around the text of its networks.
-std::string document(const std::string& networks) {
-  return R"({"ietf-network:networks": {"network": [)" + networks + "]}}";
-}
-
-std::string network(const std::string& id, const std::string& type, const std::string& nodes,
-                    const std::string& links = "") {
-  const std::string types = type.empty() ? "" : "\"" + type + "\": {}";
-  return R"({"network-id": ")" + id + R"(", "network-types": {)" + types + R"(}, "node": [)" +
-         nodes + R"(], "ietf-network-topology:link": [)" + links + "]}";
-}
-
-std::string node(const std::string& id, const std::string& rest = "") {
-  return R"({"node-id": ")" + id + "\"" + (rest.empty() ? "" : ", ") + rest + "}";
-}
-
-std::string on(const std::string& network, const std::string& node) {
-  return R"("supporting-node": [{"network-ref": ")" + network + R"(", "node-ref": ")" + node +
-         R"("}])";
-}
-
-std::string tps(const std::string& list) {
-  return R"("ietf-network-topology:termination-point": [)" + list + "]";
-}
-
-std::string tp(const std::string& id, const std::string& rest = "") {
-  return R"({"tp-id": ")" + id + "\"" + (rest.empty() ? "" : ", ") + rest + "}";
-}
-
-std::string tpOn(const std::string& network, const std::string& node, const std::string& tp) {
-  return R"("supporting-termination-point": [{"network-ref": ")" + network + R"(", "node-ref": ")" +
-         node + R"(", "tp-ref": ")" + tp + R"("}])";
-}
-
-std::string addresses(const std::string& list) {
-  return R"("ietf-l3-unicast-topology:l3-termination-point-attributes": {"ip-address": [)" + list +
-         "]}";
-}
-
-std::string link(const std::string& node1, const std::string& tp1, const std::string& node2,
-                 const std::string& tp2) {
-  return R"({"link-id": ")" + node1 + tp1 + node2 + tp2 + R"(", "source": {"source-node": ")" +
-         node1 + R"(", "source-tp": ")" + tp1 + R"("}, "destination": {"dest-node": ")" + node2 +
-         R"(", "dest-tp": ")" + tp2 + R"("}})";
-}
-
-constexpr const char* kL2 = "ietf-l2-topology:l2-topology";
-constexpr const char* kL3 = "ietf-l3-unicast-topology:l3-unicast-topology";
-
-struct Read : test::ReadNetwork {
-  explicit Read(const std::string& content) {
-    const TempFile file(content);
-    model = readRfc8345(loadInputFile(file.path()), report);
-  }
-
-  const NodeModel& node(const std::string& name) const {
-    return *std::find_if(model.nodes.begin(), model.nodes.end(),
-                         [&](const NodeModel& one) { return one.name == name; });
-  }
-  std::vector<std::string> interfaceNames(const std::string& nodeName) const {
-    std::vector<std::string> names;
-    for (const auto& one : node(nodeName).interfaces) names.push_back(one.name);
-    return names;
-  }
-};
-
-/// The complaint about a content, without the file's name.
-std::string complaint(const std::string& content) {
-  const TempFile file(content);
-  NetworkReport report;
-  try {
-    readRfc8345(loadInputFile(file.path()), report);
-    return "";
-  } catch (const ImportError& error) {
-    return std::string(error.what()).substr(file.path().size() + 2);
-  }
-}
 
 // Errors and their places.
 

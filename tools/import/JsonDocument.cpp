@@ -158,6 +158,11 @@ std::optional<int> JsonPlace::number() const {
   return static_cast<int>(number);
 }
 
+bool JsonPlace::flag() const {
+  if (!value_->is_boolean()) throw ImportError(where_, "is neither true nor false");
+  return value_->get<bool>();
+}
+
 std::vector<JsonPlace> JsonPlace::elements() const {
   if (!value_->is_array()) throw ImportError(where_, "is no list");
   std::vector<JsonPlace> result;

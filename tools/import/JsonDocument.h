@@ -43,6 +43,8 @@ class JsonPlace {
   std::string name(std::size_t width) const;
   /// A whole number; nothing if it does not fit into 32 bits. Throws if it is no number.
   std::optional<int> number() const;
+  /// True or false. Throws if it is neither.
+  bool flag() const;
   /// The elements of an array, with their places. Throws if it is no array.
   std::vector<JsonPlace> elements() const;
 

@@ -151,6 +151,7 @@ TerminationPoint readTp(const JsonPlace& place, NetworkReport& report) {
                  [&](JsonObject& attributes) { readLayer2(attributes, tp, report); });
   withAttributes(object, "l3-termination-point-attributes", report,
                  [&](JsonObject& attributes) { readLayer3(attributes, tp, report); });
+  tp.extension = object.find("zntopo-topology:termination-point-attributes");
   object.countUnread(report);
   return tp;
 }
@@ -205,6 +206,7 @@ Node readNode(const JsonPlace& place, NetworkReport& report) {
   node.id = object.get("node-id").name(kNameWidth);
   node.supports = readNodeRefs(object, report);
   readNodeLayers(object, node, report);
+  node.extension = object.find("zntopo-topology:node-attributes");
   for (const JsonPlace& tp : object.list("termination-point")) {
     node.tps.push_back(readTp(tp, report));
     indexUnique(node.tpIndex, node.tps.back().id, node.tps.size() - 1, tp.where());
@@ -249,6 +251,7 @@ Network readNetwork(const JsonPlace& place, NetworkReport& report) {
   network.where = place.where();
   network.id = object.get("network-id").name(2000);
   network.kind = readKind(object, report);
+  network.extension = object.find("zntopo-topology:network-attributes");
   object.find("supporting-network");  // the nodes' own references say the same in detail
   for (const JsonPlace& node : object.list("node")) {
     network.nodes.push_back(readNode(node, report));

@@ -15,7 +15,8 @@
 /// What an RFC 8345 document says, network by network, before its layers are put together.
 ///
 /// The attributes of layer 2 (RFC 8944) and layer 3 (RFC 8346) are read, in their final and in
-/// their draft spelling, on whatever network they stand.
+/// their draft spelling, on whatever network they stand. Those of zntopo-topology
+/// (Rfc8345Extension.h) are only found.
 
 namespace zntopo::tools::rfc8345 {
 
@@ -66,6 +67,7 @@ struct TerminationPoint {
   std::vector<TpVlan> vlans;
   std::vector<TpAddress> addresses;
   bool isUnnumbered = false;
+  std::optional<JsonPlace> extension;
 };
 
 /// A prefix of a layer-3 node; some files leave the length out.
@@ -86,6 +88,7 @@ struct Node {
   bool hasRouterId = false;
   std::vector<NodePrefix> prefixes;
   std::vector<std::string> flags;
+  std::optional<JsonPlace> extension;
 
   bool hasAddresses() const;
   bool hasFlag(const std::string& flag) const;
@@ -111,6 +114,7 @@ struct Network {
   std::vector<Node> nodes;
   std::map<std::string, std::size_t> nodeIndex;
   std::vector<Link> links;
+  std::optional<JsonPlace> extension;
 };
 
 struct Document {
@@ -119,7 +123,7 @@ struct Document {
 };
 
 /// Takes a parsed file apart. Throws ImportError for what is malformed; what is well formed and
-/// not understood is counted in the report.
+/// not understood is counted in the report. The document refers to the JSON, which must outlive it.
 Document readDocument(const nlohmann::json& json, const std::string& file, NetworkReport& report);
 
 }  // namespace zntopo::tools::rfc8345

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "tools/import/Rfc8345Keys.h"
+
 namespace zntopo::tools::rfc8345 {
 
 namespace {
@@ -197,7 +199,7 @@ bool Layers::isSegment(const Node& node, const std::set<Index>& devices) const {
 void Layers::makeDevice(const NodeAt& at) {
   const Node& base = node(at);
   NodeModel device;
-  device.key = "node\n" + network(at).id + "\n" + base.id;
+  device.key = nodeKey(network(at).id, base.id);
   device.name = base.name.empty() ? base.id : base.name;
   model_.nodes.push_back(std::move(device));
   bases_.push_back(at);
@@ -211,6 +213,14 @@ void Layers::join(const NodeAt& at, Index device) {
 
 std::optional<EndPoint> Layers::interface(const NodeAt& at, std::size_t tp) const {
   return places_[at.network][at.node].interfaces[tp];
+}
+
+std::optional<EndPoint> Layers::interface(const TpRef& reference) const {
+  const auto at = find(reference.node);
+  if (!at) return std::nullopt;
+  const auto tp = node(*at).tpIndex.find(reference.tp);
+  if (tp == node(*at).tpIndex.end()) return std::nullopt;
+  return interface(*at, tp->second);
 }
 
 std::optional<EndPoint> Layers::resolveTp(const NodeAt& at, std::size_t tp, int level) {
@@ -272,7 +282,7 @@ EndPoint Layers::makeInterface(const NodeAt& at, std::size_t tp) {
   const TerminationPoint& point = node(at).tps[tp];
   const Node& base = node(bases_[device(at)]);
   InterfaceModel interface;
-  interface.key = "interface\n" + network(at).id + "\n" + node(at).id + "\n" + point.id;
+  interface.key = interfaceKey(network(at).id, node(at).id, point.id);
   interface.name = point.interfaceName.empty() ? point.id : point.interfaceName;
   // Parts of a device name their ports each for itself.
   if (node(at).id != base.id) interface.name = node(at).id + "/" + interface.name;

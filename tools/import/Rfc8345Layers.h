@@ -48,6 +48,8 @@ class Layers {
   Index device(const NodeAt& at) const { return *places_[at.network][at.node].device; }
   /// The interface of a termination point; nothing if its node is no device.
   std::optional<EndPoint> interface(const NodeAt& at, std::size_t tp) const;
+  /// The interface of a reference; nothing if it does not exist.
+  std::optional<EndPoint> interface(const TpRef& reference) const;
   /// True for a network of equipment and wires: no type, and nothing but such below it.
   bool isPhysical(std::size_t network) const { return isPhysical_[network]; }
 

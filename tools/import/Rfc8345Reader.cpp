@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "tools/import/Rfc8345Document.h"
+#include "tools/import/Rfc8345Extension.h"
+#include "tools/import/Rfc8345Keys.h"
 #include "tools/import/Rfc8345Layers.h"
 
 namespace zntopo::tools {
@@ -26,6 +28,7 @@ class Builder {
     }
     for (std::size_t i = 0; i < document_.networks.size(); ++i) addSegmentMembers(i);
     for (NodeModel& node : model_.nodes) markAsSwitchPorts(node);
+    addExtension(document_, layers_, model_, report_);
     model_.assignSubnets();
   }
 
@@ -57,7 +60,7 @@ class Builder {
   }
 
   void addVlan(const NodeAt& at, const TpVlan& vlan, InterfaceModel& interface) {
-    const std::string key = "vlan\n" + layers_.network(at).id + "\n" + std::to_string(vlan.number);
+    const std::string key = vlanKey(layers_.network(at).id, vlan.number);
     interface.vlans.insert(model_.vlanOf(key, vlan.name, vlan.number));
     if (vlan.isUntagged) interface.isAccessPort = true;
   }
@@ -106,21 +109,13 @@ class Builder {
     const Node& node = layers_.node(at);
     for (const TerminationPoint& tp : node.tps) {
       for (const TpRef& reference : tp.supports) {
-        const auto end = interfaceOf(reference);
+        const auto end = layers_.interface(reference);
         if (!end) continue;
         for (const TpAddress& address : tp.addresses) {
           addAddress(model_.at(*end), address, node.prefixes);
         }
       }
     }
-  }
-
-  std::optional<EndPoint> interfaceOf(const TpRef& reference) const {
-    const auto at = layers_.find(reference.node);
-    if (!at) return std::nullopt;
-    const auto tp = layers_.node(*at).tpIndex.find(reference.tp);
-    if (tp == layers_.node(*at).tpIndex.end()) return std::nullopt;
-    return layers_.interface(*at, tp->second);
   }
 
   void noteMissingLayer2() {
@@ -162,7 +157,7 @@ class Builder {
   std::optional<EndPoint> endOf(std::size_t network, const Link& link, const LinkEnd& end,
                                 const LinkEnd& other) {
     const std::string& networkId = document_.networks[network].id;
-    if (!end.tp.empty()) return interfaceOf({{networkId, end.node}, end.tp});
+    if (!end.tp.empty()) return layers_.interface({{networkId, end.node}, end.tp});
     const auto at = layers_.find({networkId, end.node});
     const auto otherAt = layers_.find({networkId, other.node});
     if (!at || !otherAt || layers_.role(*at) != Layers::Role::Device) return std::nullopt;
@@ -194,8 +189,8 @@ class Builder {
       subnets.push_back(model_.subnetOf({prefix.network.network(*length), *length}));
     }
     if (subnets.empty()) {
-      subnets.push_back(model_.subnetOfKey("segment\n" + layers_.network(at).id + "\n" + node.id,
-                                           node.id, false));
+      subnets.push_back(
+          model_.subnetOfKey(segmentKey(layers_.network(at).id, node.id), node.id, false));
     }
     for (const Index subnet : subnets) {
       std::string& description = model_.subnets[subnet].description;
@@ -238,7 +233,7 @@ class Builder {
         putIntoSegment(model_.at(*end), told.address, segments_[*segment]);
       }
       for (const TpRef& reference : node.tps[tp->second].supports) {
-        const auto below = interfaceOf(reference);
+        const auto below = layers_.interface(reference);
         if (below) putIntoSegment(model_.at(*below), told.address, segments_[*segment]);
       }
     }
@@ -271,8 +266,8 @@ class Builder {
 
 NetworkModel readRfc8345(const InputFile& file, NetworkReport& report,
                          const ProgressFunction& progress) {
-  const rfc8345::Document document =
-      rfc8345::readDocument(loadJson(file, {}, progress), file.label, report);
+  const nlohmann::json json = loadJson(file, {}, progress);
+  const rfc8345::Document document = rfc8345::readDocument(json, file.label, report);
   NetworkModel model;
   rfc8345::Builder(document, model, report).build();
   return model;

@@ -15,6 +15,10 @@ struct NetworkCounts {
   std::size_t subnets = 0;
   std::size_t vlans = 0;
   std::size_t links = 0;
+  std::size_t meshes = 0;
+  std::size_t hsrpGroups = 0;
+  std::size_t containers = 0;
+  std::size_t associations = 0;
 };
 
 /// Counts what several networks hold together: what stands in more than one of them, by its key,

@@ -42,10 +42,42 @@ std::vector<NetworkModel> readNetworks(const ImportOptions& options, NetworkRepo
   return networks;
 }
 
+struct CountedKind {
+  const char* member;
+  const char* one;
+  const char* many;
+  std::size_t NetworkCounts::*count;
+  /// Said to people only where there is one.
+  bool isRare;
+};
+constexpr CountedKind kCountedKinds[] = {
+    {"nodes", "node", "nodes", &NetworkCounts::nodes, false},
+    {"interfaces", "interface", "interfaces", &NetworkCounts::interfaces, false},
+    {"addresses", "address", "addresses", &NetworkCounts::addresses, false},
+    {"subnets", "subnet", "subnets", &NetworkCounts::subnets, false},
+    {"vlans", "VLAN", "VLANs", &NetworkCounts::vlans, false},
+    {"links", "link", "links", &NetworkCounts::links, false},
+    {"meshes", "mesh", "meshes", &NetworkCounts::meshes, true},
+    {"hsrp_groups", "HSRP group", "HSRP groups", &NetworkCounts::hsrpGroups, true},
+    {"containers", "container", "containers", &NetworkCounts::containers, true},
+    {"associations", "association", "associations", &NetworkCounts::associations, true},
+};
+
 Json countsJson(const NetworkCounts& counts) {
-  return {{"nodes", counts.nodes},         {"interfaces", counts.interfaces},
-          {"addresses", counts.addresses}, {"subnets", counts.subnets},
-          {"vlans", counts.vlans},         {"links", counts.links}};
+  Json result = Json::object();
+  for (const CountedKind& kind : kCountedKinds) result[kind.member] = counts.*kind.count;
+  return result;
+}
+
+std::string countsText(const NetworkCounts& counts) {
+  std::string result = "Found";
+  for (const CountedKind& kind : kCountedKinds) {
+    const std::size_t number = counts.*kind.count;
+    if (kind.isRare && number == 0) continue;
+    result += (result.size() > 5 ? ", " : " ") + std::to_string(number) + " " +
+              (number == 1 ? kind.one : kind.many);
+  }
+  return result + "\n";
 }
 
 Json notes(const NetworkReport& report) {
@@ -56,13 +88,9 @@ Json notes(const NetworkReport& report) {
   return result;
 }
 
-std::string text(const Json& found, const WriteCounts& counts, const NetworkReport& report) {
-  std::string result = "Found";
-  for (const auto& [kind, number] : found.items()) {
-    result +=
-        (result.size() > 5 ? ", " : " ") + std::to_string(number.get<std::size_t>()) + " " + kind;
-  }
-  result += "\n" + rowsText(counts);
+std::string text(const NetworkCounts& found, const WriteCounts& counts,
+                 const NetworkReport& report) {
+  std::string result = countsText(found) + rowsText(counts);
   if (report.notes().empty()) return result;
   TextTable table({"COUNT", "NOT CARRIED OVER AS IT STANDS", "FIRST AT"});
   for (const NetworkReport::Note& note : report.notes()) {
@@ -85,11 +113,10 @@ void import(const Context& context, const ImportOptions& options, Answer& answer
     written = writeNetworks(connection, networks, options.zone, report,
                             [&](double part) { progress.show(part); });
   }
-  const Json found = countsJson(counts);
-  answer.json["found"] = found;
+  answer.json["found"] = countsJson(counts);
   answer.json["rows"] = rowsJson(written);
   answer.json["notes"] = notes(report);
-  answer.text = text(found, written, report);
+  answer.text = text(counts, written, report);
 }
 
 std::vector<std::string> formatNames() {
