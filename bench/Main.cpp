@@ -1,9 +1,11 @@
 // Measures the library on one store:
 //
 //   zntopo_bench --shape=campus|ring --nodes=NUMBER [--user-variables] --store=STORE
-//                [--benchmark_...]
+//                [--cache=cold|warm] [--benchmark_...]
 //
 // The store is a path or an ODBC connection string; it is made and filled if it is not there.
+// Benchmarks that empty the cache and those that want it full are better run apart, for filling it
+// takes as long as many of them.
 
 #include <benchmark/benchmark.h>
 
@@ -37,6 +39,9 @@ bool parse(int argc, char** argv, Setting& setting) {
       setting.nodes = std::atoi(value.c_str());
     } else if (takes(argv[i], "--store=", value)) {
       setting.store = value;
+    } else if (takes(argv[i], "--cache=", value)) {
+      if (value != "cold" && value != "warm") return false;
+      (value == "cold" ? setting.isWarmWanted : setting.isColdWanted) = false;
     } else if (argv[i] == std::string_view("--user-variables")) {
       setting.userVariables = true;
     } else {
@@ -59,6 +64,18 @@ void describe(const Setting& setting) {
 #endif
 }
 
+void registerSubjects(const Setting& setting) {
+  if (setting.isColdWanted) {
+    zntopo::bench::registerBulkRead(setting);
+    zntopo::bench::registerMemory(setting);
+  }
+  if (setting.isWarmWanted) {
+    zntopo::bench::registerWarmLookup(setting);
+    zntopo::bench::registerWarmWalk(setting);
+    zntopo::bench::registerLog(setting);
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -66,16 +83,12 @@ int main(int argc, char** argv) {
   Setting setting;
   if (!parse(argc, argv, setting)) {
     std::cerr << "usage: zntopo_bench --shape=campus|ring --nodes=NUMBER [--user-variables] "
-                 "--store=STORE [--benchmark_filter=...]\n";
+                 "--store=STORE [--cache=cold|warm] [--benchmark_filter=...]\n";
     return 2;
   }
   try {
     zntopo::bench::provideStore(setting);
-    zntopo::bench::registerBulkRead(setting);
-    zntopo::bench::registerWarmLookup(setting);
-    zntopo::bench::registerWarmWalk(setting);
-    zntopo::bench::registerLog(setting);
-    zntopo::bench::registerMemory(setting);
+    registerSubjects(setting);
     describe(setting);
     benchmark::RunSpecifiedBenchmarks();
   } catch (const std::exception& error) {

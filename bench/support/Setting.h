@@ -12,6 +12,8 @@ struct Setting {
   int nodes = 0;
   /// Nodes have user variables.
   bool userVariables = false;
+  bool isColdWanted = true;
+  bool isWarmWanted = true;
   /// The store as TV_TOPO_STORE names it.
   std::string store;
 
