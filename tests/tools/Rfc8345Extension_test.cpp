@@ -53,8 +53,9 @@ std::string router(const std::string& id, const std::string& first, const std::s
   return test::node(id, tps(tp("e1", addresses(first)) + ", " + tp("e2", addresses(second))));
 }
 
-const std::string kRouters = router("r1", R"("10.0.0.2/24", "2001:db8::2/64")", R"("10.1.0.2/24")") +
-                             ", " + router("r2", R"("10.0.0.3/24")", R"("10.1.0.3/24")");
+const std::string kRouters =
+    router("r1", R"("10.0.0.2/24", "2001:db8::2/64")", R"("10.1.0.2/24")") + ", " +
+    router("r2", R"("10.0.0.3/24")", R"("10.1.0.3/24")");
 
 std::string group(const std::string& members, const std::string& rest = "") {
   return R"("hsrp-group": [{"group-id": "g", )" + rest + R"("member": [)" + members + "]}]";
@@ -105,7 +106,8 @@ TEST(Rfc8345ExtensionTest, AnInterfaceHasEveryAttribute) {
 }
 
 TEST(Rfc8345ExtensionTest, AUserVariableHasTheTypeOfItsValuesName) {
-  const Read read(document(test::network("n", "", test::node("a", nodeAttributes(R"("user-variable": [
+  const Read read(
+      document(test::network("n", "", test::node("a", nodeAttributes(R"("user-variable": [
       {"name": "s", "short-value": -32768}, {"name": "l", "long-value": 2147483647},
       {"name": "ll", "long-long-value": "-2147483648"}, {"name": "t", "string-value": "x"},
       {"name": "f", "float-value": "1.5"}, {"name": "g", "float-value": 2.5},
@@ -126,17 +128,18 @@ TEST(Rfc8345ExtensionTest, AUserVariableHasTheTypeOfItsValuesName) {
 }
 
 TEST(Rfc8345ExtensionTest, ItsWordsWinAndThoseOfTheLowestLayerMost) {
-  const std::string lower = test::node(
-      "a", R"("ietf-l2-topology:l2-node-attributes": {"description": "other"}, )" +
-               nodeAttributes(R"("description": "low", "user-variable": [
+  const std::string lower =
+      test::node("a", R"("ietf-l2-topology:l2-node-attributes": {"description": "other"}, )" +
+                          nodeAttributes(R"("description": "low", "user-variable": [
                    {"name": "x", "long-value": 1}])") +
-               ", " + tps(tp("e", tpAttributes(R"("alias": "low")"))));
+                          ", " + tps(tp("e", tpAttributes(R"("alias": "low")"))));
   const std::string upper = test::node(
       "b", on("p", "a") + ", " +
                nodeAttributes(R"("description": "high", "contact": "high", "user-variable": [
                    {"name": "x", "long-value": 2}, {"name": "y", "long-value": 3}])") +
-               ", " + tps(tp("f", tpOn("p", "a", "e") + ", " +
-                                      tpAttributes(R"("alias": "high", "if-type": 9)"))));
+               ", " +
+               tps(tp("f", tpOn("p", "a", "e") + ", " +
+                               tpAttributes(R"("alias": "high", "if-type": 9)"))));
   for (const std::string& networks :
        {test::network("p", "", lower) + ", " + test::network("q", kL2, upper),
         test::network("q", kL2, upper) + ", " + test::network("p", "", lower)}) {
@@ -154,9 +157,10 @@ TEST(Rfc8345ExtensionTest, ItsWordsWinAndThoseOfTheLowestLayerMost) {
 }
 
 TEST(Rfc8345ExtensionTest, WhatIsNoDeviceHasNoAttributes) {
-  const Read read(document(test::network(
-      "n", kL3, test::node("Seg.x", nodeAttributes(R"("contact": "c")") + ", " +
-                                        tps(tp("e", tpAttributes(R"("alias": "a")")))))));
+  const Read read(document(
+      test::network("n", kL3,
+                    test::node("Seg.x", nodeAttributes(R"("contact": "c")") + ", " +
+                                            tps(tp("e", tpAttributes(R"("alias": "a")")))))));
   EXPECT_EQ(read.counted("node-attributes of what is no device"), 1);
   EXPECT_EQ(read.counted("termination-point-attributes of what is no interface"), 1);
 }
@@ -169,8 +173,10 @@ TEST(Rfc8345ExtensionTest, MembersOfOtherModulesWithTheSameNamesAreOtherMembers)
 }
 
 TEST(Rfc8345ExtensionTest, AnIPv6AddressHasANameAMappingAndMonitoring) {
-  const Read read(document(test::network("n", kL2, test::node("a", tps(tp("e",
-      addresses(R"("10.0.0.1/24", "2001:db8::1/64")") + ", " + tpAttributes(R"("address": [
+  const Read read(document(
+      test::network("n", kL2,
+                    test::node("a", tps(tp("e", addresses(R"("10.0.0.1/24", "2001:db8::1/64")") +
+                                                    ", " + tpAttributes(R"("address": [
         {"ip": "2001:DB8:0::1", "dns-name": "a.example", "mapped-ipv4": "10.0.0.1", "monitoring":
           {"legacy-id": "9", "ping-status": "critical", "net-to-media": "stale",
            "preference": "deprecated", "origin": "stateful", "last-time": 77}}])")))))));
@@ -188,8 +194,10 @@ TEST(Rfc8345ExtensionTest, AnIPv6AddressHasANameAMappingAndMonitoring) {
 }
 
 TEST(Rfc8345ExtensionTest, WhatAnInterfaceDoesNotHaveIsCounted) {
-  const Read read(document(test::network("n", kL3, test::node("a", tps(tp("e",
-      addresses(R"("10.0.0.1/24", "2001:db8::1/64")") + ", " + tpAttributes(R"("address": [
+  const Read read(document(
+      test::network("n", kL3,
+                    test::node("a", tps(tp("e", addresses(R"("10.0.0.1/24", "2001:db8::1/64")") +
+                                                    ", " + tpAttributes(R"("address": [
         {"ip": "10.0.0.9"}, {"ip": "x"}, {"ip": "2001:db8::1", "mapped-ipv4": "10.0.0.9"},
         {"ip": "10.0.0.1", "dns-name": "only IPv6 has one", "subnet-ref": "s"}])")))))));
   EXPECT_EQ(read.counted("address that its interface does not have"), 2);
@@ -200,7 +208,8 @@ TEST(Rfc8345ExtensionTest, WhatAnInterfaceDoesNotHaveIsCounted) {
 
 TEST(Rfc8345ExtensionTest, ASubnetOfAPrefixIsTheOneThatItsAddressesHave) {
   const Read read(withAttributes(R"("subnet": [{"subnet-id": "s", "prefix": "10.0.0.7/24",
-      "name": "office", "description": "d"}, {"subnet-id": "t"}])", kRouters, kL3));
+      "name": "office", "description": "d"}, {"subnet-id": "t"}])",
+                                 kRouters, kL3));
   const Index subnet = *read.node("r1").interfaces.at(0).addresses.at(0).subnet;
   EXPECT_EQ(read.model.subnets[subnet].name, "office");
   EXPECT_EQ(read.model.subnets[subnet].description, "d");
@@ -211,8 +220,10 @@ TEST(Rfc8345ExtensionTest, ASubnetOfAPrefixIsTheOneThatItsAddressesHave) {
 
 TEST(Rfc8345ExtensionTest, LinkLocalSubnetsAreToldApartByTheirIdentifiers) {
   const auto node = [](const std::string& id, const std::string& subnet) {
-    return test::node(id, tps(tp("e", addresses(R"("fe80::1")") + ", " + tpAttributes(
-        R"("address": [{"ip": "fe80::1", "subnet-ref": ")" + subnet + R"("}])"))));
+    return test::node(
+        id, tps(tp("e", addresses(R"("fe80::1")") + ", " +
+                            tpAttributes(R"("address": [{"ip": "fe80::1", "subnet-ref": ")" +
+                                         subnet + R"("}])"))));
   };
   const Read read(withAttributes(
       R"("subnet": [{"subnet-id": "w1", "prefix": "fe80::/64"},
@@ -229,10 +240,14 @@ TEST(Rfc8345ExtensionTest, LinkLocalSubnetsAreToldApartByTheirIdentifiers) {
 }
 
 TEST(Rfc8345ExtensionTest, AVlanThatIsToldOfNeedsNoMembers) {
-  const Read read(withAttributes(R"("vlan": [{"vlan-id": 7, "name": "seven", "description": "d",
+  const Read read(withAttributes(
+      R"("vlan": [{"vlan-id": 7, "name": "seven", "description": "d",
       "status": {"overall": 3}}, {"vlan-id": 8}, {"vlan-id": 0}, {"vlan-id": 4095}])",
-      test::node("a", tps(tp("e",
-          R"("ietf-l2-topology:l2-termination-point-attributes": {"port-vlan-id": 7})"))), kL2));
+      test::node(
+          "a",
+          tps(tp("e",
+                 R"("ietf-l2-topology:l2-termination-point-attributes": {"port-vlan-id": 7})"))),
+      kL2));
   ASSERT_EQ(read.model.vlans.size(), 2u);
   EXPECT_EQ(read.model.vlans[0].name, "seven");
   EXPECT_EQ(read.model.vlans[0].status->overall, 3);
@@ -242,8 +257,10 @@ TEST(Rfc8345ExtensionTest, AVlanThatIsToldOfNeedsNoMembers) {
 
 TEST(Rfc8345ExtensionTest, AnHsrpGroupHasMembersThatTrackInterfaces) {
   const Read read(withAttributes(
-      group(ref("r1", "e1", R"("address": "10.0.0.2", "state": "active", "priority": 120,
-                "certainty": 90, "track": [)" + ref("r1", "e2", R"("decrement": 30)") + "]") +
+      group(ref("r1", "e1",
+                R"("address": "10.0.0.2", "state": "active", "priority": 120,
+                "certainty": 90, "track": [)" +
+                    ref("r1", "e2", R"("decrement": 30)") + "]") +
                 ", " + ref("r2", "e1", R"("address": "10.0.0.3", "state": "standby")"),
             R"("number": 12, "name": "gateway", )"),
       kRouters, kL2));
@@ -266,14 +283,16 @@ TEST(Rfc8345ExtensionTest, AnHsrpGroupHasMembersThatTrackInterfaces) {
 }
 
 TEST(Rfc8345ExtensionTest, WhatAGroupRefersToMustBeThere) {
-  const Read read(withAttributes(
-      group(ref("r9", "e1", R"("address": "10.0.0.2")") + ", " +
-            ref("r1", "e9", R"("address": "10.0.0.2")") + ", " +
-            ref("r1", "e1", R"("address": "10.0.0.3")") + ", " +
-            ref("r2", "e1", R"("address": "10.0.0.3", "state": "resting", "priority": -1,
-                "certainty": 101, "track": [)" + ref("r2", "e9") + "]") +
-            ", " + ref("r2", "e1", R"("address": "10.0.0.3")")),
-      kRouters, kL3));
+  const Read read(
+      withAttributes(group(ref("r9", "e1", R"("address": "10.0.0.2")") + ", " +
+                           ref("r1", "e9", R"("address": "10.0.0.2")") + ", " +
+                           ref("r1", "e1", R"("address": "10.0.0.3")") + ", " +
+                           ref("r2", "e1",
+                               R"("address": "10.0.0.3", "state": "resting", "priority": -1,
+                "certainty": 101, "track": [)" +
+                                   ref("r2", "e9") + "]") +
+                           ", " + ref("r2", "e1", R"("address": "10.0.0.3")")),
+                     kRouters, kL3));
   ASSERT_EQ(read.model.hsrpGroups.size(), 1u);
   ASSERT_EQ(read.model.hsrpGroups[0].members.size(), 1u);
   const HsrpMemberModel& member = read.model.hsrpGroups[0].members[0];
@@ -297,9 +316,9 @@ TEST(Rfc8345ExtensionTest, TracksBeyondTheRoomForThemAreCounted) {
     ports += ", " + tp(id);
     tracks += (i == 0 ? "" : ", ") + ref("a", id, R"("decrement": 64000)");
   }
-  const Read read(withAttributes(
-      group(ref("a", "e", R"("address": "10.0.0.1", "track": [)" + tracks + "]")),
-      test::node("a", tps(ports)), kL3));
+  const Read read(
+      withAttributes(group(ref("a", "e", R"("address": "10.0.0.1", "track": [)" + tracks + "]")),
+                     test::node("a", tps(ports)), kL3));
   EXPECT_EQ(read.model.hsrpGroups.at(0).members.at(0).tracks.size(), 40u);
   EXPECT_EQ(read.counted("tracked interface beyond 40 a member"), 2);
 }
@@ -307,12 +326,14 @@ TEST(Rfc8345ExtensionTest, TracksBeyondTheRoomForThemAreCounted) {
 TEST(Rfc8345ExtensionTest, ContainersKeepTheirMembersAndTheirAssociations) {
   const Read read(withAttributes(
       R"("interface-container": [{"container-id": "a", "type": 2, "application": 3, "ordered": true,
-           "member": [)" + ref("r2", "e1", R"("containment": 4, "sequence": 2)") + ", " +
+           "member": [)" +
+          ref("r2", "e1", R"("containment": 4, "sequence": 2)") + ", " +
           ref("r1", "e2", R"("sequence": 1)") + R"(]}, {"container-id": "b", "name": "bundle"}],
          "container-association": [{"left-container": "b", "right-container": "a", "relation": 5,
            "state": 6, "state-change-time": 7, "description": "d", "extra-info": "x"},
            {"left-container": "a", "right-container": "z", "relation": 1}],
-         "mesh": [{"mesh-id": "m", "member": [)" + ref("r1", "e1") + ", " + ref("r2", "e2") + "]}]",
+         "mesh": [{"mesh-id": "m", "member": [)" +
+          ref("r1", "e1") + ", " + ref("r2", "e2") + "]}]",
       kRouters, kL3));
   ASSERT_EQ(read.model.containers.size(), 2u);
   const ContainerModel& one = read.model.containers[0];
@@ -341,8 +362,9 @@ TEST(Rfc8345ExtensionTest, ContainersKeepTheirMembersAndTheirAssociations) {
 
 TEST(Rfc8345ExtensionTest, AReferenceMayLeadToAnotherNetwork) {
   std::string upper = test::network("q", kL3, router("r3", "", ""));
-  upper.insert(1, R"("zntopo-topology:network-attributes": {"mesh": [{"mesh-id": "m", "member": [)" +
-                      ref("r1", "e1", R"("network-ref": "n")") + ", " + ref("r3", "e2") + "]}]}, ");
+  upper.insert(1,
+               R"("zntopo-topology:network-attributes": {"mesh": [{"mesh-id": "m", "member": [)" +
+                   ref("r1", "e1", R"("network-ref": "n")") + ", " + ref("r3", "e2") + "]}]}, ");
   const Read read(document(test::network("n", kL3, kRouters) + ", " + upper));
   ASSERT_EQ(read.model.meshes.size(), 1u);
   ASSERT_EQ(read.model.meshes[0].members.size(), 2u);
@@ -357,18 +379,20 @@ TEST(Rfc8345ExtensionTest, TheAuditTrailNamesObjectsThatAreThereAndThatAreGone) 
         {"node-ref": "gone"}, {"node-ref": "r1", "tp-ref": "e1"}, {"node-ref": "r1", "tp-ref": "e9"},
         {"node-ref": "r1", "tp-ref": "e1", "address": "10.0.0.2"}, {"vlan-ref": 7},
         {"subnet-ref": "s"}, {"subnet-ref": "gone"}, {"hsrp-group-ref": "g"},
-        {"interface-container-ref": "c"}, {"mesh-ref": "m"}])", kRouters, kL3));
+        {"interface-container-ref": "c"}, {"mesh-ref": "m"}])",
+      kRouters, kL3));
   std::vector<std::string> keys;
   for (const AuditModel& one : read.model.audit) keys.push_back(one.objectKey);
   const NodeModel& node = read.node("r1");
   const Index subnet = *node.interfaces[0].addresses[0].subnet;
-  EXPECT_THAT(keys, ElementsAre(
-      node.key, rfc8345::nodeKey("n", "gone"), node.interfaces[0].key,
-      rfc8345::interfaceKey("n", "r1", "e9"),
-      addressKey(node.interfaces[0].key, *IpAddress::parse("10.0.0.2")), rfc8345::vlanKey("n", 7),
-      read.model.subnets[subnet].key, rfc8345::segmentKey("n", "gone"),
-      rfc8345::groupKey("hsrp-group", "n", "g"), rfc8345::groupKey("interface-container", "n", "c"),
-      rfc8345::groupKey("mesh", "n", "m")));
+  EXPECT_THAT(
+      keys, ElementsAre(node.key, rfc8345::nodeKey("n", "gone"), node.interfaces[0].key,
+                        rfc8345::interfaceKey("n", "r1", "e9"),
+                        addressKey(node.interfaces[0].key, *IpAddress::parse("10.0.0.2")),
+                        rfc8345::vlanKey("n", 7), read.model.subnets[subnet].key,
+                        rfc8345::segmentKey("n", "gone"), rfc8345::groupKey("hsrp-group", "n", "g"),
+                        rfc8345::groupKey("interface-container", "n", "c"),
+                        rfc8345::groupKey("mesh", "n", "m")));
   EXPECT_EQ(read.model.audit[0].objectType, 1);
   EXPECT_EQ(read.model.audit[0].time, 9);
   EXPECT_EQ(read.model.audit[0].action, 2);
@@ -378,8 +402,10 @@ TEST(Rfc8345ExtensionTest, TheAuditTrailNamesObjectsThatAreThereAndThatAreGone) 
 
 TEST(Rfc8345ExtensionTest, TextsBeyondTheirColumnsAreCutAndCounted) {
   const std::string many(300, 'x');
-  const Read read(document(test::network("n", "", test::node("a",
-      nodeAttributes(R"("contact": ")" + many + R"(", "legacy-id": ")" + many + "\"")))));
+  const Read read(document(test::network(
+      "n", "",
+      test::node(
+          "a", nodeAttributes(R"("contact": ")" + many + R"(", "legacy-id": ")" + many + "\"")))));
   EXPECT_EQ(read.node("a").contact.size(), 128u);
   EXPECT_EQ(read.node("a").legacyId.size(), 36u);
   EXPECT_EQ(read.counted("contact of more than 128 bytes (cut)"), 1);
@@ -412,14 +438,16 @@ TEST(Rfc8345ExtensionTest, ErrorsSayWhere) {
       {R"("mesh": [{"mesh-id": ")" + long256 + "\"}]", "mesh/0/mesh-id: is longer than 255 bytes"},
       {R"("interface-container": [{"container-id": "c", "ordered": 1}])",
        "interface-container/0/ordered: is neither true nor false"},
-      {R"("interface-container": [{"container-id": "c", "name": ")" + long256.substr(0, 130) + "\"}]",
+      {R"("interface-container": [{"container-id": "c", "name": ")" + long256.substr(0, 130) +
+           "\"}]",
        "interface-container/0/name: is longer than 129 bytes"},
       {R"("container-association": [{"left-container": "a"}])",
        R"(container-association/0: has no member "right-container")"},
       {R"("audit": [{"time": 1}])", "audit/0: does not say which object it is about"},
       {R"("audit": [{"node-ref": "a", "tp-ref": "b", "address": "c"}])",
        "audit/0/address: is no address"},
-      {R"("vlan": [{"vlan-id": 1}, {"vlan-id": 1}])", "vlan/1/vlan-id: the VLAN 1 is told of already"},
+      {R"("vlan": [{"vlan-id": 1}, {"vlan-id": 1}])",
+       "vlan/1/vlan-id: the VLAN 1 is told of already"},
       {R"("vlan": [{}])", R"(vlan/0: has no member "vlan-id")"},
       {R"("subnet": [{"subnet-id": "s", "prefix": 1}])", "subnet/0/prefix: is no text"},
   };

@@ -19,7 +19,7 @@ inline std::string document(const std::string& networks) {
 }
 
 inline std::string network(const std::string& id, const std::string& type, const std::string& nodes,
-                    const std::string& links = "") {
+                           const std::string& links = "") {
   const std::string types = type.empty() ? "" : "\"" + type + "\": {}";
   return R"({"network-id": ")" + id + R"(", "network-types": {)" + types + R"(}, "node": [)" +
          nodes + R"(], "ietf-network-topology:link": [)" + links + "]}";
@@ -42,7 +42,8 @@ inline std::string tp(const std::string& id, const std::string& rest = "") {
   return R"({"tp-id": ")" + id + "\"" + (rest.empty() ? "" : ", ") + rest + "}";
 }
 
-inline std::string tpOn(const std::string& network, const std::string& node, const std::string& tp) {
+inline std::string tpOn(const std::string& network, const std::string& node,
+                        const std::string& tp) {
   return R"("supporting-termination-point": [{"network-ref": ")" + network + R"(", "node-ref": ")" +
          node + R"(", "tp-ref": ")" + tp + R"("}])";
 }
@@ -53,7 +54,7 @@ inline std::string addresses(const std::string& list) {
 }
 
 inline std::string link(const std::string& node1, const std::string& tp1, const std::string& node2,
-                 const std::string& tp2) {
+                        const std::string& tp2) {
   return R"({"link-id": ")" + node1 + tp1 + node2 + tp2 + R"(", "source": {"source-node": ")" +
          node1 + R"(", "source-tp": ")" + tp1 + R"("}, "destination": {"dest-node": ")" + node2 +
          R"(", "dest-tp": ")" + tp2 + R"("}})";

@@ -58,9 +58,8 @@ class Groups {
   /// The interface of "node-ref" and "tp-ref", in this network unless "network-ref" tells another.
   Reference readReference(JsonObject& object, const std::string& what) {
     const std::string network = object.text("network-ref");
-    const TpRef reference{
-        {network.empty() ? network_.id : network, object.get("node-ref").text()},
-        object.get("tp-ref").text()};
+    const TpRef reference{{network.empty() ? network_.id : network, object.get("node-ref").text()},
+                          object.get("tp-ref").text()};
     const auto end = layers_.interface(reference);
     if (!end) report_.add(what + " that does not exist", object.where());
     return end;

@@ -54,10 +54,10 @@ struct Field {
 
 namespace names {
 
-inline constexpr NumberName kStatus[] = {
-    {0, "no-status"}, {1, "normal"},     {2, "unknown"},     {3, "warning"},
-    {4, "marginal"},  {5, "major"},      {6, "critical"},    {10, "unmanaged"},
-    {11, "restricted"}, {12, "testing"}, {13, "disabled"}};
+inline constexpr NumberName kStatus[] = {{0, "no-status"}, {1, "normal"},     {2, "unknown"},
+                                         {3, "warning"},   {4, "marginal"},   {5, "major"},
+                                         {6, "critical"},  {10, "unmanaged"}, {11, "restricted"},
+                                         {12, "testing"},  {13, "disabled"}};
 inline constexpr NumberName kSnmpState[] = {{0, "responding"},
                                             {1, "not-responding"},
                                             {2, "unreachable"},
@@ -72,12 +72,17 @@ inline constexpr NumberName kNetToMedia[] = {{1, "reachable"}, {2, "stale"},   {
 inline constexpr NumberName kPreference[] = {
     {1, "preferred"}, {2, "deprecated"}, {3, "inaccessible"}, {4, "unknown"}};
 inline constexpr NumberName kOrigin[] = {{1, "stateless"}, {2, "stateful"}, {3, "unknown"}};
-inline constexpr NumberName kHsrpState[] = {
-    {1, "initial"}, {2, "learn"},  {3, "listen"}, {4, "speak"},      {5, "standby"},
-    {6, "active"},  {7, "misc"},   {8, "unavailable"}, {9, "no-response"}};
-inline constexpr NumberName kObjectType[] = {
-    {1, "node"},   {2, "interface"}, {4, "vlan"},       {7, "subnet"},
-    {10, "mesh"}, {11, "hsrp-group"}, {12, "interface-container"}, {25, "address"}};
+inline constexpr NumberName kHsrpState[] = {{1, "initial"}, {2, "learn"},       {3, "listen"},
+                                            {4, "speak"},   {5, "standby"},     {6, "active"},
+                                            {7, "misc"},    {8, "unavailable"}, {9, "no-response"}};
+inline constexpr NumberName kObjectType[] = {{1, "node"},
+                                             {2, "interface"},
+                                             {4, "vlan"},
+                                             {7, "subnet"},
+                                             {10, "mesh"},
+                                             {11, "hsrp-group"},
+                                             {12, "interface-container"},
+                                             {25, "address"}};
 inline constexpr NumberName kAuditAction[] = {
     {1, "object-deletion"},      {2, "object-creation"},    {3, "association-creation"},
     {4, "association-deletion"}, {5, "association-change"}, {6, "attribute-change"}};
@@ -91,9 +96,9 @@ inline constexpr NumberName kAuditDetail[] = {{0, "not-applicable"},
                                               {101, "hsrp-address-change"},
                                               {102, "hsrp-address-add-or-delete"}};
 /// The bits of NodeFeature.
-inline constexpr NumberName kFeature[] = {{SpeaksOspf, "ospf"},   {SpeaksBgp, "bgp"},
-                                          {SpeaksCdp, "cdp"},     {SpeaksStp, "stp"},
-                                          {SpeaksSnmp, "snmp"},   {IsMultiHomed, "multi-homed"},
+inline constexpr NumberName kFeature[] = {{SpeaksOspf, "ospf"},    {SpeaksBgp, "bgp"},
+                                          {SpeaksCdp, "cdp"},      {SpeaksStp, "stp"},
+                                          {SpeaksSnmp, "snmp"},    {IsMultiHomed, "multi-homed"},
                                           {IsWireless, "wireless"}};
 
 }  // namespace names
@@ -141,8 +146,7 @@ inline constexpr Field<MonitoringModel> kMonitoring[] = {
     {.name = "origin", .member = &MonitoringModel::origin, .names = names::kOrigin},
     {.name = "last-time", .member = &MonitoringModel::lastTime}};
 
-inline constexpr Field<SubnetModel> kSubnet[] = {
-    {.name = "is-ipv6", .member = &SubnetModel::isV6}};
+inline constexpr Field<SubnetModel> kSubnet[] = {{.name = "is-ipv6", .member = &SubnetModel::isV6}};
 
 inline constexpr Field<HsrpGroupModel> kHsrpGroup[] = {
     {.name = "number", .member = &HsrpGroupModel::number}};
