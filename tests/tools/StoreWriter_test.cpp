@@ -6,15 +6,13 @@
 #include <chrono>
 #include <thread>
 
-#include "tests/support/TestStore.h"
+#include "tests/tools/ConnectedStore.h"
 #include "tests/tools/StoreDump.h"
 #include "tools/network/StoreError.h"
 
 namespace zntopo::tools {
 namespace {
 
-using test::Engine;
-using test::TestStore;
 
 InterfaceModel interface(const std::string& key, const std::string& name) {
   InterfaceModel result;
@@ -48,30 +46,13 @@ NetworkModel smallNetwork() {
   return model;
 }
 
-class StoreWriterTest : public testing::TestWithParam<Engine> {
+class StoreWriterTest : public test::ConnectedStoreTest {
  protected:
-  void SetUp() override {
-    ZNTOPO_NEED_ENGINE(GetParam());
-    store_.emplace(GetParam());
-    TvXplMsg::MessageList_t messages;
-    const TvDbil::DbSource_t source(messages, store_->engine().store());
-    connection_.emplace(messages, &source);
-    ASSERT_TRUE(connection_->IsValid());
-  }
-  void TearDown() override {
-    connection_.reset();
-    store_.reset();
-  }
-
   WriteCounts write(const std::vector<NetworkModel>& networks, const std::string& zone = "") {
     NetworkReport report;
     return writeNetworks(*connection_, networks, zone, report);
   }
-  std::string value(const std::string& sql) { return store_->value(sql).value_or("NULL"); }
   std::string dump(bool withTimes = true) { return test::dumpStore(*connection_, withTimes); }
-
-  std::optional<TestStore> store_;
-  std::optional<TvDbil::DbConnection_t> connection_;
 };
 
 TEST_P(StoreWriterTest, WritesWhatTheLibraryNeedsToFindThings) {

@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/TestStore.h"
+#include "tests/tools/ConnectedStore.h"
 #include "tools/network/StoreError.h"
 
 namespace zntopo::tools {
 namespace {
 
-using test::Engine;
 
 RowOf<UserDefVar> variable(const std::string& name) {
   RowOf<UserDefVar> row;
@@ -25,21 +24,7 @@ RowOf<NwNode> node(const std::string& id) {
   return row;
 }
 
-class TableWriterTest : public test::StoreTest {
- protected:
-  void SetUp() override {
-    StoreTest::SetUp();
-    if (IsSkipped() || HasFatalFailure()) return;
-    TvXplMsg::MessageList_t messages;
-    const TvDbil::DbSource_t source(messages, store_->engine().store());
-    connection_.emplace(messages, &source);
-  }
-  void TearDown() override { connection_.reset(); }
-
-  std::string value(const std::string& sql) { return store_->value(sql).value_or("NULL"); }
-
-  std::optional<TvDbil::DbConnection_t> connection_;
-};
+using TableWriterTest = test::ConnectedStoreTest;
 
 TEST_P(TableWriterTest, RowsGoInHoweverManyThereAre) {
   TableInserter writer(*connection_, tableDef(UserDefVar), 7);
