@@ -17,8 +17,6 @@ class NotYetTest : public testing::Test {
   ZNTopoAPI api;
   ZNTopoAPI_Impl impl;
   ZNTopoAPIStatus status{ZN_API_NO_PATH, "of before\n"};
-  std::set<ObjID> ids = {ObjID("x")};
-  std::set<ObjID> notFound;
   const ZNTopoFilter filter;
 };
 
@@ -36,8 +34,6 @@ TEST_F(NotYetTest, QueriesAnswerWithEmptyContainersThatExist) {
   ZNTOPO_EXPECT_EMPTY(getSubnetIDsByFilter, filter, status);
   ZNTOPO_EXPECT_EMPTY(getAddressIDsByFilter, filter, status);
   ZNTOPO_EXPECT_EMPTY(getEntityIDsByFilter, filter, status);
-  ZNTOPO_EXPECT_EMPTY(getNSubnetConnectivity, 1, ObjID("x"), filter, status);
-  ZNTOPO_EXPECT_EMPTY(getConnectivity, ids, notFound, status, true, false);
   ZNTOPO_EXPECT_EMPTY(getAuditTrail, 0, 0, ZNAuditAction::TypeDontCare,
                       ZNAuditTrail::ObjectTypeDontCare, status);
   ZNTOPO_EXPECT_EMPTY(getNodeIDsByTopoFilter, "f", status);

@@ -21,8 +21,11 @@ class WalkImpl : public OpenImpl {
   using OpenImpl::OpenImpl;
 
   using ZNTopoAPI_Impl::createNewNodeList;
+  using ZNTopoAPI_Impl::doesSubnetPassFilter;
   using ZNTopoAPI_Impl::findPath;
   using ZNTopoAPI_Impl::getNeighbors2;
+  using ZNTopoAPI_Impl::getSubnetConnectivity;
+  using ZNTopoAPI_Impl::prepareProcessingList;
   using ZNTopoAPI_Impl::processedNode;
 };
 

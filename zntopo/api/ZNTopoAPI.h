@@ -282,11 +282,27 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   /// Errors: ZN_API_PATH_PROCESSING_ERROR for an empty path.
   OwnedConnDataVector convertPathInterfaceListToConnDataList(
       const std::list<ZNRefPtr<ZNInterface>>& ifList, ZNTopoAPIStatus& theStat);
-  /// The subnets within theNumHops subnet hops of an IPv6 node. The batch is not looked at.
+  /// The identifiers of the subnets within theNumHops subnet hops of an IPv6 node, in their order:
+  /// those of the IPv6 addresses on its interfaces are one hop away, those of the nodes that have
+  /// an end point in these are two.
+  ///
+  /// A subnet that does not pass the filter is neither delivered nor crossed. Of the filter the
+  /// IP level and the scope of IPv6 addresses are looked at, and nothing else. What can't be read
+  /// on the way shortens the result, and the status does not tell. The batch is not looked at.
+  /// @param theNumHops at least 1.
+  /// Errors: ZN_API_INVALID_ID for a null or unknown node, ZN_API_INVALID_NUM_HOPS,
+  /// ZN_API_NON_V6_NODE for a node whose IP level (nwnode.IPLevel) is not 6.
   OwnedIDList getNSubnetConnectivity(int theNumHops, const ObjID& theStartNodeID,
                                      const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
                                      BatchInfo* theBatch = nullptr);
-  /// The layer-2 connections around a set of nodes, one hop out.
+  /// The layer-2 connections around a set of nodes, one hop out, each once.
+  ///
+  /// The nodes are those that getNodesByObjIDList() gives, and theNotFoundIDs is what it leaves
+  /// out. The walk stops when it has met 200 nodes; the list is shorter then, and the status does
+  /// not tell.
+  /// @param includeHopNodeFlag if false, only the connections between the nodes of the set.
+  /// @param isQRMID the identifiers are legacy identifiers.
+  /// Errors: ZN_API_EMPTY_OBJID_LIST, ZN_API_INVALID_ID if none of the nodes is there.
   OwnedConnectionList getConnectivity(const ObjIDSet& theNodeIdList, ObjIDSet& theNotFoundIDs,
                                       ZNTopoAPIStatus& theStat, bool includeHopNodeFlag,
                                       bool isQRMID);

@@ -337,9 +337,11 @@ class ZNTopoAPI_Impl : protected TableSet {
                             std::list<ZNRefPtr<ZNConnData>>& theDataPath,
                             std::set<ObjID>& theVisitedNodes, ZNTopoAPIStatus& theStat,
                             bool toCrossRouter);
+  /// Appends the subnets to the list; failures shorten it.
   void getSubnetConnectivity(OwnedIDList& theList, int theNumHops,
                              const ZNRefPtr<ZNNode>& theStartNode, const ZNTopoFilter& theFilter);
   bool doesSubnetPassFilter(const ObjID& theSubnetID, const ZNTopoFilter& theFilter);
+  /// Appends the nodes on the subnets that are not in the map yet, and enters them there.
   void prepareProcessingList(const std::set<ObjID>& theSubnetIDSet,
                              std::list<ZNRefPtr<ZNNode>>& theNodeList,
                              std::map<ObjID, ZNRefPtr<ZNNode>>& theNodeMap);

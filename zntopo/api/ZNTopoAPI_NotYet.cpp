@@ -56,20 +56,6 @@ void ZNTopoAPI_Impl::refreshCacheObject(const ObjID& /*theObjID*/, bool /*isAddr
   theStatus = notYet(__func__);
 }
 
-// ---- connectivity of subnets ----
-
-ZNTopoAPI_Impl::OwnedConnectionList ZNTopoAPI_Impl::getConnectivity(
-    const ObjIDSet& /*theNodeIdList*/, ObjIDSet& /*theNotFoundIDs*/, ZNTopoAPIStatus& theStat,
-    bool /*includeHopNodeFlag*/, bool /*isQRMID*/) {
-  return nothingYet<OwnedConnectionList>(theStat, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNSubnetConnectivity(
-    int /*theNumHops*/, const ObjID& /*theStartNodeID*/, const ZNTopoFilter& /*theFilter*/,
-    ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedIDList>(theStatus, __func__);
-}
-
 // ---- attribute filters ----
 
 ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNodeIDsByFilter(const ZNTopoFilter& /*theFilter*/,
