@@ -62,6 +62,7 @@ class NetworkWriter {
                hubAddress(number));
     addAccess(Part::Leaf, number, leafAddress(number));
     addMemberships(id, upID(Part::Leaf, number));
+    addGroups(number);
     if (!size_.variables) return;
     addVariable(id);
     addVariable(upID(Part::Leaf, number));
@@ -84,6 +85,18 @@ class NetworkWriter {
                                {"ContainmentType", 30},
                                {"IFCType", 5},
                                {"SequenceNumber", 1}});
+  }
+
+  void addGroups(int number) {
+    store_.addEntity(subnetID(number), "subnet", 7);
+    store_.addEntity(vlanID(number), "vlan", 4);
+    store_.addEntity(hsrpID(number), "group", 11);
+    store_.insert("hsrpaddress", {{"ObjID", hsrpID(number)},
+                                  {"AddressID", uuid(1000 + number, 'e')},
+                                  {"AddressIfObjID", accessID(Part::Leaf, number)},
+                                  {"state", 6}});
+    store_.insert("nwifc",
+                  {{"ObjId", containerID(number)}, {"EntityName", "container"}, {"IFCType", 5}});
   }
 
   void addNamedAddress() {

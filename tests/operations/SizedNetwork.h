@@ -26,8 +26,8 @@ struct Size {
   int nodes() const { return 1 + leaves + hops + 2; }
   /// The nodes next to the hub: its leaves and the first of the chain.
   int ring() const { return leaves + 1; }
-  /// Nodes and interfaces.
-  int objects() const { return nodes() + connectedInterfaces() + leaves + 2; }
+  /// Nodes, interfaces and groups.
+  int objects() const { return nodes() + connectedInterfaces() + leaves + 2 + 4 * leaves; }
   int links() const { return leaves + hops + 1; }
   /// Every link's two ends.
   int connectedInterfaces() const { return 2 * links(); }
@@ -74,6 +74,12 @@ inline constexpr const char* kFarAddress = "10.3.0.1";
 /// The second leaf has an IPv6 address with a name.
 inline constexpr const char* kV6Address = "2001:db8::1";
 inline std::string v6AddressID() { return uuid(1, 'f'); }
+
+/// Each leaf has a subnet, a VLAN, an interface container and an HSRP group of its own.
+inline std::string subnetID(int number) { return uuid(5000 + number, 'a'); }
+inline std::string vlanID(int number) { return uuid(6000 + number, 'a'); }
+inline std::string containerID(int number) { return uuid(7000 + number, 'a'); }
+inline std::string hsrpID(int number) { return uuid(8000 + number, 'a'); }
 
 /// Fills a store with the network.
 void fillNetwork(TestStore& store, const Size& size);
