@@ -18,6 +18,9 @@ constexpr detail::SingleObjectTexts kKeepsFailure = {
 constexpr detail::SingleObjectTexts kReplacesFailure = {.beforeID = "nothing read",
                                                         .replacesFailure = true};
 
+constexpr detail::SingleObjectTexts kGivesIncomplete = {.beforeID = "nothing read",
+                                                        .givesIncomplete = true};
+
 class SingleObjectTest : public testing::Test {
  protected:
   /// The value that is found, 0 for none.
@@ -89,6 +92,15 @@ TEST_F(SingleObjectTest, AFailureIsReplacedUnlessSomethingWasRead) {
   EXPECT_EQ(status.getStatus(), ZN_API_INVALID_ID);
   EXPECT_EQ(find(kReplacesFailure, "a", {7}, ZN_API_SQL_EXEC_ERROR), 7);
   EXPECT_EQ(status.getStatus(), ZN_API_SQL_EXEC_ERROR);
+}
+
+TEST_F(SingleObjectTest, AnIncompleteObjectIsGivenWithItsFailureIfThatIsWanted) {
+  EXPECT_EQ(find(kGivesIncomplete, "a", {7}, ZN_API_SQL_EXEC_ERROR), 7);
+  EXPECT_EQ(status.getStatus(), ZN_API_SQL_EXEC_ERROR);
+  EXPECT_EQ(status.getAuxMsg(), "of the read\n");
+  EXPECT_EQ(find(kGivesIncomplete, "a", {}, ZN_API_SQL_EXEC_ERROR), 0);
+  EXPECT_EQ(status.getStatus(), ZN_API_SQL_EXEC_ERROR);
+  EXPECT_EQ(status.getAuxMsg(), "of the read\n");
 }
 
 }  // namespace

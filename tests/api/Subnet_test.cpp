@@ -267,6 +267,10 @@ TEST_P(SubnetTest, SubnetsComeBackWithoutEndPointsIfThoseFail) {
   ASSERT_THAT(*found, SizeIs(1));
   EXPECT_THAT(found->front()->getSubnetEndPointList(), IsEmpty());
   EXPECT_THAT(log.lines(), Contains("getSubnetEndPointsByObjIDLIst - error !\n"));
+  const auto subnet = api.getSubnetByObjID(ObjID("s"), status);
+  EXPECT_EQ(status.getStatus(), ZN_API_SQL_EXEC_ERROR);
+  ASSERT_FALSE(subnet.isNull());
+  EXPECT_THAT(subnet->getSubnetEndPointList(), IsEmpty());
 }
 
 TEST_P(SubnetTest, FailedStepsOfTheEndPointStatementsNameTheStatement) {

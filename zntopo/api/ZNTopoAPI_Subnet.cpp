@@ -24,10 +24,12 @@ using EndPointMap = std::map<ObjID, ZNRefPtr<EndPointList>>;
 // A failure of the read stays as it is.
 constexpr detail::SingleObjectTexts kByObjID = {
     .nullID = "Null QRM Object ID entered. ",
-    .beforeID = "getSubnetsByObjIDList - no subnet retrieve "};
+    .beforeID = "getSubnetsByObjIDList - no subnet retrieve ",
+    .givesIncomplete = true};
 constexpr detail::SingleObjectTexts kByQRMObjID = {
     .nullID = "Null QRM Object ID entered. ",
-    .beforeID = "getSubnetsByObjIDList - no subnet retrieve"};
+    .beforeID = "getSubnetsByObjIDList - no subnet retrieve",
+    .givesIncomplete = true};
 
 constexpr detail::CachedKind<ZNSubnet> kCachedByID = {
     .inCache = &ZNTopoCache::inSubnetIDCache,

@@ -19,6 +19,8 @@ struct SingleObjectTexts {
   const char* afterID = nullptr;
   /// Whatever kept the object from being read, the complaint replaces it.
   bool replacesFailure = false;
+  /// An object is given even if a part of it failed to load, with the status of that.
+  bool givesIncomplete = false;
 };
 
 template <typename T>
@@ -41,6 +43,7 @@ auto singleObject(const ObjID& id, const SingleObjectTexts& texts, ZNTopoAPIStat
     return Handle();
   }
   Handle object = firstOf(read());
+  if (texts.givesIncomplete && !object.isNull()) return object;
   if (!status.isOK() && !texts.replacesFailure) return Handle();
   if (!object.isNull()) return object;
   const std::string shownID = texts.afterID ? id.toString() + texts.afterID : "";
