@@ -78,10 +78,9 @@ class V6ConnectivityTest : public ConnectivityTest {
 
   std::vector<std::string> subnets(const std::string& node, int hops,
                                    const ZNTopoFilter& filter = anySubnet()) {
+    const auto found = api.getNSubnetConnectivity(hops, ObjID(node), filter, status);
     std::vector<std::string> ids;
-    for (const ObjID& id : *api.getNSubnetConnectivity(hops, ObjID(node), filter, status)) {
-      ids.push_back(id.getStrValue());
-    }
+    for (const ObjID& id : *found) ids.push_back(id.getStrValue());
     return ids;
   }
 
