@@ -13,6 +13,28 @@ Answer neighbors(const Desk& desk, const std::string& name, int hops) {
   return sorted(status, textsOf(*connections));
 }
 
+/// The connections around nodes; between these alone without the hop.
+Answer around(const Desk& desk, const std::set<ObjID>& nodes, bool includeHop) {
+  ZNTopoAPIStatus status;
+  std::set<ObjID> notFound;
+  const auto connections = desk.api.getConnectivity(nodes, notFound, status, includeHop, false);
+  return sorted(status, textsOf(*connections));
+}
+
+std::set<ObjID> hubAndLeaves(const Size& size) {
+  std::set<ObjID> ids = leafIDs(size);
+  ids.insert(ObjID(nodeID(Part::Hub)));
+  return ids;
+}
+
+Answer subnetsAroundGate(const Desk& desk, int hops) {
+  ZNTopoAPIStatus status;
+  const auto ids = desk.api.getNSubnetConnectivity(hops, ObjID(gateID()), ZNTopoFilter(), status);
+  std::vector<std::string> texts;
+  for (const ObjID& id : *ids) texts.push_back(id.getStrValue());
+  return {status.getStatus(), std::move(texts)};
+}
+
 /// A path keeps its order.
 template <typename Ask>
 Answer inOrder(const Ask& ask) {
@@ -46,6 +68,16 @@ constexpr Cost firstInterfaceUncached(const Size& size) { return kStatement + va
 /// The interface with the address is found through all interfaces of its node.
 constexpr Cost addressOwners(const Size& size) {
   return (kStatement + kAddresses) * 2 + variables(size);
+}
+
+/// A subnet and its end points: subnets are not kept, so each is read whenever it is met.
+constexpr Cost kSubnet = kStatement * 2;
+/// A node with its interfaces and their addresses, all read on their own.
+constexpr Cost kNodeOnSubnets = kNodes + kStatement + kAddresses;
+/// The gate lies on all subnets, and each of these leads to a host.
+constexpr Cost oneSubnetHop(const Size& size) { return kNodeOnSubnets + kSubnet * size.leaves; }
+constexpr Cost twoSubnetHops(const Size& size) {
+  return oneSubnetHop(size) + (kSubnet + kNodeOnSubnets) * size.leaves;
 }
 
 constexpr Operation kOperations[] = {
@@ -119,6 +151,27 @@ constexpr Operation kOperations[] = {
        return (kStatement + kNodes) * 2 + (kStatement + kAddresses) * batches(size.ring()) +
               kStatement + leafNodes(size) * batches(size.ring()) * size.ring();
      }},
+    {"getConnectivity of the hub",
+     [](const Desk& desk) { return around(desk, {ObjID(nodeID(Part::Hub))}, true); },
+     [](const Size& size) { return size.ring(); }, Growth::Batches,
+     [](const Size& size) { return kState + kNodes + leafNodes(size) * batches(size.ring()); },
+     kNothing, [](const Size& size) { return kNodes + leafNodes(size) * batches(size.ring()); },
+     Whole::Part},
+    {"getConnectivity between the hub and its leaves",
+     [](const Desk& desk) { return around(desk, hubAndLeaves(desk.size), false); }, kLeaves,
+     Growth::Batches,
+     [](const Size& size) { return kState + leafNodes(size) * batches(size.leaves + 1); }, kNothing,
+     [](const Size& size) { return leafNodes(size) * batches(size.leaves + 1); }, Whole::Part},
+    {"getNSubnetConnectivity", [](const Desk& desk) { return subnetsAroundGate(desk, 1); }, kLeaves,
+     Growth::Exceptional, [](const Size& size) { return kState + oneSubnetHop(size); },
+     [](const Size& size) { return kSubnet * size.leaves; },
+     // Interfaces that are not kept don't keep their addresses either.
+     [](const Size& size) { return oneSubnetHop(size) + kAddresses; }},
+    {"getNSubnetConnectivity of two hops",
+     [](const Desk& desk) { return subnetsAroundGate(desk, 2); }, kLeaves, Growth::Exceptional,
+     [](const Size& size) { return kState + twoSubnetHops(size); },
+     [](const Size& size) { return kSubnet * 2 * size.leaves; },
+     [](const Size& size) { return twoSubnetHops(size) + kAddresses * (1 + size.leaves); }},
     {"convertPathInterfaceListToConnDataList",
      [](const Desk& desk) {
        ZNTopoAPIStatus status;

@@ -80,8 +80,9 @@ constexpr Operation kOperations[] = {
      kOne, Growth::None, kTwoCold, kTwoAlways, kTwoAlways},
     {"getSubnetsByObjIDList", [](const Desk& desk) { return askSubnets(desk, false); }, kLeaves,
      Growth::None, kTwoCold, kTwoAlways, kTwoAlways},
-    {"getSubnetsByObjIDList of all subnets", [](const Desk& desk) { return askSubnets(desk, true); },
-     kLeaves, Growth::None, kTwoCold, kTwoAlways, kTwoAlways},
+    {"getSubnetsByObjIDList of all subnets",
+     [](const Desk& desk) { return askSubnets(desk, true); }, kLeaves, Growth::None, kTwoCold,
+     kTwoAlways, kTwoAlways},
     {"getVlanByObjID",
      [](const Desk& desk) {
        return one([&](ZNTopoAPIStatus& status) {
@@ -104,7 +105,8 @@ constexpr Operation kOperations[] = {
        });
      },
      kOne, Growth::None, [](const Size&) { return kState + kStatement * 4 + kVlan; },
-     [](const Size&) { return kStatement * 4; }, [](const Size&) { return kStatement * 4 + kVlan; }},
+     [](const Size&) { return kStatement * 4; },
+     [](const Size&) { return kStatement * 4 + kVlan; }},
     {"getHSRPsByObjIDList", [](const Desk& desk) { return askHSRPs(desk, false); }, kLeaves,
      Growth::None, kTwoCold, kNothing, kTwoAlways},
     {"getHSRPsByObjIDList of all groups", [](const Desk& desk) { return askHSRPs(desk, true); },

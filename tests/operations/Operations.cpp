@@ -22,6 +22,10 @@ constexpr Exception kExceptions[] = {
     {"getIfcsByObjIDList", "the data and the associations of a container are two statements each"},
     {"getIfcsByObjIDList of all containers", "two statements for each container, too"},
     {"getIfcsByType", "two statements for each container, too"},
+    {"getNSubnetConnectivity",
+     "each node, the interfaces of each and each subnet on the way are looked up on their own"},
+    {"getNSubnetConnectivity of two hops",
+     "and the cache keeps no subnet, so that each is read again on each later hop"},
 };
 
 }  // namespace

@@ -20,6 +20,7 @@ class NetworkWriter {
     addNode(Part::Isle, 2);
     link(Part::Isle, 2, nodeID(Part::Isle, 1));
     addNamedAddress();
+    addV6();
   }
 
  private:
@@ -99,20 +100,37 @@ class NetworkWriter {
                   {{"ObjId", containerID(number)}, {"EntityName", "container"}, {"IFCType", 5}});
   }
 
+  void addV6Node(int number) {
+    addNode(Part::Host, number, {{"IPLevel", 6}});
+    addInterface(accessID(Part::Host, number), nodeID(Part::Host, number), {{"hasAddress", 1}});
+  }
+
+  void addV6Address(const std::string& id, const std::string& owner, const std::string& node,
+                    const std::string& subnet, const std::string& text, const Values& more = {}) {
+    Values row = {{"AddressId", id},   {"AddressType", 2}, {"ObjId", owner},
+                  {"NodeObjId", node}, {"isSubnet", 0},    {"SubnetObjId", subnet},
+                  {"V6Address", text}, {"V6ScopeType", 3}, {"PrefixLength", 64}};
+    row.insert(more.begin(), more.end());
+    store_.insert("address", row);
+  }
+
+  void addV6() {
+    addV6Node(0);
+    for (int i = 1; i <= size_.leaves; ++i) {
+      addV6Node(i);
+      const std::string net = "2001:db8:" + std::to_string(i) + "::";
+      addV6Address(uuid(9000 + i, 'e'), accessID(Part::Host, 0), gateID(), subnetID(i), net + "1");
+      addV6Address(uuid(9500 + i, 'e'), accessID(Part::Host, i), nodeID(Part::Host, i), subnetID(i),
+                   net + "2");
+    }
+  }
+
   void addNamedAddress() {
     const std::string owner = uuid(2, 'f');
     const std::string name = uuid(3, 'f');
     addInterface(owner, nodeID(Part::Leaf, 2), {{"hasAddress", 1}});
-    store_.insert("address", {{"AddressId", v6AddressID()},
-                              {"AddressQRMId", "5001"},
-                              {"AddressType", 2},
-                              {"ObjId", owner},
-                              {"NodeObjId", nodeID(Part::Leaf, 2)},
-                              {"SubnetObjId", uuid(4, 'f')},
-                              {"isSubnet", 0},
-                              {"V6Address", kV6Address},
-                              {"V6ScopeType", 3},
-                              {"PrefixLength", 64}});
+    addV6Address(v6AddressID(), owner, nodeID(Part::Leaf, 2), uuid(4, 'f'), kV6Address,
+                 {{"AddressQRMId", "5001"}});
     store_.insert("address", {{"AddressId", name},
                               {"AddressType", 16},
                               {"ObjId", owner},

@@ -13,6 +13,8 @@
 ///     leaf 1 .. leaf N --- hub --- hop 1 --- hop 2 ... hop H          isle 1 --- isle 2
 ///
 /// It is a tree: between two nodes there is one path or none.
+///
+/// Apart from these there is a gate of IPv6 with an address in each subnet, and a host in each.
 
 namespace zntopo::test {
 
@@ -23,11 +25,11 @@ struct Size {
   /// The leaves, and their interfaces to the hub, have user variables.
   bool variables;
 
-  int nodes() const { return 1 + leaves + hops + 2; }
+  int nodes() const { return 1 + leaves + hops + 2 + 1 + leaves; }
   /// The nodes next to the hub: its leaves and the first of the chain.
   int ring() const { return leaves + 1; }
   /// Nodes, interfaces and groups.
-  int objects() const { return nodes() + connectedInterfaces() + leaves + 2 + 4 * leaves; }
+  int objects() const { return nodes() + connectedInterfaces() + leaves + 2 + 5 * leaves + 1; }
   int links() const { return leaves + hops + 1; }
   /// Every link's two ends.
   int connectedInterfaces() const { return 2 * links(); }
@@ -41,13 +43,13 @@ constexpr int batches(int identifiers) {
 
 /// What a network is made of, by number. All identifiers are UUIDs: those of different kinds have
 /// no order among each other.
-enum class Part : int { Hub = 0, Leaf = 1000, Hop = 2000, Isle = 3000 };
+enum class Part : int { Hub = 0, Leaf = 1000, Hop = 2000, Isle = 3000, Host = 4000 };
 
 inline std::string nodeID(Part part, int number = 1) {
   return uuid(static_cast<int>(part) + number, 'a');
 }
 inline std::string nodeName(Part part, int number = 1) {
-  constexpr const char* kNames[] = {"hub", "leaf", "hop", "isle"};
+  constexpr const char* kNames[] = {"hub", "leaf", "hop", "isle", "host"};
   char text[32];
   snprintf(text, sizeof text, "%s-%04d.net", kNames[static_cast<int>(part) / 1000], number);
   return text;
@@ -80,6 +82,9 @@ inline std::string subnetID(int number) { return uuid(5000 + number, 'a'); }
 inline std::string vlanID(int number) { return uuid(6000 + number, 'a'); }
 inline std::string containerID(int number) { return uuid(7000 + number, 'a'); }
 inline std::string hsrpID(int number) { return uuid(8000 + number, 'a'); }
+
+/// The node of IPv6 with an address in each subnet.
+inline std::string gateID() { return nodeID(Part::Host, 0); }
 
 /// Fills a store with the network.
 void fillNetwork(TestStore& store, const Size& size);
