@@ -85,7 +85,7 @@ void putNamed(std::vector<Named>& list, Named one) {
 
 std::string readText(const JsonPlace& place, const std::string& name, std::size_t width,
                      NetworkReport& report) {
-  const std::string text = place.prose();
+  std::string text = place.prose();
   if (width == 0 || text.size() <= width) return text;
   report.add(name + " of more than " + std::to_string(width) + " bytes (cut)", place.where());
   return cutText(text, width);
@@ -134,7 +134,7 @@ void readProperties(JsonObject& from, std::vector<PropertyModel>& properties,
 
 std::string ListKeys::read(JsonObject& element, const std::string& name, std::size_t width) {
   const JsonPlace place = element.get(name);
-  const std::string key = place.name(width);
+  std::string key = place.name(width);
   if (!known_.insert(key).second) {
     throw ImportError(place.where(), "the identifier \"" + key + "\" is taken already");
   }

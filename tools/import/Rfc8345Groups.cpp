@@ -191,7 +191,7 @@ class Groups {
     }
     const std::string tp = object.text("tp-ref");
     const auto end = layers_.interface(TpRef{node, tp});
-    const std::string key = end ? model_.at(*end).key : interfaceKey(node.network, node.node, tp);
+    std::string key = end ? model_.at(*end).key : interfaceKey(node.network, node.node, tp);
     const auto address = object.find("address");
     if (!address) return key;
     const auto ip = IpAddress::parse(address->text());
