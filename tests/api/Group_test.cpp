@@ -32,12 +32,25 @@ struct Kind {
   Texts (*ask)(OpenImpl&, const Request&);
   const char* emptyList;
   const char* table;
+  /// In the statement that reads what the groups hold.
+  const char* contents;
+  /// How the condition of a request by identifiers begins.
+  const char* condition;
   void (ZNTopoConfig::*setSize)(int);
   bool (ZNTopoCache::*isAllCached)() const;
   /// What a request costs: of n unknown to the cache, and of all n.
   int (*some)(int n);
   int (*all)(int n);
+  /// The object of an identifier in the cache.
+  const void* (*cached)(const char* id);
 };
+
+template <typename T, auto Find>
+const void* cachedObject(const char* id) {
+  ZNRefPtr<T> found;
+  (ZNTopoAPI_Impl::cache()->*Find)(ObjID(id), found);
+  return found.getObjectPointer();
+}
 
 void addVlan(TestStore& store, const std::string& id, const Values& more) {
   store.addEntity(id, "vlan " + id, 4, more);
@@ -57,23 +70,26 @@ constexpr Kind kKinds[] = {
        return idsOf(*impl.getVlansByObjIDList(request.ids, request.notFound, request.status,
                                               request.all, request.rd));
      },
-     "getVlansByObjIDLIst() - empty list ! \n", "nwentity", &ZNTopoConfig::setVlanCacheSize,
-     &ZNTopoCache::isAllVlanInCache, [](int) { return 2; }, [](int) { return 3; }},
+     "getVlansByObjIDLIst() - empty list ! \n", "nwentity", "from containment",
+     " where  ObjID in (", &ZNTopoConfig::setVlanCacheSize, &ZNTopoCache::isAllVlanInCache,
+     [](int) { return 2; }, [](int) { return 3; },
+     cachedObject<ZNVlan, &ZNTopoCache::inVlanObjIDCache>},
     {"Ifc", addIfc,
      [](OpenImpl& impl, const Request& request) {
        return idsOf(*impl.getIfcsByObjIDList(request.ids, request.notFound, request.status,
                                              request.all, request.rd));
      },
-     "getIfcsByObjIDLIst() - empty list ! \n", "from  nwifc", &ZNTopoConfig::setIfcCacheSize,
-     &ZNTopoCache::isAllIfcInCache, [](int n) { return 2 + 2 * n; },
-     [](int n) { return 2 + 2 * n; }},
+     "getIfcsByObjIDLIst() - empty list ! \n", "from  nwifc", "from nwifcctm", " where  ObjId in (",
+     &ZNTopoConfig::setIfcCacheSize, &ZNTopoCache::isAllIfcInCache, [](int n) { return 2 + 2 * n; },
+     [](int n) { return 2 + 2 * n; }, cachedObject<ZNIfc, &ZNTopoCache::inIfcObjIDCache>},
     {"HSRP", addHSRP,
      [](OpenImpl& impl, const Request& request) {
        return idsOf(*impl.getHSRPsByObjIDList(request.ids, request.notFound, request.status,
                                               request.all, request.rd));
      },
-     "getHSRPsByObjIDLIst() - empty list !\n", "nwentity", &ZNTopoConfig::setHSRPCacheSize,
-     &ZNTopoCache::isAllHSRPInCache, [](int) { return 2; }, [](int) { return 2; }},
+     "getHSRPsByObjIDLIst() - empty list !\n", "nwentity", "from hsrpaddress", " where  ObjID in (",
+     &ZNTopoConfig::setHSRPCacheSize, &ZNTopoCache::isAllHSRPInCache, [](int) { return 2; },
+     [](int) { return 2; }, cachedObject<ZNHSRP, &ZNTopoCache::inHSRPObjIDCache>},
 };
 
 class GroupTest : public ApiTest {
@@ -87,7 +103,7 @@ class GroupTest : public ApiTest {
     if (store) removeIfcs();
   }
   static void removeIfcs() {
-    for (const char* id : {"a", "b", "c", "d"}) ZNTopoAPI_Impl::cache()->removeIfc(ObjID(id));
+    for (const char* id : {"7", "a", "b", "c"}) ZNTopoAPI_Impl::cache()->removeIfc(ObjID(id));
   }
 
   void add(const Kind& kind, const Texts& ids) {
@@ -138,6 +154,8 @@ TEST_P(GroupTest, WhatTheCacheLacksIsReadAndTheRestIsNotFound) {
     EXPECT_THAT(found, UnorderedElementsAre("a", "b"));
     EXPECT_THAT(notFound, ElementsAre(ObjID("x")));
     EXPECT_THAT(spy.statements(), SizeIs(kind.some(1)));
+    EXPECT_THAT(spy.statements().front(),
+                testing::EndsWith(std::string(kind.condition) + "'a','x')"));
     EXPECT_THAT(log.lines(), Contains("FOUND " + std::string(kind.name) + " = b IN CACHE! \n"));
     EXPECT_THAT(log.lines(), Contains("List size = 1 \n"));
     spy.clear();
@@ -188,17 +206,79 @@ TEST_P(GroupTest, ALimitedRequestReadsItsRouteDistinguisherAndCountsAsAll) {
   }
 }
 
-TEST_P(GroupTest, WithALimitBelowTheirNumberEachRequestForAllIsCompleteAndReadsTheStore) {
+TEST_P(GroupTest, WithALimitBelowTheirNumberEachRequestForAllIsCompleteReadsTheStoreAndEvicts) {
+  for (const Kind& kind : kKinds) {
+    for (const bool byAge : {false, true}) {
+      SCOPED_TRACE(std::string(kind.name) + (byAge ? " by age" : ""));
+      ZNTopoAPI_Impl::cache()->clear(true);
+      removeIfcs();
+      add(kind, {"a", "b", "c"});
+      setSize(kind, 2);
+      ZNTopoAPI::getTopoConfiguration().setEnableFIFOCacheSwap(byAge);
+      for (int round = 0; round < 3; ++round) {
+        const CapturedLog log;
+        const StatementSpy spy;
+        EXPECT_THAT(all(kind), UnorderedElementsAre("a", "b", "c")) << round;
+        EXPECT_THAT(spy.statements(), SizeIs(kind.all(3))) << round;
+        EXPECT_FALSE(isAllCached(kind));
+        EXPECT_THAT(log.lines(), Contains("Reducing " + std::string(kind.name) +
+                                          " Cache - Current = 3 : Max = 2 \n"));
+      }
+      store->execute("delete from nwentity");
+      store->execute("delete from nwifc");
+    }
+  }
+}
+
+TEST_P(GroupTest, AllAreReadAnewIfTheCacheWasClearedWhileTheyWereRead) {
   for (const Kind& kind : kKinds) {
     SCOPED_TRACE(kind.name);
-    add(kind, {"a", "b", "c"});
-    setSize(kind, 2);
-    for (int round = 0; round < 3; ++round) {
-      const StatementSpy spy;
-      EXPECT_THAT(all(kind), UnorderedElementsAre("a", "b", "c")) << round;
-      EXPECT_THAT(spy.statements(), SizeIs(kind.all(3))) << round;
-      EXPECT_FALSE(isAllCached(kind));
+    add(kind, {"a", "b"});
+    StatementSpy spy;
+    spy.before(StatementSpy::Exec, kind.contents, 1, [&] {
+      ZNTopoAPIStatus other;
+      ZNTopoAPI_Impl::cache()->clear(true);
+      impl.validate(other);  // the next query has no reason to empty the cache again
+    });
+    EXPECT_THAT(all(kind), UnorderedElementsAre("a", "b"));
+    EXPECT_TRUE(status.isOK()) << status.getAuxMsg();
+    EXPECT_FALSE(isAllCached(kind));
+    spy.clear();
+    EXPECT_THAT(all(kind), UnorderedElementsAre("a", "b"));
+    EXPECT_THAT(spy.statements(), SizeIs(kind.all(2)));
+    EXPECT_TRUE(isAllCached(kind));
+    store->execute("delete from nwentity");
+  }
+}
+
+TEST_P(GroupTest, IdentifiersThatHaveNoOrderAreNeverAllCached) {
+  for (const Kind& kind : kKinds) {
+    SCOPED_TRACE(kind.name);
+    add(kind, {"7", "a"});
+    for (int round = 0; round < 2; ++round) {
+      EXPECT_THAT(all(kind), UnorderedElementsAre("7", "a")) << round;
+      EXPECT_TRUE(status.isOK()) << status.getAuxMsg();
     }
+    store->execute("delete from nwentity");
+  }
+}
+
+TEST_P(GroupTest, WhatAnotherThreadLoadedMeanwhileStaysInTheCache) {
+  for (const Kind& kind : kKinds) {
+    SCOPED_TRACE(kind.name);
+    add(kind, {"a", "b"});
+    StatementSpy spy;
+    const void* theirs = nullptr;
+    spy.before(StatementSpy::Exec, kind.contents, 1, [&] {
+      ZNTopoAPIStatus other;
+      std::set<ObjID> missing;
+      kind.ask(impl, {{"a"}, false, -1, missing, other});
+      theirs = kind.cached("a");
+    });
+    EXPECT_THAT(some(kind, {"a"}), ElementsAre("a"));
+    EXPECT_TRUE(status.isOK()) << status.getAuxMsg();
+    ASSERT_NE(theirs, nullptr);
+    EXPECT_EQ(kind.cached("a"), theirs);
     store->execute("delete from nwentity");
   }
 }

@@ -19,9 +19,16 @@ class ZNTopoCachePeer {
     cache_.now_ = now;
   }
 
-  void setAllVlanLoaded() { cache_.setAllVlanLoaded(); }
-  void setAllIfcLoaded() { cache_.setAllIfcLoaded(); }
-  void setAllHSRPLoaded() { cache_.setAllHSRPLoaded(); }
+  auto vlanLosses() { return cache_.vlanLosses(); }
+  auto ifcLosses() { return cache_.ifcLosses(); }
+  auto hsrpLosses() { return cache_.hsrpLosses(); }
+  void setAllVlanLoaded(unsigned long since) { cache_.setAllVlanLoaded(since); }
+  void setAllIfcLoaded(unsigned long since) { cache_.setAllIfcLoaded(since); }
+  void setAllHSRPLoaded(unsigned long since) { cache_.setAllHSRPLoaded(since); }
+  /// Of a load in which nothing was lost.
+  void setAllVlanLoaded() { setAllVlanLoaded(vlanLosses()); }
+  void setAllIfcLoaded() { setAllIfcLoaded(ifcLosses()); }
+  void setAllHSRPLoaded() { setAllHSRPLoaded(hsrpLosses()); }
   auto getAllVlans() { return cache_.getAllVlans(); }
   auto getAllIfcs() { return cache_.getAllIfcs(); }
   auto getAllHSRPs() { return cache_.getAllHSRPs(); }

@@ -243,10 +243,79 @@ TEST_F(ZNTopoCacheTest, TheWholeKindComesInTheOrderOfIdentifiers) {
     for (const auto& object : *objects) ids.push_back(object->getObjID());
     return ids;
   };
+  peer.setAllVlanLoaded();
+  peer.setAllIfcLoaded();
+  peer.setAllHSRPLoaded();
   const std::vector<ObjID> ordered = {1, 2, 3};
   EXPECT_EQ(ordered, idsOf(peer.getAllVlans()));
   EXPECT_EQ(ordered, idsOf(peer.getAllIfcs()));
   EXPECT_EQ(ordered, idsOf(peer.getAllHSRPs()));
+}
+
+TEST_F(ZNTopoCacheTest, TheWholeKindIsNotGivenUnlessItIsThere) {
+  cache.getTopoConfig().setVlanCacheSize(1);
+  cache.useVlan(Vlans::make(1));
+  cache.useIfc(Ifcs::make(1));
+  cache.useHSRP(HSRPs::make(1));
+  EXPECT_EQ(nullptr, peer.getAllVlans());
+  EXPECT_EQ(nullptr, peer.getAllIfcs());
+  EXPECT_EQ(nullptr, peer.getAllHSRPs());
+  peer.setAllVlanLoaded();
+  EXPECT_EQ(1u, peer.getAllVlans()->size());
+  cache.useVlan(Vlans::make(2));
+  EXPECT_EQ(nullptr, peer.getAllVlans());
+}
+
+TEST_F(ZNTopoCacheTest, AKindIsNotWholeIfTheCacheWasClearedWhileItWasLoaded) {
+  const auto vlanLosses = peer.vlanLosses();
+  const auto ifcLosses = peer.ifcLosses();
+  const auto hsrpLosses = peer.hsrpLosses();
+  cache.useVlan(Vlans::make(1));
+  cache.useIfc(Ifcs::make(1));
+  cache.useHSRP(HSRPs::make(1));
+  cache.clear(true);
+  peer.setAllVlanLoaded(vlanLosses);
+  peer.setAllIfcLoaded(ifcLosses);
+  peer.setAllHSRPLoaded(hsrpLosses);
+  EXPECT_FALSE(cache.isAllVlanInCache());
+  EXPECT_FALSE(cache.isAllIfcInCache());
+  EXPECT_FALSE(cache.isAllHSRPInCache());
+}
+
+TEST_F(ZNTopoCacheTest, AKindIsNotWholeIfSomethingWasRemovedWhileItWasLoaded) {
+  const auto ifcLosses = peer.ifcLosses();
+  const auto hsrpLosses = peer.hsrpLosses();
+  cache.removeIfc(1);
+  cache.removeHSRP(1);
+  peer.setAllIfcLoaded(ifcLosses);
+  peer.setAllHSRPLoaded(hsrpLosses);
+  EXPECT_FALSE(cache.isAllIfcInCache());
+  EXPECT_FALSE(cache.isAllHSRPInCache());
+}
+
+TEST_F(ZNTopoCacheTest, AKindIsNotWholeIfAnObjectOfTheLoadWasRefused) {
+  auto losses = peer.vlanLosses();
+  cache.useVlan(Vlans::make(1));
+  cache.useVlan(Vlans::make(ObjID("of another kind")));
+  peer.setAllVlanLoaded(losses);
+  EXPECT_FALSE(cache.isAllVlanInCache());
+  // For a moment the kind was not to be kept.
+  losses = peer.vlanLosses();
+  cache.getTopoConfig().setVlanCacheSize(0);
+  cache.useVlan(Vlans::make(2));
+  cache.getTopoConfig().setVlanCacheSize(10);
+  peer.setAllVlanLoaded(losses);
+  EXPECT_FALSE(cache.isAllVlanInCache());
+}
+
+TEST_F(ZNTopoCacheTest, WhatOtherThreadsUseWhileAKindIsLoadedTakesNothingFromIt) {
+  const auto losses = peer.vlanLosses();
+  cache.useVlan(Vlans::make(1));
+  cache.useVlan(Vlans::make(1));
+  cache.removeHSRP(1);
+  cache.removeNode(1);
+  peer.setAllVlanLoaded(losses);
+  EXPECT_TRUE(cache.isAllVlanInCache());
 }
 
 TEST_F(ZNTopoCacheTest, TheMapsAreGivenAsCopies) {

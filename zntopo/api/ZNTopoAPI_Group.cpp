@@ -76,15 +76,27 @@ struct ZNTopoAPI_Impl::GroupKind {
 
   detail::CachedKind<T> cached;
   int (ZNTopoConfig::*cacheSize)() const;
-  bool (ZNTopoCache::*isAllCached)() const;
+  /// All of them, or null unless all are cached.
   std::unique_ptr<GroupList<T>> (ZNTopoCache::*allCached)() const;
-  void (ZNTopoCache::*setAllLoaded)();
+  unsigned long (ZNTopoCache::*losses)() const;
+  void (ZNTopoCache::*setAllLoaded)(unsigned long lossesBefore);
   /// Logged for each group that is handed to the cache, if there.
   const char* useLine = nullptr;
 
   /// A cache that keeps none of them never holds them all.
   bool isKept(const ZNTopoCache& cache) const { return (cache.getTopoConfig().*cacheSize)() > 0; }
 };
+
+// Whatever route distinguisher is asked for: the cache gives all that it has.
+template <typename T>
+std::unique_ptr<std::list<ZNRefPtr<T>>> ZNTopoAPI_Impl::allCachedGroups(const GroupKind<T>& kind) {
+  if (!kind.isKept(*cache())) return nullptr;
+  auto groups = (cache()->*kind.allCached)();
+  if (!groups) return nullptr;
+  MCLog::log(MC_INFO, "Retrieve all %ss from cache\n", kind.name);
+  MCLog::log(MC_INFO, "Number of %s in Cache = %d\n", kind.name, static_cast<int>(groups->size()));
+  return groups;
+}
 
 template <typename T>
 std::unique_ptr<std::list<ZNRefPtr<T>>> ZNTopoAPI_Impl::groupsByObjIDList(
@@ -97,14 +109,10 @@ std::unique_ptr<std::list<ZNRefPtr<T>>> ZNTopoAPI_Impl::groupsByObjIDList(
     detail::setFailure(theStatus, ZN_API_EMPTY_OBJID_LIST, kind.emptyList);
     return theGroups;
   }
-  // Whatever route distinguisher is asked for: the cache gives all that it has.
-  if (getAll && kind.isKept(*cache()) && (cache()->*kind.isAllCached)()) {
-    MCLog::log(MC_INFO, "Retrieve all %ss from cache\n", kind.name);
-    theGroups = (cache()->*kind.allCached)();
-    MCLog::log(MC_INFO, "Number of %s in Cache = %d\n", kind.name,
-               static_cast<int>(theGroups->size()));
-    return theGroups;
+  if (getAll) {
+    if (auto all = allCachedGroups(kind)) return all;
   }
+  const unsigned long lossesBefore = (cache()->*kind.losses)();
   MCLog::log(MC_INFO, "Some %ss are not in cache, continue to get from DB\n", kind.name);
   std::string condition = kind.allCondition(aRD);
   if (!getAll) {
@@ -115,25 +123,33 @@ std::unique_ptr<std::list<ZNRefPtr<T>>> ZNTopoAPI_Impl::groupsByObjIDList(
     }
     condition = detail::quotedList(kind.conditionStart, missing);
   }
+  readGroups(kind, condition, *theGroups, theStatus, getAll);
+  if (!theStatus.isOK()) return theGroups;
+  // A request that is limited to a route distinguisher counts as one for all here, too.
+  if (getAll && kind.isKept(*cache())) (cache()->*kind.setAllLoaded)(lossesBefore);
+  if (!getAll) theNotFoundIDs = detail::notDelivered(theObjIDs, *theGroups, kind.cached.idOf);
+  return theGroups;
+}
+
+/// Appends the groups of a condition, and hands all of the list to the cache whose parts did not
+/// fail.
+template <typename T>
+void ZNTopoAPI_Impl::readGroups(const GroupKind<T>& kind, std::string& condition,
+                                GroupList<T>& theGroups, ZNTopoAPIStatus& theStatus, bool getAll) {
   const auto entities =
       (this->*kind.readEntities)(condition, theStatus, kind.alwaysLoadsVariables || !getAll);
   MCLog::log(MC_INFO, "List size = %d \n", static_cast<int>(entities->size()));
   const auto read = detail::entitiesOfKind<T>(*entities, kind.type);
-  theGroups->insert(theGroups->end(), read.begin(), read.end());
+  theGroups.insert(theGroups.end(), read.begin(), read.end());
   // What failed already has told its status, which a loader would reset.
-  if (!theStatus.isOK()) return theGroups;
+  if (!theStatus.isOK()) return;
   const auto loaded = kind.loadDetails(*this, read, getAll, theStatus);
-  for (const ZNRefPtr<T>& group : theStatus.isOK() ? *theGroups : loaded) {
+  for (const ZNRefPtr<T>& group : theStatus.isOK() ? theGroups : loaded) {
     if (kind.useLine) {
       detail::logLine(MC_INFO, kind.useLine, detail::shown(MC_INFO, group->getObjID()));
     }
     (cache()->*kind.cached.use)(group);
   }
-  if (!theStatus.isOK()) return theGroups;
-  // A request that is limited to a route distinguisher counts as one for all here, too.
-  if (getAll && kind.isKept(*cache())) (cache()->*kind.setAllLoaded)();
-  if (!getAll) theNotFoundIDs = detail::notDelivered(theObjIDs, *theGroups, kind.cached.idOf);
-  return theGroups;
 }
 
 // ---- VLANs ------------------------------------------------------------------------------------
@@ -156,8 +172,8 @@ ZNTopoAPI_Impl::OwnedVlanList ZNTopoAPI_Impl::getVlansByObjIDList(const ObjIDSet
                  .foundLine = "FOUND Vlan = %s IN CACHE! \n",
                  .idOf = &ZNVlan::getObjID},
       .cacheSize = &ZNTopoConfig::getVlanCacheSize,
-      .isAllCached = &ZNTopoCache::isAllVlanInCache,
       .allCached = &ZNTopoCache::getAllVlans,
+      .losses = &ZNTopoCache::vlanLosses,
       .setAllLoaded = &ZNTopoCache::setAllVlanLoaded,
   };
   const detail::OperationScope scope("getVlansByObjIDList");
@@ -194,8 +210,8 @@ ZNTopoAPI_Impl::OwnedIfcList ZNTopoAPI_Impl::getIfcsByObjIDList(const ObjIDSet& 
                  .missedLine = "Cannot FOUND Ifc = %s IN CACHE! \n",
                  .idOf = &ZNIfc::getObjID},
       .cacheSize = &ZNTopoConfig::getIfcCacheSize,
-      .isAllCached = &ZNTopoCache::isAllIfcInCache,
       .allCached = &ZNTopoCache::getAllIfcs,
+      .losses = &ZNTopoCache::ifcLosses,
       .setAllLoaded = &ZNTopoCache::setAllIfcLoaded,
       .useLine = "getIfcsByObjIDList inserting into cache the Ifc=%s\n",
   };
@@ -232,8 +248,8 @@ ZNTopoAPI_Impl::OwnedHSRPList ZNTopoAPI_Impl::getHSRPsByObjIDList(const ObjIDSet
                  .foundLine = "FOUND HSRP = %s IN CACHE! \n",
                  .idOf = &ZNHSRP::getObjID},
       .cacheSize = &ZNTopoConfig::getHSRPCacheSize,
-      .isAllCached = &ZNTopoCache::isAllHSRPInCache,
       .allCached = &ZNTopoCache::getAllHSRPs,
+      .losses = &ZNTopoCache::hsrpLosses,
       .setAllLoaded = &ZNTopoCache::setAllHSRPLoaded,
   };
   const detail::OperationScope scope("getHSRPsByObjIDList");

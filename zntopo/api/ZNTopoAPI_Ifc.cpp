@@ -18,12 +18,12 @@ ZNTopoAPI_Impl::OwnedIfcList ZNTopoAPI_Impl::getIfcsByType(const int& theIfcType
   theStatus.reset();
   auto theIfcs = std::make_unique<std::list<ZNRefPtr<ZNIfc>>>();
   if (!validate(theStatus)) return theIfcs;
-  if (cache()->getTopoConfig().getIfcCacheSize() > 0 && cache()->isAllIfcInCache()) {
+  auto cached = cache()->getTopoConfig().getIfcCacheSize() > 0 ? cache()->getAllIfcs() : nullptr;
+  if (cached) {
     MCLog::log(MC_INFO, "Retrieve all Ifcs from cache\n");
-    theIfcs = cache()->getAllIfcs();
-    theIfcs->remove_if(
+    cached->remove_if(
         [&](const ZNRefPtr<ZNIfc>& container) { return container->getIfcType() != theIfcType; });
-    return theIfcs;
+    return cached;
   }
   MCLog::log(MC_INFO, "Some Ifcs are not in cache, continue to get from DB\n");
   std::string condition = detail::ifcsOfType(theIfcType, aRD);

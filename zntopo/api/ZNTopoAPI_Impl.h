@@ -373,6 +373,12 @@ class ZNTopoAPI_Impl : protected TableSet {
                                                             ObjIDSet& theNotFoundIDs,
                                                             ZNTopoAPIStatus& theStatus, bool getAll,
                                                             int aRD);
+  /// All groups of a kind, null unless the cache holds them all.
+  template <typename T>
+  std::unique_ptr<std::list<ZNRefPtr<T>>> allCachedGroups(const GroupKind<T>& kind);
+  template <typename T>
+  void readGroups(const GroupKind<T>& kind, std::string& condition,
+                  std::list<ZNRefPtr<T>>& theGroups, ZNTopoAPIStatus& theStatus, bool getAll);
   ZNRefPtr<ZNNode> singleNode(const ObjID& id, bool isQRMID, ZNTopoAPIStatus& theStatus);
   /// The parts of the requests for nodes and interfaces that the cache does not have.
   OwnedNodeList readNodes(const std::list<ObjID>& missing, const ObjIDSet& theNodeIDs,

@@ -56,7 +56,7 @@ void removeFromWhole(ZNMutex& mutex, Shelf<Kind>& shelf, const ObjID& id) {
   typename Shelf<Kind>::Leaving leaving;
   MutexLockInternal lock(mutex);
   shelf.remove(id, leaving);
-  shelf.setAllLoaded(false);
+  shelf.setNotAllLoaded();
 }
 
 /// Calls a step with the oldest identifier while the age order is longer than a size and the
@@ -237,34 +237,38 @@ bool ZNTopoCache::isAllHSRPInCache() const {
   return shelves_->hsrps.isComplete();
 }
 
-void ZNTopoCache::setAllVlanLoaded() {
+unsigned long ZNTopoCache::vlanLosses() const { return shelves_->vlans.losses(); }
+unsigned long ZNTopoCache::ifcLosses() const { return shelves_->ifcs.losses(); }
+unsigned long ZNTopoCache::hsrpLosses() const { return shelves_->hsrps.losses(); }
+
+void ZNTopoCache::setAllVlanLoaded(unsigned long lossesBefore) {
   MutexLockInternal lock(myMutex);
-  shelves_->vlans.setAllLoaded(true);
+  shelves_->vlans.setAllLoaded(lossesBefore);
 }
 
-void ZNTopoCache::setAllIfcLoaded() {
+void ZNTopoCache::setAllIfcLoaded(unsigned long lossesBefore) {
   MutexLockInternal lock(myMutex);
-  shelves_->ifcs.setAllLoaded(true);
+  shelves_->ifcs.setAllLoaded(lossesBefore);
 }
 
-void ZNTopoCache::setAllHSRPLoaded() {
+void ZNTopoCache::setAllHSRPLoaded(unsigned long lossesBefore) {
   MutexLockInternal lock(myMutex);
-  shelves_->hsrps.setAllLoaded(true);
+  shelves_->hsrps.setAllLoaded(lossesBefore);
 }
 
 std::unique_ptr<std::list<ZNRefPtr<ZNVlan>>> ZNTopoCache::getAllVlans() const {
   MutexLockInternal lock(myMutex);
-  return shelves_->vlans.all();
+  return shelves_->vlans.isComplete() ? shelves_->vlans.all() : nullptr;
 }
 
 std::unique_ptr<std::list<ZNRefPtr<ZNIfc>>> ZNTopoCache::getAllIfcs() const {
   MutexLockInternal lock(myMutex);
-  return shelves_->ifcs.all();
+  return shelves_->ifcs.isComplete() ? shelves_->ifcs.all() : nullptr;
 }
 
 std::unique_ptr<std::list<ZNRefPtr<ZNHSRP>>> ZNTopoCache::getAllHSRPs() const {
   MutexLockInternal lock(myMutex);
-  return shelves_->hsrps.all();
+  return shelves_->hsrps.isComplete() ? shelves_->hsrps.all() : nullptr;
 }
 
 ZNTopoCache::NodeIDMapType ZNTopoCache::getNodeIDMap() const {

@@ -172,9 +172,18 @@ class ZNTOPO_EXPORT ZNTopoCache {
   using Clock = long (*)();
 
   // For the retrieval operations, which load whole tables.
-  void setAllVlanLoaded();
-  void setAllIfcLoaded();
-  void setAllHSRPLoaded();
+
+  /// What a load of a whole kind notes before it reads the store: how often objects of the kind
+  /// were lost other than by an eviction.
+  unsigned long vlanLosses() const;
+  unsigned long ifcLosses() const;
+  unsigned long hsrpLosses() const;
+  /// The kind was read as a whole and used. It does not count as loaded if something was lost
+  /// since then: another thread may have cleared the cache in the midst of it.
+  void setAllVlanLoaded(unsigned long lossesBefore);
+  void setAllIfcLoaded(unsigned long lossesBefore);
+  void setAllHSRPLoaded(unsigned long lossesBefore);
+  /// All objects of a kind, in the order of their identifiers; null unless they are all there.
   std::unique_ptr<std::list<ZNRefPtr<ZNVlan>>> getAllVlans() const;
   std::unique_ptr<std::list<ZNRefPtr<ZNIfc>>> getAllIfcs() const;
   std::unique_ptr<std::list<ZNRefPtr<ZNHSRP>>> getAllHSRPs() const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <atomic>
 #include <cstddef>
 #include <list>
 #include <map>
@@ -59,7 +60,10 @@ class Shelf {
       return;
     }
     const ObjID id = Kind::idOf(*object);
-    if (refuses(id, (config.*Kind::kSize)())) return;
+    if (refuses(id, (config.*Kind::kSize)())) {
+      ++losses_;
+      return;
+    }
     Leaving leaving;  // dies after the lock
     {
       MutexLockInternal lock(mutex);
@@ -106,9 +110,23 @@ class Shelf {
 
   /// True if all objects of the store were loaded and none was evicted since.
   bool isComplete() const { return !swappedOut_ && allLoaded_; }
-  void setAllLoaded(bool loaded) { allLoaded_ = loaded; }
+  /// Rises with each object that was refused or removed, and with each clearing: what a load of
+  /// the whole kind notes before it reads the store. Needs no lock.
+  unsigned long losses() const { return losses_; }
+  /// All objects of the store were loaded and used. If something of it may be lost since, which
+  /// another thread can bring about at any time, they are not all here.
+  void setAllLoaded(unsigned long lossesBefore) {
+    if (losses_ == lossesBefore) allLoaded_ = true;
+  }
+  void setNotAllLoaded() {
+    ++losses_;
+    allLoaded_ = false;
+  }
   void setSwappedOut() { swappedOut_ = true; }
-  void resetFlags() { swappedOut_ = allLoaded_ = false; }
+  void resetFlags() {
+    setNotAllLoaded();
+    swappedOut_ = false;
+  }
 
  private:
   friend class zntopo::ZNTopoCachePeer;
@@ -143,6 +161,7 @@ class Shelf {
     const bool ages = Kind::agesBy(config);
     if (ages) contents_.ages.remove(id);
     const bool isHeld = store(id, object, leaving);
+    if (!isHeld) ++losses_;
     makeRoom(config, leaving);
     // Behind the eviction, so that the oldest is never the object that was just used.
     if (ages && isHeld) contents_.ages.append(id);
@@ -208,6 +227,7 @@ class Shelf {
   Contents contents_;
   bool swappedOut_ = false;
   bool allLoaded_ = false;
+  std::atomic<unsigned long> losses_{0};
 };
 
 }  // namespace zntopo::detail
