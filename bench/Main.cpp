@@ -67,11 +67,14 @@ void describe(const Setting& setting) {
 void registerSubjects(const Setting& setting) {
   if (setting.isColdWanted) {
     zntopo::bench::registerBulkRead(setting);
+    zntopo::bench::registerGroupRead(setting);
     zntopo::bench::registerMemory(setting);
   }
   if (setting.isWarmWanted) {
     zntopo::bench::registerWarmLookup(setting);
     zntopo::bench::registerWarmWalk(setting);
+    zntopo::bench::registerWarmGroups(setting);
+    zntopo::bench::registerSubnetWalk(setting);
     zntopo::bench::registerLog(setting);
   }
 }

@@ -12,8 +12,11 @@
 namespace zntopo::bench {
 
 void registerBulkRead(const Setting& setting);
+void registerGroupRead(const Setting& setting);
 void registerLog(const Setting& setting);
 void registerMemory(const Setting& setting);
+void registerSubnetWalk(const Setting& setting);
+void registerWarmGroups(const Setting& setting);
 void registerWarmLookup(const Setting& setting);
 void registerWarmWalk(const Setting& setting);
 

@@ -41,6 +41,9 @@ ZNTopoConfig roomyConfig(const Setting& setting, bool withLists) {
   config.setNodeCacheSize(setting.nodes * 2);
   config.setInterfaceCacheSize(setting.nodes * kObjectsPerNode);
   config.setAddressCacheSize(setting.nodes * kObjectsPerNode);
+  config.setVlanCacheSize(setting.nodes);
+  config.setIfcCacheSize(setting.nodes);
+  config.setHSRPCacheSize(setting.nodes);
   config.setLoadNodeL2ConnectionInfo(withLists);
   config.setLoadNodeIfcInfo(withLists);
   config.setLoadNodeVlanInfo(withLists);
