@@ -118,7 +118,7 @@ class RandomSubnetsTest : public V6ConnectivityTest {
       const std::size_t before = reached.size();
       graph.hop(reachedNodes, reached, filter);
       growing += reached.size() > before;
-      std::vector<std::string> expected;
+      std::list<std::string> expected;
       for (const int subnet : reached) expected.push_back(Graph::subnetID(subnet));
       EXPECT_THAT(subnets(Graph::nodeID(start), hops, filter), testing::ElementsAreArray(expected));
       EXPECT_TRUE(status.isOK());
