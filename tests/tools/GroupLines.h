@@ -13,8 +13,8 @@
 #include "zntopo/model/SubnetEndPoint.h"
 
 /// @file
-/// What a network says of its subnets, VLANs, HSRP groups and containers, and what the library reads
-/// of them in a store: in the same words, so that they can be compared.
+/// What a network says of its subnets, VLANs, HSRP groups and containers, and what the library
+/// reads of them in a store: in the same words, so that they can be compared.
 
 namespace zntopo::test {
 
@@ -110,8 +110,9 @@ class ToldGroups {
     lines.insert(join({"is", std::to_string(container.type), std::to_string(container.application),
                        container.isOrdered ? "ordered" : "unordered"}));
     std::vector<tools::ContainerMemberModel> members = container.members;
-    std::stable_sort(members.begin(), members.end(),
-                     [](const auto& one, const auto& other) { return one.sequence < other.sequence; });
+    std::stable_sort(members.begin(), members.end(), [](const auto& one, const auto& other) {
+      return one.sequence < other.sequence;
+    });
     std::vector<std::string> parts = {"members"};
     for (const tools::ContainerMemberModel& member : members) {
       parts.push_back(std::to_string(member.sequence) + " " + id(model, member.interface) + " " +
@@ -125,11 +126,10 @@ class ToldGroups {
     const tools::ContainerModel& left = model.containers[one.left];
     const tools::ContainerModel& right = model.containers[one.right];
     const auto orDash = [](const std::string& text) { return text.empty() ? "-" : text; };
-    const std::string line = join({"association", id(left.key), id(right.key),
-                                   std::to_string(left.type), std::to_string(right.type),
-                                   std::to_string(one.relation), std::to_string(one.state),
-                                   std::to_string(one.stateChangeTime), orDash(one.description),
-                                   orDash(one.extraInfo)});
+    const std::string line =
+        join({"association", id(left.key), id(right.key), std::to_string(left.type),
+              std::to_string(right.type), std::to_string(one.relation), std::to_string(one.state),
+              std::to_string(one.stateChangeTime), orDash(one.description), orDash(one.extraInfo)});
     lines_.containers[id(left.key)].insert(line);
     lines_.containers[id(right.key)].insert(line);
   }
@@ -165,16 +165,16 @@ class ReadGroups {
       }
       for (const ZNVlanInfo& info : vlan->getVlanInfoList()) {
         for (const ZNVlanIFInfo& member : info.getVlanIFInfoList()) {
-          lines.insert(join({"member", info.getNodeObjID().toString(),
-                             member.getIFObjID().toString()}));
+          lines.insert(
+              join({"member", info.getNodeObjID().toString(), member.getIFObjID().toString()}));
         }
       }
     }
   }
 
   void readSubnets() {
-    const auto subnets = api_.getSubnetsByObjIDList({}, status_, false, true,
-                                                    ZNEntity::AllProtocol, -1);
+    const auto subnets =
+        api_.getSubnetsByObjIDList({}, status_, false, true, ZNEntity::AllProtocol, -1);
     noteFailure(lines_.subnets, "subnets");
     for (const auto& subnet : *subnets) {
       auto& lines = lines_.subnets[subnet->getObjID().toString()];
@@ -235,9 +235,9 @@ class ReadGroups {
   static void readAssociation(const ZNIfcAssocInfo& one, std::set<std::string>& lines) {
     lines.insert(join({"association", one.getLeftIfcId().toString(), one.getRightIfcId().toString(),
                        std::to_string(one.getLeftIfcType()), std::to_string(one.getRightIfcType()),
-                       std::to_string(one.getIfcRelationType()), std::to_string(one.getAssocState()),
-                       std::to_string(one.getAssocStateTime()), one.getAssocDescription(),
-                       one.getAssocExtraInfo()}));
+                       std::to_string(one.getIfcRelationType()),
+                       std::to_string(one.getAssocState()), std::to_string(one.getAssocStateTime()),
+                       one.getAssocDescription(), one.getAssocExtraInfo()}));
   }
 
   ZNTopoAPI& api_;

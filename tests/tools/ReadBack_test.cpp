@@ -37,9 +37,10 @@ NetworkModel readSample(const std::string& name) {
 std::size_t countLines(const Lines& lines, const std::string& word) {
   std::size_t count = 0;
   for (const auto& [id, said] : lines) {
-    count += static_cast<std::size_t>(std::count_if(
-        said.begin(), said.end(),
-        [&](const std::string& line) { return line.compare(0, word.size() + 1, word + " ") == 0; }));
+    count += static_cast<std::size_t>(
+        std::count_if(said.begin(), said.end(), [&](const std::string& line) {
+          return line.compare(0, word.size() + 1, word + " ") == 0;
+        }));
   }
   return count;
 }

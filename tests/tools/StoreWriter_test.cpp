@@ -13,7 +13,6 @@
 namespace zntopo::tools {
 namespace {
 
-
 InterfaceModel interface(const std::string& key, const std::string& name) {
   InterfaceModel result;
   result.key = key;

@@ -8,7 +8,6 @@
 namespace zntopo::tools {
 namespace {
 
-
 RowOf<UserDefVar> variable(const std::string& name) {
   RowOf<UserDefVar> row;
   row["ObjID"] = "an-object";
