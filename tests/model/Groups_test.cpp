@@ -61,6 +61,21 @@ TEST_F(ZNSubnetTest, AnEndPointPrintsEmptyNamesForWhatCanNotBeRead) {
             endPoint("n", "", "a").toString(ActiveDB));
 }
 
+TEST_F(ZNSubnetTest, EndPointsPrintNumberedFromZeroWithTheNamesOfTheSubnetsTableSet) {
+  const ZNSubnet subnet(entity(), {endPoint("n1", "i1", "a1"), endPoint("n2", "i2", "a2")});
+  EXPECT_THAT(
+      subnet.toString(),
+      testing::HasSubstr("\nSubnetEndPoint:\n======================================="
+                         "\n0)(NodeID:n1, IFID:i1, AddressID:a1) (NodeName:, IFName:, Address:)"
+                         "\n1)(NodeID:n2, IFID:i2, AddressID:a2) (NodeName:, IFName:, Address:)"
+                         "\n======================================="));
+  EXPECT_THAT(gateway().calls(),
+              testing::IsSupersetOf({"getNodeByObjID(1, n1)", "getNodeByObjID(1, n2)"}));
+  EXPECT_THAT(ZNSubnet(entity()).toString(),
+              testing::HasSubstr("\nSubnetEndPoint:\n======================================="
+                                 "\n======================================="));
+}
+
 TEST_F(ZNSubnetTest, ASubnetIsOfItsOwnKindAndWithoutEndPoints) {
   const ZNSubnet subnet(entity(E_Node));
   EXPECT_EQ(E_Subnet, subnet.getEntityType());

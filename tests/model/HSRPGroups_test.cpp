@@ -4,6 +4,17 @@
 #include "zntopo/model/ZNHSRPAddrEqualObjID.h"
 
 namespace zntopo {
+
+/// What tests may do with a group beyond its public surface.
+class ZNHSRPPeer {
+ public:
+  static ZNTopoAPIStatus setStateWithoutPriority(ZNHSRP& group, ZNHSRPAddressInfo& info,
+                                                 ZNHSRPAddressInfo::HSRPState state, int certainty,
+                                                 bool updateDB) {
+    return group.setHSRPStateHelper(info, state, certainty, updateDB, ActiveDB);
+  }
+};
+
 namespace {
 
 using testing::ElementsAre;
@@ -227,6 +238,22 @@ TEST_F(ZNHSRPTest, AWriteTellsEachThingThatChangedInItsOrder) {
                               std::to_string(HSRP_Certainity) + ", 60, address of active, 0)",
                           "sendAttributeNotification(11, entity, " + std::to_string(HSRP_Priority) +
                               ", 110, address of active, 0)"));
+}
+
+TEST_F(ZNHSRPTest, WithoutThePriorityStateAndCertaintyAreSetUnchecked) {
+  Info info = member("active", Info::Active, 110);
+  EXPECT_TRUE(ZNHSRPPeer::setStateWithoutPriority(group_, info, Info::Speak, 101, true).isOK());
+  EXPECT_EQ(Info::Speak, firstMember().getHSRPState());
+  EXPECT_EQ(101, firstMember().getHSRPStateCertainty());
+  EXPECT_EQ(100, firstMember().getHSRPPriority());
+  EXPECT_EQ(110, info.getHSRPPriority());
+  EXPECT_EQ(2, gateway().callCount("sendAttributeNotification"));
+  expectLogged(MC_INFO, "No update required. State and certain remain the same ", [&] {
+    EXPECT_TRUE(ZNHSRPPeer::setStateWithoutPriority(group_, info, Info::Speak, 101, true).isOK());
+  });
+  gateway().topoMode = 1;
+  EXPECT_EQ(ZN_API_DB_NOT_READY,
+            ZNHSRPPeer::setStateWithoutPriority(group_, info, Info::Active, 1, true).getStatus());
 }
 
 TEST_F(ZNHSRPTest, ANewCertaintyAloneSendsOneNotification) {

@@ -34,7 +34,8 @@ class ZNEntityDB;
 /// read through it while another thread sets the same field. setQRMObjID, setObjID and all the
 /// filling setters are for the one who builds the object. The destructor takes no lock.
 ///
-/// Renderings are not there yet: toString() and toXML() of all entities give an empty text.
+/// Renderings are not there yet: toString() and toXML() of all entities give an empty text, but
+/// for the end points of ZNSubnet::toString().
 class ZNTOPO_EXPORT ZNEntity {
  public:
   /// Which of the statuses of an object.

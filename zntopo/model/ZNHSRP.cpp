@@ -152,7 +152,7 @@ std::optional<ZNTopoAPIStatus> ZNHSRP::apply(Update& change) {
 }
 
 void ZNHSRP::copyTo(ZNHSRPAddressInfo& info, const Update& change) {
-  info.setHSRPPriority(change.priority);
+  if (change.withPriority) info.setHSRPPriority(change.priority);
   info.setHSRPState(change.state);
   info.setHSRPStateCertainty(change.certainty);
 }

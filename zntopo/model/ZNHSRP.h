@@ -46,9 +46,12 @@ class ZNTOPO_EXPORT ZNHSRP : public ZNEntity {
                                           int aPriority, bool updateDB, TopoDBType dbType);
 
  private:
+  friend class ZNHSRPPeer;  // of the tests
+
   struct Update;
 
-  /// As setHSRPState(), without the tests of certainty and priority.
+  /// As setHSRPState(), without the tests of certainty and priority; the member keeps its own
+  /// priority.
   ZNTopoAPIStatus setHSRPStateHelper(ZNHSRPAddressInfo& anInfo, ZNHSRPAddressInfo::HSRPState aStat,
                                      int aStatCertainty, bool updateDB, TopoDBType dbType);
   void recomputeAddressList();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "zntopo/core/ltos.h"
 #include "zntopo/model/ZNRefPtrConversion.h"
 
 namespace zntopo {
@@ -20,6 +21,16 @@ struct AddToObjList {
   std::list<ObjID>& ids;
 };
 
+/// Appends each end point that it is called with, numbered from 0.
+struct AddEPToString {
+  void operator()(const SubnetEndPoint& point) {
+    *text += "\n" + ltos(cnt++) + ")" + point.toString(dbType);
+  }
+  std::string* text;
+  TopoDBType dbType;
+  int cnt = 0;
+};
+
 }  // namespace
 
 ZNSubnet::ZNSubnet() { _entityType = E_Subnet; }
@@ -33,7 +44,13 @@ ZNSubnet::ZNSubnet(const ZNEntity& ent, const std::list<SubnetEndPoint>& aList)
 
 ZNSubnet::~ZNSubnet() = default;
 
-std::string ZNSubnet::toString() const { return ""; }
+std::string ZNSubnet::toString() const {
+  constexpr const char* kLine = "\n=======================================";
+  std::string text = "\n++++++++++++++++ ZNSubnet ++++++++++++++" + ZNEntity::toString() +
+                     "\nSubnetEndPoint:" + kLine;
+  std::for_each(_subnetEPs.begin(), _subnetEPs.end(), AddEPToString{&text, getDBType()});
+  return text + kLine + "\n---------------- ZNSubnet --------------";
+}
 
 std::list<ObjID> ZNSubnet::getContainedAddressIDs() const {
   std::list<ObjID> ids;

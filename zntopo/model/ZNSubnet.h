@@ -19,6 +19,7 @@ class ZNTOPO_EXPORT ZNSubnet : public ZNEntity {
   ZNSubnet& operator=(const ZNSubnet& other) = default;
   ~ZNSubnet() override;
 
+  /// The entity, and its end points numbered from 0: three look-ups in the store each.
   std::string toString() const override;
 
   const std::list<SubnetEndPoint>& getSubnetEndPointList() const { return _subnetEPs; }
