@@ -74,5 +74,18 @@ TEST(GroupSqlTest, TheColumnTablesHaveTheOrderOfTheirStatements) {
   EXPECT_STREQ(kHSRPInfoColumns[H_Certainty].name, "HSRPStateCertainty");
 }
 
+TEST(GroupSqlTest, TextColumnsHaveTheirBuffers) {
+  const auto sizes = [](ColumnList columns) {
+    std::vector<int> all;
+    for (const Column& column : columns) {
+      if (column.kind == ColumnKind::Text) all.push_back(column.size);
+    }
+    return all;
+  };
+  EXPECT_EQ(sizes(kIfcEntityColumns), std::vector<int>({66, 130, 260, 65}));
+  EXPECT_EQ(sizes(kIfcAssociationColumns), std::vector<int>({37, 37, 260, 260}));
+  EXPECT_EQ(sizes(kHSRPInfoColumns), std::vector<int>({66, 66, 66, 2000}));
+}
+
 }  // namespace
 }  // namespace zntopo::detail

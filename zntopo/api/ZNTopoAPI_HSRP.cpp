@@ -14,7 +14,7 @@ namespace zntopo {
 namespace {
 
 constexpr detail::ColumnQuery kHSRPIDQuery = {
-    .column = textColumn("ObjID", 37),
+    .column = textColumn("ObjID", 66),
     .texts = {.column = {ZN_API_SQL_BIND_COLUMN_ERROR, "Problem binding values for HSRP ObjID"}},
 };
 

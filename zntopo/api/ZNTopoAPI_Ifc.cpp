@@ -37,13 +37,13 @@ ZNTopoAPIStatus ZNTopoAPI_Impl::getIfcDataByObjID(const ObjID& theIfcID, int& if
                                                   bool& isOrdered, bool& cleanUpOnEmpty) {
   const detail::OperationScope scope("getIfcDataByObjID");
   ZNTopoAPIStatus status;
+  // No column holds it.
+  cleanUpOnEmpty = false;
   runQuery(detail::ifcDataSql(*this, theIfcID), detail::kIfcDataColumns, detail::kIfcDataTexts,
            status, [&](const Row& row) {
              ifcType = row.integer(detail::IFCD_Type);
              appsId = row.integer(detail::IFCD_AppsID);
              isOrdered = row.integer(detail::IFCD_isOrdered) != 0;
-             // No column holds it.
-             cleanUpOnEmpty = false;
              return true;
            });
   return status;

@@ -28,7 +28,7 @@ enum IfcEntityColumn : int {
 };
 
 inline constexpr Column kIfcEntityColumns[] = {
-    textColumn("ObjId", 37),          textColumn("EntityName", 130),
+    textColumn("ObjId", 66),          textColumn("EntityName", 130),
     intColumn("StatusChangeTimeUTC"), intColumn("CreateTimeUTC"),
     intColumn("ChangeTimeUTC"),       intColumn("hasDynamicProperty"),
     textColumn("Description", 260),   textColumn("ZoneNumber", 65),
@@ -103,9 +103,9 @@ enum HSRPInfoColumn : int {
 };
 
 inline constexpr Column kHSRPInfoColumns[] = {
-    textColumn("AddressID", 37),
-    textColumn("AddressIfObjID", 37),
-    textColumn("ObjID", 37),
+    textColumn("AddressID", 66),
+    textColumn("AddressIfObjID", 66),
+    textColumn("ObjID", 66),
     intColumn("state"),
     intColumn("HSRPPriority"),
     intColumn("HSRPNumber"),
