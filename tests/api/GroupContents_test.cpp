@@ -66,6 +66,15 @@ class GroupContentsTest : public ApiTest {
     for (const auto& [name, value] : more) values.insert_or_assign(name, value);
     store->insert("hsrpaddress", values);
   }
+  /// What the log tells of the loading of containers, without the operations' own entries.
+  static std::vector<std::string> linesOfIfcs(const CapturedLog& log) {
+    std::vector<std::string> lines;
+    for (const std::string& line : log.lines()) {
+      const bool isStep = line.rfind("getIfcsBy", 0) == 0 || line.rfind("Cannot FOUND", 0) == 0;
+      if (isStep) lines.push_back(line);
+    }
+    return lines;
+  }
   auto ifcs(const std::set<ObjID>& ids, bool all = false) {
     return impl.getIfcsByObjIDList(ids, notFound, status, all, -1);
   }
@@ -86,6 +95,7 @@ TEST_P(GroupContentsTest, AVlanHasItsNumberAndItsMembersByNode) {
   addVlanMember("v", "n2", "p3");
   const auto vlan = api.getVlanByObjID(ObjID("v"), status);
   ASSERT_FALSE(vlan.isNull()) << status.getAuxMsg();
+  EXPECT_TRUE(status.isOK());
   EXPECT_EQ(vlan->getEntityType(), E_Vlan);
   EXPECT_EQ(vlan->getVlanID(), ObjID("12"));
   ASSERT_THAT(vlan->getVlanInfoList(), SizeIs(2));
@@ -96,6 +106,19 @@ TEST_P(GroupContentsTest, AVlanHasItsNumberAndItsMembersByNode) {
   EXPECT_THAT(members,
               ElementsAre(testing::Pair("name of n1", 2u), testing::Pair("name of n2", 1u)));
   EXPECT_EQ(api.getVlanByObjID(ObjID("v"), status), vlan);
+}
+
+TEST_P(GroupContentsTest, AVlansNumberIsAVariableThatIsALongOrAText) {
+  const std::tuple<const char*, int, ObjID> numbers[] = {{"long", VarValue::VT_Long, ObjID(12)},
+                                                         {"short", VarValue::VT_Short, ObjID()}};
+  for (const auto& [id, type, number] : numbers) {
+    store->addEntity(id, id, 4, {{"hasDynamicProperty", 1}});
+    store->insert("userdefvar",
+                  {{"ObjID", id}, {"VarName", "VlanId"}, {"VarValType", type}, {"IntVal", 12}});
+    EXPECT_EQ(api.getVlanByObjID(ObjID(id), status)->getVlanID(), number) << id;
+  }
+  store->addEntity("without", "v", 4);
+  EXPECT_TRUE(api.getVlanByObjID(ObjID("without"), status)->getVlanID().isNull());
 }
 
 TEST_P(GroupContentsTest, LoadedAllAtOnceAVlanHasItsVariablesAndNoNumber) {
@@ -156,6 +179,20 @@ TEST_P(GroupContentsTest, AnIdentifierOfAnyKindIsFound) {
   EXPECT_TRUE(api.getEntityByObjID(ObjID("x"), status).isNull());
   EXPECT_EQ(status.getStatus(), ZN_API_INVALID_ID);
   EXPECT_EQ(status.getAuxMsg(), ObjID("x").toString() + " is not a valid Vlan\n");
+}
+
+TEST_P(GroupContentsTest, AnIdentifierIsTriedAsTheLikeliestKindFirst) {
+  const std::string operations[] = {"getNodeByObjID", "getInterfaceByObjID", "getHSRPsByObjIDList",
+                                    "getSubnetByObjID", "getVlanByObjID"};
+  const CapturedLog log;
+  api.getEntityByObjID(ObjID("x"), status);
+  std::vector<std::string> entered;
+  for (const std::string& line : log.lines()) {
+    for (const std::string& operation : operations) {
+      if (line == "+" + operation + "\n") entered.push_back(operation);
+    }
+  }
+  EXPECT_THAT(entered, testing::ElementsAreArray(operations));
 }
 
 // ---- containers -------------------------------------------------------------------------------
@@ -271,9 +308,76 @@ TEST_P(GroupContentsTest, FailedStepsOfAContainersStatementsAreTold) {
 TEST_P(GroupContentsTest, AContainerWithoutANameEndsTheRead) {
   addIfc("a");
   addIfc("b", {{"EntityName", nullptr}});
+  addIfc("c");
+  const CapturedLog log;
   std::string clause = " 1 = 1 order by ObjId";
   EXPECT_THAT(idsOf(*impl.getIfcEntitiesByWhereClause(clause, status, false)), ElementsAre("a"));
   EXPECT_TRUE(status.isOK());
+  EXPECT_THAT(log.lines(), testing::IsSupersetOf({"Creating Entity: a : ifc a \n",
+                                                  "Received NULL values for critical data\n",
+                                                  "Unable to create Entity!\n"}));
+}
+
+TEST_P(GroupContentsTest, WithoutAConditionAllContainersAreReadAndHaveTheirDefaults) {
+  addIfc("a");
+  addIfc("b", {{"hasDynamicProperty", 1}});
+  store->insert("userdefvar",
+                {{"ObjID", "b"}, {"VarName", "site"}, {"VarValType", 3}, {"StrVal", "x"}});
+  const CapturedLog log;
+  const StatementSpy spy;
+  std::string clause;
+  const auto found = impl.getIfcEntitiesByWhereClause(clause, status, true);
+  EXPECT_THAT(idsOf(*found), UnorderedElementsAre("a", "b"));
+  EXPECT_TRUE(status.isOK());
+  EXPECT_THAT(spy.statements(), ElementsAre(testing::EndsWith("from  nwifc")));
+  EXPECT_THAT(log.lines(), Contains("Where Clause is empty !\n"));
+  for (const auto& entity : *found) {
+    EXPECT_EQ(entity->getDescription(), "");
+    EXPECT_EQ(entity->getZoneNumber(), "");
+    EXPECT_EQ(entity->getRD(), 0);
+    EXPECT_EQ(entity->getStatusChangeTime(), 0);
+    EXPECT_THAT(entity->getUserVars(), IsEmpty());
+  }
+}
+
+TEST_P(GroupContentsTest, TheStepsOfAContainersLoadAreLogged) {
+  addIfc("a", {{"IFCType", 5}});
+  addIfcMember("a", "n1", "p1", 1);
+  const std::vector<std::string> steps = {
+      "getIfcsByObjIDList Calling getIfcAssocInfosByObjID=a\n",
+      "getIfcsByObjIDList settting the retrived assocInfoList\n"};
+  {
+    const CapturedLog log;
+    ifcs({"a"});
+    auto expected = steps;
+    expected.insert(expected.begin(), "Cannot FOUND Ifc = a IN CACHE! \n");
+    expected.push_back("getIfcsByObjIDList calling getIfcInfosByObjIDList\n");
+    expected.push_back("getIfcsByObjIDList setting the infolist for Ifc=a\n");
+    expected.push_back("getIfcsByObjIDList inserting into cache the Ifc=a\n");
+    EXPECT_THAT(linesOfIfcs(log), testing::ElementsAreArray(expected));
+  }
+  const CapturedLog log;
+  api.getIfcsByType(5, status, -1);
+  auto expected = steps;
+  expected.push_back("getIfcsByType calling getIfcInfosByObjIDList\n");
+  expected.push_back("getIfcsByType setting the infolist for Ifc=a\n");
+  EXPECT_THAT(linesOfIfcs(log), testing::ElementsAreArray(expected));
+}
+
+TEST_P(GroupContentsTest, NoContainerIsCleanedUpWhenItIsEmpty) {
+  addIfc("a", {{"IFCType", 5}, {"isOrdered", 1}, {"AppsID", 6}});
+  int type = 0;
+  int appsID = 0;
+  bool isOrdered = false;
+  bool cleanUp = true;
+  EXPECT_TRUE(impl.getIfcDataByObjID(ObjID("a"), type, appsID, isOrdered, cleanUp).isOK());
+  EXPECT_EQ(type, 5);
+  EXPECT_EQ(appsID, 6);
+  EXPECT_TRUE(isOrdered);
+  EXPECT_FALSE(cleanUp);
+  cleanUp = true;
+  EXPECT_TRUE(impl.getIfcDataByObjID(ObjID("x"), type, appsID, isOrdered, cleanUp).isOK());
+  EXPECT_FALSE(cleanUp);
 }
 
 TEST_P(GroupContentsTest, ContainersByTypeAreReadEachTimeAndLeaveTheCacheAsItWas) {
@@ -318,8 +422,14 @@ TEST_P(GroupContentsTest, AnHSRPGroupHasItsMembersByState) {
     EXPECT_EQ(active.getHSRPStateCertainty(), 90);
     ASSERT_THAT(active.getTrackInterfaceInfoList(), SizeIs(2));
     EXPECT_EQ(active.getTrackInterfaceInfoList().back().ifObjID, ObjID("t2"));
-    EXPECT_THAT(group.getStandbyAddressInfoList(), SizeIs(1));
-    EXPECT_THAT(group.getMiscStateAddressInfoList(), SizeIs(1));
+    ASSERT_THAT(group.getStandbyAddressInfoList(), SizeIs(1));
+    // What is absent has its default.
+    EXPECT_EQ(group.getStandbyAddressInfoList().front().getHSRPStateCertainty(), 0);
+    EXPECT_EQ(group.getStandbyAddressInfoList().front().getHSRPTrackInterfaceAsString(), "");
+    // The store's 8 is no state.
+    ASSERT_THAT(group.getMiscStateAddressInfoList(), SizeIs(1));
+    EXPECT_EQ(group.getMiscStateAddressInfoList().front().getHSRPState(),
+              ZNHSRPAddressInfo::MiscState);
   }
 }
 
@@ -358,8 +468,14 @@ TEST_P(GroupContentsTest, GroupsAreFoundByAddressAndInterfaceAndNotByWhatTheyTra
   const auto ask = [&](const char* id, ZNTopoAPI::GetHSRPObjIDsByIFAddressObjID_ObjType type) {
     return *api.getHSRPObjIDsByIFAddressObjID(ObjID(id), type, status);
   };
-  EXPECT_THAT(ask("a1", ZNTopoAPI::HSRP_Address), UnorderedElementsAre(ObjID("g"), ObjID("h")));
-  EXPECT_TRUE(status.isOK());
+  static_assert(ZNTopoAPI::HSRP_Address == 0 && ZNTopoAPI::HSRP_Interface == 1 &&
+                ZNTopoAPI::HSRP_TrackInterface == 2);
+  {
+    const CapturedLog log;
+    EXPECT_THAT(ask("a1", ZNTopoAPI::HSRP_Address), UnorderedElementsAre(ObjID("g"), ObjID("h")));
+    EXPECT_TRUE(status.isOK());
+    EXPECT_THAT(log.lines(), testing::IsSupersetOf({"HSRP ID = g\n", "HSRP ID = h\n"}));
+  }
   EXPECT_THAT(ask("if-a1", ZNTopoAPI::HSRP_Interface), SizeIs(2));
   EXPECT_THAT(ask("a1", ZNTopoAPI::HSRP_Interface), IsEmpty());
   EXPECT_TRUE(status.isOK());

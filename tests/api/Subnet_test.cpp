@@ -305,6 +305,33 @@ TEST_P(SubnetTest, EndPointsOfNoSubnetAskNoStore) {
   EXPECT_THAT(log.lines(), Contains("getSubnetEndPointsByObjIDLIst() has empty  ID list \n"));
 }
 
+TEST_P(SubnetTest, EndPointsPrintTheNamesThatTheStoreHas) {
+  store->addEntity("s", "net", 7);
+  store->addNode("n1", "core-1");
+  addMember("s", "n1", "i1");
+  const auto subnet = api.getSubnetByObjID(ObjID("s"), status);
+  ASSERT_FALSE(subnet.isNull());
+  EXPECT_THAT(subnet->toString(),
+              testing::HasSubstr("\n0)(NodeID:n1, IFID:i1, AddressID:adr-i1) "
+                                 "(NodeName:core-1, IFName:i1, Address:10.0.0.1)\n"));
+}
+
+TEST_P(SubnetTest, TheScopeOfASubnetIsThatOfItsOwnIPv6Address) {
+  store->addEntity("v6", "net", 7, {{"IPLevel", 6}, {"hasAddress", 1}});
+  store->addAddress("own", "v6", "", "",
+                    {{"AddressType", 2},
+                     {"IPLevel", 6},
+                     {"SubnetObjId", "v6"},
+                     {"V6Address", "2001:db8::"},
+                     {"V6ScopeType", 3},
+                     {"PrefixLength", 64}});
+  store->addEntity("v4", "net", 7);
+  EXPECT_EQ(api.getSubnetByObjID(ObjID("v6"), status)->getSubnetScopeType(),
+            InetAddressIPv6::Global);
+  EXPECT_EQ(api.getSubnetByObjID(ObjID("v4"), status)->getSubnetScopeType(),
+            InetAddressIPv6::Unknown);
+}
+
 TEST_P(SubnetTest, AnEndPointOfWhatIsNotInTheStorePrintsItsIdentifiers) {
   const SubnetEndPoint point(ObjID("n"), ObjID("i"), ObjID("a"));
   EXPECT_EQ(point.toString(ActiveDB),
