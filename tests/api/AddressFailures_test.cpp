@@ -1,6 +1,6 @@
 // What the address queries tell when a step of their statements fails.
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 
 namespace zntopo::test {
 namespace {
@@ -119,8 +119,7 @@ TEST_P(AddressFailuresTest, DnsNamesTellThatAColumnIsNotBoundAndThatTheStatement
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, AddressFailuresTest, testing::ValuesIn(kMainEngines),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(AddressFailuresTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

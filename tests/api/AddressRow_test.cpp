@@ -1,6 +1,6 @@
 #include "zntopo/api/detail/AddressRow.h"
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "zntopo/model/InetAddressDNS.h"
 #include "zntopo/model/InetAddressIPv4.h"
 #include "zntopo/model/MonitoredInetAddressIPv6.h"
@@ -252,7 +252,7 @@ TEST_P(AddressRowTest, AnAddressWithoutAnIdentifierIsDeliveredAndNotCached) {
   EXPECT_FALSE(read() == first);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, AddressRowTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(AddressRowTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -1,5 +1,5 @@
-#include "tests/api/ApiFixture.h"
-#include "tests/api/ObjectTexts.h"
+#include "tests/support/ApiFixture.h"
+#include "tests/support/ObjectTexts.h"
 #include "zntopo/model/InetAddressIPv4.h"
 #include "zntopo/model/MonitoredInetAddressIPv6.h"
 
@@ -318,7 +318,7 @@ TEST_P(AddressTest, DnsNamesNeedAReadyStore) {
   EXPECT_EQ(status.getStatus(), ZN_API_DB_NOT_READY);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, AddressTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(AddressTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

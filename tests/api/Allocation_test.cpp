@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/CountedAllocations.h"
+#include "tests/support/Allocations.h"
 #include "tests/support/TestStore.h"
 #include "zntopo/api/ZNTopoAPI.h"
 #include "zntopo/api/ZNTopoAPI_Impl.h"
@@ -18,12 +18,12 @@ class ApiAllocationTest : public testing::Test {
 
   /// What the second of two look-ups allocates.
   template <typename LookUp>
-  static long costOf(const LookUp& lookUp) {
+  static unsigned long costOf(const LookUp& lookUp) {
     ZNTopoAPIStatus status;
     lookUp(status);  // reads the state of the store, and makes what is made on first use
-    const long before = allocations;
+    const unsigned long before = allocations();
     const auto found = lookUp(status);
-    const long after = allocations;
+    const unsigned long after = allocations();
     EXPECT_FALSE(found.isNull());
     EXPECT_TRUE(status.isOK());
     return after - before;
@@ -44,15 +44,15 @@ TEST_F(ApiAllocationTest, ANodeOfTheCacheCostsNone) {
   ZNTopoAPIStatus status;
   api_.getNodeByObjID(kID, status);  // a first query empties the cache
   ZNTopoAPI_Impl::cache()->useNode(new ZNNode(entity()));
-  EXPECT_EQ(costOf([&](ZNTopoAPIStatus& s) { return api_.getNodeByObjID(kID, s); }), 0);
-  EXPECT_EQ(costOf([&](ZNTopoAPIStatus& s) { return api_.getNodeByQRMObjID(ObjID(7), s); }), 0);
+  EXPECT_EQ(costOf([&](ZNTopoAPIStatus& s) { return api_.getNodeByObjID(kID, s); }), 0U);
+  EXPECT_EQ(costOf([&](ZNTopoAPIStatus& s) { return api_.getNodeByQRMObjID(ObjID(7), s); }), 0U);
 }
 
 TEST_F(ApiAllocationTest, AnInterfaceOfTheCacheCostsNone) {
   ZNTopoAPIStatus status;
   api_.getInterfaceByObjID(kID, status);
   ZNTopoAPI_Impl::cache()->useInterface(new ZNInterface(entity()));
-  EXPECT_EQ(costOf([&](ZNTopoAPIStatus& s) { return api_.getInterfaceByObjID(kID, s); }), 0);
+  EXPECT_EQ(costOf([&](ZNTopoAPIStatus& s) { return api_.getInterfaceByObjID(kID, s); }), 0U);
 }
 
 }  // namespace

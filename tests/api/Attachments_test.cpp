@@ -1,6 +1,6 @@
 // What hangs on nodes: user variables, layer-2 connections, VLANs and containers.
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
 #include "zntopo/api/detail/AttachmentSql.h"
 #include "zntopo/api/detail/NodeSql.h"
@@ -56,7 +56,7 @@ class UserVarTest : public AttachmentTest {
     return result;
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, UserVarTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(UserVarTest, kMainEngines);
 
 TEST_P(UserVarTest, EachTypeIsBuiltFromItsColumn) {
   addVar(uuid(1), "short", 0, nullptr, 65537);
@@ -172,7 +172,7 @@ class ConnDataTest : public AttachmentTest {
     store->addLink(uuid(11, 'c'), uuid(21, 'c'), uuid(1), uuid(2));
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, ConnDataTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(ConnDataTest, kMainEngines);
 
 TEST_P(ConnDataTest, EachEndThatIsAskedForGetsARecordOfItsOwn) {
   const auto map = impl.getConnDatasByNodeObjIDList({node1, node2}, status, false);
@@ -287,7 +287,7 @@ class VlanInfoTest : public AttachmentTest {
                                   {"ContainedType", 2}});
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, VlanInfoTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(VlanInfoTest, kMainEngines);
 
 TEST_P(VlanInfoTest, OfNodesTheInterfacesAreGroupedByVlan) {
   addMember(1, 1, 11);
@@ -388,7 +388,7 @@ class IfcInfoTest : public AttachmentTest {
                                {"SequenceNumber", sequence}});
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, IfcInfoTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(IfcInfoTest, kMainEngines);
 
 TEST_P(IfcInfoTest, OfNodesTheMembersAreGroupedByContainer) {
   addMember(1, 1, 11, 5, 1);
@@ -478,7 +478,7 @@ class AttachmentsTest : public AttachmentTest {
     return ZNTopoAPI_Impl::cache()->inNodeIDCache(node1, node);
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, AttachmentsTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(AttachmentsTest, kMainEngines);
 
 TEST_P(AttachmentsTest, ANodeComesWithAllThatHangsOnIt) {
   const auto node = read();

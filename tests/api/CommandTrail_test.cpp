@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
 
 namespace zntopo::test {

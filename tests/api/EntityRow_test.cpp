@@ -2,7 +2,7 @@
 
 #include "zntopo/api/detail/EntityRow.h"
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
 #include "zntopo/api/detail/ObjectsRead.h"
 
@@ -33,7 +33,7 @@ class EntityRowTest : public ApiTest {
     return read;
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, EntityRowTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(EntityRowTest, kMainEngines);
 
 TEST_P(EntityRowTest, WhatAStatementHasNoColumnForHasItsDefault) {
   store->addNode("a", "first", {{"IPLevel", 6}, {"Status", 3}, {"Description", "not asked for"}});

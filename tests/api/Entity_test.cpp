@@ -1,8 +1,8 @@
 // Entities of any kind by a condition, and by an identifier of an unknown kind.
 
-#include "tests/api/ApiFixture.h"
-#include "tests/api/ObjectTexts.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
+#include "tests/support/ObjectTexts.h"
 
 namespace zntopo::test {
 namespace {
@@ -25,7 +25,7 @@ class EntityTest : public ApiTest {
 
   ZNTopoAPI api;
 };
-INSTANTIATE_TEST_SUITE_P(Engines, EntityTest, testing::ValuesIn(kEngines), EngineNames());
+ZNTOPO_ON_ENGINES(EntityTest, kEngines);
 
 // ---- by a condition ---------------------------------------------------------------------------
 

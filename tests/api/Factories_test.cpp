@@ -2,23 +2,23 @@
 
 #include <thread>
 
+#include "tests/support/FreshProcess.h"
 #include "zntopo/api/ZNTopoAPIDefaultFactory.h"
 #include "zntopo/api/ZNTopoAPIImplFactory.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
-// Whether the factory was initialised belongs to the process, so what needs a fresh one comes
-// first here; run by ctest each test has a process of its own.
-
 TEST(FactoriesTest, BeforeItsInitialisationAFactoryGivesANullHandle) {
-  ZNTopoAPIDefaultFactory factory;
-  for (const TopoDBType type : {ActiveDB, WorkingDB}) {
-    ZNTopoAPIStatus status(ZN_API_NO_PATH, "of before\n");
-    EXPECT_TRUE(factory.getRDInstance(status, type).isNull());
-    EXPECT_EQ(status.getStatus(), ZN_API_NOT_INITED);
-    EXPECT_EQ(status.getAuxMsg(), "");
-  }
+  inFreshProcess([] {
+    ZNTopoAPIDefaultFactory factory;
+    for (const TopoDBType type : {ActiveDB, WorkingDB}) {
+      ZNTopoAPIStatus status(ZN_API_NO_PATH, "of before\n");
+      EXPECT_TRUE(factory.getRDInstance(status, type).isNull());
+      EXPECT_EQ(status.getStatus(), ZN_API_NOT_INITED);
+      EXPECT_EQ(status.getAuxMsg(), "");
+    }
+  });
 }
 
 TEST(FactoriesTest, TheSecondInitialisationPutsItsConfigurationInForce) {
@@ -109,4 +109,4 @@ TEST(FactoriesTest, SeveralThreadsGetOneInstance) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

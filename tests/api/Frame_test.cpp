@@ -1,5 +1,5 @@
-#include "tests/api/ApiFixture.h"
-#include "tests/cache/CachePeer.h"
+#include "tests/support/ApiFixture.h"
+#include "tests/support/CachePeer.h"
 #include "tests/support/CapturedLog.h"
 
 namespace zntopo::test {
@@ -163,7 +163,7 @@ TEST(FacadeTest, WithoutAnImplementationItMakesOneForItsTables) {
 // ---- on a store -------------------------------------------------------------------------------
 
 class FrameStoreTest : public ApiTest {};
-INSTANTIATE_TEST_SUITE_P(Engines, FrameStoreTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(FrameStoreTest, kMainEngines);
 
 TEST_P(FrameStoreTest, TheStateIsReadThroughTheFacade) {
   store->setReady(4711);

@@ -1,6 +1,7 @@
 // What topology objects ask of the API, each through its own door.
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
+#include "tests/support/FreshProcess.h"
 #include "zntopo/api/ZNTopoAPIDefaultFactory.h"
 #include "zntopo/model/TopologyGateway.h"
 
@@ -27,7 +28,7 @@ class GatewayTest : public ApiTest {
 
   TopologyGateway& gateway = topologyGateway();
 };
-INSTANTIATE_TEST_SUITE_P(Engines, GatewayTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(GatewayTest, kMainEngines);
 
 TEST_P(GatewayTest, ThereIsOneGateway) { EXPECT_EQ(&gateway, &topologyGateway()); }
 
@@ -68,9 +69,15 @@ TEST_P(GatewayTest, OtherReadsGoToTheActiveTables) {
   }
 }
 
-TEST_P(GatewayTest, AnAddressByItsTextNeedsTheFactory) {
-  EXPECT_TRUE(gateway.getAddressByIP("192.0.2.1", status, -1).isNull());
-  EXPECT_EQ(status.getStatus(), ZN_API_NOT_INITED);
+TEST(GatewayFactoryTest, BeforeTheFactorysInitialisationThereIsNoAddressByItsText) {
+  inFreshProcess([] {
+    ZNTopoAPIStatus status;
+    EXPECT_TRUE(topologyGateway().getAddressByIP("192.0.2.1", status, -1).isNull());
+    EXPECT_EQ(status.getStatus(), ZN_API_NOT_INITED);
+  });
+}
+
+TEST_P(GatewayTest, AfterItAnAddressByItsTextIsFound) {
   ZNTopoAPIDefaultFactory().initZNTopoAPI();
   EXPECT_FALSE(gateway.getAddressByIP("192.0.2.1", status, -1).isNull());
   EXPECT_TRUE(status.isOK());

@@ -1,8 +1,8 @@
 // What VLANs, containers and HSRP groups hold, and what is left of them when a part fails.
 
-#include "tests/api/ApiFixture.h"
-#include "tests/api/ObjectTexts.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
+#include "tests/support/ObjectTexts.h"
 #include "zntopo/api/detail/GroupSql.h"
 
 namespace zntopo::test {
@@ -84,7 +84,7 @@ class GroupContentsTest : public ApiTest {
 
   ZNTopoAPI api;
 };
-INSTANTIATE_TEST_SUITE_P(Engines, GroupContentsTest, testing::ValuesIn(kEngines), EngineNames());
+ZNTOPO_ON_ENGINES(GroupContentsTest, kEngines);
 
 // ---- VLANs ------------------------------------------------------------------------------------
 

@@ -1,8 +1,8 @@
 // What the statements on containers and HSRP groups tell when a step of them fails, and what comes
 // back of a request whose parts failed.
 
-#include "tests/api/ApiFixture.h"
-#include "tests/api/ObjectTexts.h"
+#include "tests/support/ObjectTexts.h"
+#include "tests/support/ApiFixture.h"
 
 namespace zntopo::test {
 namespace {
@@ -73,7 +73,7 @@ class GroupFailuresTest : public ApiTest {
     store->insert("nwifc", {{"ObjId", "a"}, {"EntityName", "ifc"}, {"IFCType", 5}});
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, GroupFailuresTest, testing::ValuesIn(kEngines), EngineNames());
+ZNTOPO_ON_ENGINES(GroupFailuresTest, kEngines);
 
 TEST_P(GroupFailuresTest, EachFailedStepOfAStatementHasItsStatusAndText) {
   for (const Query& query : kQueries) {

@@ -1,9 +1,9 @@
 // What VLANs, containers and HSRP groups have in common: how a request is shared between the cache
 // and the store, and how it fails. Each test holds for all three.
 
-#include "tests/api/ApiFixture.h"
-#include "tests/api/ObjectTexts.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
+#include "tests/support/ObjectTexts.h"
 
 namespace zntopo::test {
 namespace {
@@ -120,7 +120,7 @@ class GroupTest : public ApiTest {
     (ZNTopoAPI::getTopoConfiguration().*kind.setSize)(size);
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, GroupTest, testing::ValuesIn(kEngines), EngineNames());
+ZNTOPO_ON_ENGINES(GroupTest, kEngines);
 
 TEST_P(GroupTest, AnEmptySetIsTold) {
   for (const Kind& kind : kKinds) {

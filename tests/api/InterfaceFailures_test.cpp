@@ -1,7 +1,7 @@
 // What the interface queries tell when a step of their statements fails.
 
-#include "tests/api/ApiFixture.h"
-#include "tests/api/ObjectTexts.h"
+#include "tests/support/ApiFixture.h"
+#include "tests/support/ObjectTexts.h"
 
 namespace zntopo::test {
 namespace {
@@ -115,8 +115,7 @@ TEST_P(InterfaceFailuresTest, MeshInterfacesPassOnTheFailureOfTheirStatement) {
   EXPECT_EQ(status.getStatus(), ZN_API_SQL_EXEC_ERROR);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, InterfaceFailuresTest, testing::ValuesIn(kMainEngines),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(InterfaceFailuresTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -1,6 +1,6 @@
 // The log lines of the interface and address queries.
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
 
 namespace zntopo::test {
@@ -131,7 +131,7 @@ TEST_P(InterfaceLogTest, AddressesTellTheirKinds) {
   EXPECT_THAT(linesOf(MC_INFO, read), Contains(HasSubstr("FOUND ADDRESS IN CACHE! \n")));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, InterfaceLogTest, testing::Values(Engine::Sqlite), EngineNames());
+ZNTOPO_ON_ENGINES(InterfaceLogTest, kSqlite);
 
 }  // namespace
 }  // namespace zntopo::test

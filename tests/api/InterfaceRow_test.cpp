@@ -1,6 +1,6 @@
 #include "zntopo/api/detail/InterfaceRow.h"
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 
 namespace zntopo::test {
 namespace {
@@ -166,7 +166,7 @@ TEST_P(InterfaceRowTest, AnInterfaceKnowsTheTableSetThatItCameFrom) {
   EXPECT_EQ(found->front()->getDBType(), WorkingDB);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, InterfaceRowTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(InterfaceRowTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

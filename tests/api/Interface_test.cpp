@@ -1,5 +1,5 @@
-#include "tests/api/ApiFixture.h"
-#include "tests/api/ObjectTexts.h"
+#include "tests/support/ApiFixture.h"
+#include "tests/support/ObjectTexts.h"
 #include "zntopo/model/InetAddressIPv4.h"
 
 namespace zntopo::test {
@@ -451,7 +451,7 @@ TEST_P(InterfaceTest, MeshInterfacesAlwaysEndInAnEmptyListOfIdentifiers) {
   EXPECT_EQ(status.getAuxMsg(), "The InterfaceObjIDList is empty\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, InterfaceTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(InterfaceTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -1,4 +1,4 @@
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
 
 namespace zntopo::test {
@@ -24,7 +24,7 @@ class NodeByNameTest : public ApiTest {
     EXPECT_EQ(status.getAuxMsg(), text + "\n");
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, NodeByNameTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(NodeByNameTest, kMainEngines);
 
 TEST_P(NodeByNameTest, AnEmptyNameIsRefused) {
   const CapturedLog log(MC_INFO);

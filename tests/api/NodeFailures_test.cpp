@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
 #include "zntopo/api/detail/NodeSql.h"
 
@@ -71,7 +71,7 @@ class NodeFailuresTest : public ApiTest {
     return messages.Format(TvXplMsg::fRecurse_k) + "\n";
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, NodeFailuresTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(NodeFailuresTest, kMainEngines);
 
 TEST_P(NodeFailuresTest, AStatementThatIsNotPreparedIsToldWithItself) {
   for (const Access& access : accesses()) {

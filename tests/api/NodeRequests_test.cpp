@@ -1,4 +1,4 @@
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
 
 namespace zntopo::test {
@@ -11,7 +11,7 @@ using testing::Not;
 using testing::StartsWith;
 
 class NodeRequestsTest : public ApiTest {};
-INSTANTIATE_TEST_SUITE_P(Engines, NodeRequestsTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(NodeRequestsTest, kMainEngines);
 
 TEST_P(NodeRequestsTest, ARequestThatIsRefusedAtTheDoorLeavesWhatWasNotFound) {
   notFound = {ObjID("of before")};

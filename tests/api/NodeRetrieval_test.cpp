@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
 #include "zntopo/api/detail/NodeSql.h"
 
@@ -52,8 +52,7 @@ class NodeRetrievalTest : public ApiTest {
     return config;
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, NodeRetrievalTest, testing::ValuesIn(kMainEngines),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(NodeRetrievalTest, kMainEngines);
 
 // ---- one node -------------------------------------------------------------------------------
 

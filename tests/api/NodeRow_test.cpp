@@ -2,7 +2,7 @@
 
 #include "zntopo/api/detail/NodeRow.h"
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "zntopo/api/detail/NodeSql.h"
 
 namespace zntopo::test {
@@ -29,7 +29,7 @@ class NodeRowTest : public ApiTest {
     return values;
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, NodeRowTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(NodeRowTest, kMainEngines);
 
 TEST_P(NodeRowTest, ABareRowGivesEachDefault) {
   const auto node = readWith({});

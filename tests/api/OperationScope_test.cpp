@@ -2,9 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
-#include "tests/tvxpl/Scratch.h"
+#include "tests/support/FreshProcess.h"
 
 namespace zntopo::test {
 namespace {
@@ -16,10 +16,6 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsSupersetOf;
-using zntopo_test::linesOf;
-using zntopo_test::Scratch;
-
-// The trace is opened once in a process; run by ctest each test has a process of its own.
 
 TEST(OperationScopeTest, TheSourceIsQuotedWithoutItsFolderAndItsExtension) {
   const TracedBlock block("find");
@@ -34,25 +30,36 @@ TEST(OperationScopeTest, TheLogTellsTheEntryAndTheExit) {
   EXPECT_THAT(log.lines(), ElementsAre("+find\n", "-find\n"));
 }
 
-TEST(OperationScopeTest, SoDoesTheTraceWithThePlaceOfTheScope) {
+/// What some work traces. Call it in a process of its own, for the trace is opened once.
+std::vector<std::string> tracedBy(const std::function<void()>& work) {
   const Scratch scratch;
-  zntopo_test::setEnv("TV_TRACE", scratch.path("trace"));
-  const int line = __LINE__ + 1;
-  { const OperationScope scope("find"); }
-  const std::string place = " 9 ../OperationScope_test:" + std::to_string(line);
-  EXPECT_THAT(linesOf(scratch.read("trace")),
-              IsSupersetOf({EndsWith(place + " enter find"), EndsWith(place + " leave find")}));
+  setEnv("TV_TRACE", scratch.path("trace"));
+  work();
+  return linesOf(scratch.read("trace"));
+}
+
+TEST(OperationScopeTest, SoDoesTheTraceWithThePlaceOfTheScope) {
+  inFreshProcess([] {
+    constexpr int kLine = __LINE__ + 1;
+    const auto lines = tracedBy([] { const OperationScope scope("find"); });
+    const std::string place = " 9 ../OperationScope_test:" + std::to_string(kLine);
+    EXPECT_THAT(lines,
+                IsSupersetOf({EndsWith(place + " enter find"), EndsWith(place + " leave find")}));
+  });
 }
 
 TEST(OperationScopeTest, AQueryIsTracedAtItsSource) {
-  const Scratch scratch;
-  zntopo_test::setEnv("TV_TRACE", scratch.path("trace"));
-  ZNTopoAPIStatus status;
-  OpenImpl().getNodeByObjID(ObjID(), status);
-  EXPECT_THAT(
-      linesOf(scratch.read("trace")),
-      IsSupersetOf({AllOf(HasSubstr(" 9 ../ZNTopoAPI_Node:"), EndsWith(" enter getNodeByObjID")),
-                    AllOf(HasSubstr(" 9 ../ZNTopoAPI_Node:"), EndsWith(" leave getNodeByObjID"))}));
+  inFreshProcess([] {
+    const auto lines = tracedBy([] {
+      ZNTopoAPIStatus status;
+      OpenImpl().getNodeByObjID(ObjID(), status);
+    });
+    const auto isOfQuery = [](const char* what) {
+      return AllOf(HasSubstr(" 9 ../ZNTopoAPI_Node:"), EndsWith(what));
+    };
+    EXPECT_THAT(lines, IsSupersetOf({isOfQuery(" enter getNodeByObjID"),
+                                     isOfQuery(" leave getNodeByObjID")}));
+  });
 }
 
 }  // namespace

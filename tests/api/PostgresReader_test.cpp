@@ -1,4 +1,4 @@
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/PostgresRole.h"
 
 namespace zntopo::test {
@@ -72,8 +72,7 @@ class PostgresReaderTest : public ApiTest {
 
   std::optional<PostgresLogin> login_;
 };
-INSTANTIATE_TEST_SUITE_P(Engines, PostgresReaderTest, testing::Values(Engine::Postgres),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(PostgresReaderTest, kPostgres);
 
 TEST_P(PostgresReaderTest, TheStateAndTheNodesAreRead) {
   EXPECT_EQ(nameOf("edge-1"), "edge-1");

@@ -1,8 +1,8 @@
 // Subnets by identifier, by list and all of them, and their end points.
 
-#include "tests/api/ApiFixture.h"
-#include "tests/api/ObjectTexts.h"
+#include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
+#include "tests/support/ObjectTexts.h"
 #include "zntopo/model/SubnetEndPoint.h"
 
 namespace zntopo::test {
@@ -59,7 +59,7 @@ class SubnetTest : public ApiTest {
 
   ZNTopoAPI api;
 };
-INSTANTIATE_TEST_SUITE_P(Engines, SubnetTest, testing::ValuesIn(kEngines), EngineNames());
+ZNTOPO_ON_ENGINES(SubnetTest, kEngines);
 
 // ---- one subnet -------------------------------------------------------------------------------
 

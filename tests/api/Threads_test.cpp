@@ -1,13 +1,13 @@
 #include <atomic>
 #include <thread>
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
 
 namespace zntopo::test {
 namespace {
 
 class ThreadsTest : public ApiTest {};
-INSTANTIATE_TEST_SUITE_P(Engines, ThreadsTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(ThreadsTest, kMainEngines);
 
 TEST_P(ThreadsTest, SeveralThreadsQueryOneObject) {
   constexpr int kNodes = 60;

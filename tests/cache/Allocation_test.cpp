@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/cache/CachedKinds.h"
-#include "tests/support/CountedAllocations.h"
+#include "tests/support/Allocations.h"
 
 namespace zntopo::test {
 namespace {
@@ -20,9 +20,9 @@ TYPED_TEST(AllocationTest, ALookupThatHitsAllocatesNothing) {
   for (const ObjID& id : ids) TypeParam::use(cache, TypeParam::make(id));
   typename TypeParam::Handle found;
   TypeParam::find(cache, ids[0], found);  // whatever is made on first use
-  const long before = allocations;
+  const unsigned long before = allocations();
   const bool isFound = TypeParam::find(cache, ids[1], found);
-  const long after = allocations;
+  const unsigned long after = allocations();
   EXPECT_TRUE(isFound);
   EXPECT_EQ(before, after);
 }
@@ -32,9 +32,9 @@ TEST(LegacyAllocationTest, ALookupByLegacyIdentifierAllocatesNothing) {
   cache.useNode(makeEntity<ZNNode>("n", 7));
   ZNRefPtr<ZNNode> found;
   cache.inNodeQRMIDCache(7, found);
-  const long before = allocations;
+  const unsigned long before = allocations();
   const bool isFound = cache.inNodeQRMIDCache(7, found);
-  const long after = allocations;
+  const unsigned long after = allocations();
   EXPECT_TRUE(isFound);
   EXPECT_EQ(before, after);
 }

@@ -5,7 +5,7 @@
 #include <string>
 #include <type_traits>
 
-#include "tests/cache/CachePeer.h"
+#include "tests/support/CachePeer.h"
 #include "zntopo/cache/ZNTopoCache.h"
 #include "zntopo/model/InetAddressIPv4.h"
 #include "zntopo/model/InetAddressIPv6.h"

@@ -56,7 +56,7 @@ class ReadinessTest : public testing::TestWithParam<Engine> {
   ZNTopoAPIStatus status{ZN_API_NO_PATH, "of before\n"};
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, ReadinessTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(ReadinessTest, kMainEngines);
 
 // ---- the state row ----------------------------------------------------------------------------
 
@@ -223,7 +223,7 @@ class ValidateTest : public ReadinessTest {
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, ValidateTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(ValidateTest, kMainEngines);
 
 TEST_P(ValidateTest, TheFirstCallGoesToTheStoreAndEmptiesTheCache) {
   EXPECT_FALSE(cache.isModelReady());
@@ -382,8 +382,7 @@ class ModelReadinessTest : public ReadinessTest {
   std::string standardError;
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, ModelReadinessTest, testing::ValuesIn(kMainEngines),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(ModelReadinessTest, kMainEngines);
 
 TEST_P(ModelReadinessTest, TheTwoColumnsAreRead) {
   setState(2, 700);
@@ -420,8 +419,7 @@ TEST_P(ModelReadinessTest, ANullInEitherColumnIsNotReady) {
 // The server's driver hears of a statement that can't be prepared when it is executed.
 class RefusedReadinessTest : public ModelReadinessTest {};
 
-INSTANTIATE_TEST_SUITE_P(Engines, RefusedReadinessTest, testing::Values(Engine::Sqlite),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(RefusedReadinessTest, kSqlite);
 
 TEST_P(RefusedReadinessTest, AStatementThatIsRefusedIsToldOnStandardErrorToo) {
   store->execute("drop table state");

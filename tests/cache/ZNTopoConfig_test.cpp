@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 TEST(ZNTopoConfigTest, TheDefaultsAreThose) {
@@ -79,4 +79,4 @@ TEST(ZNTopoConfigTest, EachSwitchIsSetAloneAndCopied) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

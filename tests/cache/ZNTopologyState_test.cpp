@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 std::string nameOf(int state) {
@@ -38,4 +38,4 @@ TEST(ZNTopologyStateTest, WithoutArgumentsNothingIsKnown) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

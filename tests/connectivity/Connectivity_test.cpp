@@ -20,7 +20,7 @@ class AroundNodesTest : public ConnectivityTest {
     return textsOf(*api.getConnectivity(ids, notFound, status, !alone, isQRMID));
   }
 };
-INSTANTIATE_TEST_SUITE_P(Engines, AroundNodesTest, testing::ValuesIn(kEngines), EngineNames());
+ZNTOPO_ON_ENGINES(AroundNodesTest, kEngines);
 
 TEST_P(AroundNodesTest, AnEmptySetIsRefusedBeforeTheStoreIsAsked) {
   store->execute("update state set TopologyReady = 0");

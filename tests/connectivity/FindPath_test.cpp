@@ -201,7 +201,7 @@ TEST_P(FindPathTest, ALongChainIsSearchedOnASmallStack) {
   EXPECT_EQ(search.links, kNodes - 1u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, FindPathTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(FindPathTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -286,7 +286,7 @@ TEST_P(L2PathTest, PathsBetweenNodesAskForNoReadiness) {
   EXPECT_EQ(status.getStatus(), ZN_API_OBJ_NOT_EXIST);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, L2PathTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(L2PathTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -246,8 +246,7 @@ TEST_P(NeighborConnectivityTest, ANodeCountsAsProcessedIfItIsInTheSet) {
   EXPECT_FALSE(api.processedNode(ObjID(3), {"a"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, NeighborConnectivityTest, testing::ValuesIn(kMainEngines),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(NeighborConnectivityTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -21,8 +21,7 @@ TEST_P(PairsOfInterfacesTest, APathStartsAtTheFirstInterfaceEvenIfAnotherMakesIt
   EXPECT_THAT(idsOf(*path), ElementsAre("a:0", "a:b", "b:a"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, PairsOfInterfacesTest, testing::ValuesIn(kMainEngines),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(PairsOfInterfacesTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

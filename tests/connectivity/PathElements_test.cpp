@@ -206,7 +206,7 @@ TEST_P(PathElementsTest, ANullHandleInAPathIsAnError) {
   EXPECT_EQ(status.getStatus(), ZN_API_PATH_PROCESSING_ERROR);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, PathElementsTest, testing::Values(Engine::Sqlite), EngineNames());
+ZNTOPO_ON_ENGINES(PathElementsTest, kSqlite);
 
 }  // namespace
 }  // namespace zntopo::test

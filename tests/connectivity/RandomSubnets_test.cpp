@@ -129,8 +129,7 @@ class RandomSubnetsTest : public V6ConnectivityTest {
 
   Graph graph;
 };
-INSTANTIATE_TEST_SUITE_P(Engines, RandomSubnetsTest, testing::ValuesIn(kMainEngines),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(RandomSubnetsTest, kMainEngines);
 
 TEST_P(RandomSubnetsTest, EveryHopGivesTheSubnetsOfAPlainWalk) {
   ZNTopoFilter both = ofScope(InetAddressIPv6::Global);

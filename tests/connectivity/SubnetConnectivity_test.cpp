@@ -29,8 +29,7 @@ class SubnetConnectivityTest : public V6ConnectivityTest {
 
   std::map<ObjID, ZNRefPtr<ZNNode>> met;
 };
-INSTANTIATE_TEST_SUITE_P(Engines, SubnetConnectivityTest, testing::ValuesIn(kEngines),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(SubnetConnectivityTest, kEngines);
 
 // ---- what is refused --------------------------------------------------------------------------
 

@@ -38,8 +38,7 @@ TEST_P(ConnectivityThreadsTest, OneApiAnswersSeveralThreadsAsItAnswersOne) {
   for (std::thread& thread : threads) thread.join();
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, ConnectivityThreadsTest, testing::ValuesIn(kMainEngines),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(ConnectivityThreadsTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

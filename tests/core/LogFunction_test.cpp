@@ -3,8 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/core/LogLines.h"
+#include "tests/core/LogTest.h"
 #include "tests/core/PlatformFailure.h"
+#include "tests/support/Allocations.h"
 
 using testing::ElementsAre;
 using zntopo::LogFunction;
@@ -12,7 +13,7 @@ using zntopo::MCLog;
 
 namespace {
 
-using LogFunctionTest = zntopo_test::LogTest;
+using LogFunctionTest = zntopo::test::LogTest;
 
 }  // namespace
 
@@ -68,10 +69,10 @@ TEST_F(LogFunctionTest, ANullNameIsEmpty) {
 TEST_F(LogFunctionTest, AllocatesNothingWhenNobodyListens) {
   MCLog::log(zntopo::MC_VERBOSE, "makes the instance");
   const std::string name(95, 'n');
-  const unsigned long before = zntopo_test::allocations();
+  const unsigned long before = zntopo::test::allocations();
   { const LogFunction scope("ZNTopoAPI_Impl::getNodesByObjIDList"); }
   { const LogFunction scope(name); }
-  EXPECT_EQ(zntopo_test::allocations(), before);
+  EXPECT_EQ(zntopo::test::allocations(), before);
 }
 
 TEST_F(LogFunctionTest, TheFirstScopeMakesTheInstance) {

@@ -7,10 +7,10 @@
 #include <filesystem>
 #include <string>
 
-#include "tests/tvxpl/Scratch.h"
+#include "tests/support/Scratch.h"
 
 using namespace zntopo::detail;
-using zntopo_test::Scratch;
+using zntopo::test::Scratch;
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "tests/core/LogLines.h"
+#include "tests/core/LogTest.h"
 #include "zntopo/core/MCLog.h"
 
 using namespace zntopo;
@@ -15,11 +15,11 @@ using testing::internal::CaptureStderr;
 using testing::internal::CaptureStdout;
 using testing::internal::GetCapturedStderr;
 using testing::internal::GetCapturedStdout;
-using zntopo_test::setEnv;
+using zntopo::test::setEnv;
 
 namespace {
 
-class MCLogFileTest : public zntopo_test::LogTest {
+class MCLogFileTest : public zntopo::test::LogTest {
  protected:
   // Writes a file that is so many minutes old.
   void writeOld(const std::string& name, const std::string& text, int minutes) const {
@@ -43,7 +43,7 @@ class MCLogFileTest : public zntopo_test::LogTest {
 TEST_F(MCLogFileTest, OneFileIsTheNameAlone) {
   init("app", {"-d", "6"});
   EXPECT_EQ(openFile(), "app.log");
-  EXPECT_EQ(MCLog::getInstance()->getLogPath(), scratch_.folder() + "/");
+  EXPECT_EQ(MCLog::getInstance()->getLogPath(), scratch_.path(""));
   EXPECT_NE(MCLog::getInstance()->getLogFile(), stdout);
   EXPECT_THAT(logged("app.log"), ElementsAre("BEGIN LOGGING - app"));
 }
@@ -51,7 +51,7 @@ TEST_F(MCLogFileTest, OneFileIsTheNameAlone) {
 TEST_F(MCLogFileTest, OneFileIsAppendedToAtTheStart) {
   scratch_.write("app.log", "an older line\n");
   init("app", {"-d", "6"});
-  EXPECT_EQ(zntopo_test::linesOf(scratch_.read("app.log")).front(), "an older line");
+  EXPECT_EQ(zntopo::test::linesOf(scratch_.read("app.log")).front(), "an older line");
   EXPECT_EQ(logged("app.log").size(), 2U);
 }
 
@@ -170,7 +170,7 @@ TEST_F(MCLogFileTest, WithoutAFolderTheNameIsRelative) {
 TEST_F(MCLogFileTest, WithoutAnyNameLinesGoToStandardOutput) {
   CaptureStdout();
   init("", {"-d", "6"});
-  EXPECT_EQ(zntopo_test::messagesOf(GetCapturedStdout()).front(), "BEGIN LOGGING - ");
+  EXPECT_EQ(zntopo::test::messagesOf(GetCapturedStdout()).front(), "BEGIN LOGGING - ");
   EXPECT_EQ(MCLog::getInstance()->getLogFile(), stdout);
   EXPECT_EQ(openFile(), "");
 }
@@ -183,7 +183,7 @@ TEST_F(MCLogFileTest, AFileThatWillNotOpenIsToldAndStandardOutputUsed) {
   const std::string told =
       " Failed to open file /no/such/folder/app.log for logging, using standard out!";
   EXPECT_EQ(output.substr(0, told.size()), told);
-  EXPECT_EQ(zntopo_test::messagesOf(output.substr(told.size())).front(), "BEGIN LOGGING - app");
+  EXPECT_EQ(zntopo::test::messagesOf(output.substr(told.size())).front(), "BEGIN LOGGING - app");
   EXPECT_EQ(MCLog::getInstance()->getLogFile(), stdout);
 }
 

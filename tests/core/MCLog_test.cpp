@@ -10,8 +10,9 @@
 #include <thread>
 #include <vector>
 
-#include "tests/core/LogLines.h"
+#include "tests/core/LogTest.h"
 #include "tests/core/PlatformFailure.h"
+#include "tests/support/Allocations.h"
 
 using namespace zntopo;
 using testing::ElementsAre;
@@ -20,12 +21,12 @@ using testing::internal::CaptureStderr;
 using testing::internal::CaptureStdout;
 using testing::internal::GetCapturedStderr;
 using testing::internal::GetCapturedStdout;
-using zntopo_test::messagesOf;
-using zntopo_test::setEnv;
+using zntopo::test::messagesOf;
+using zntopo::test::setEnv;
 
 namespace {
 
-using MCLogTest = zntopo_test::LogTest;
+using MCLogTest = zntopo::test::LogTest;
 
 // A line at each of the levels 0 to 7 and at the one above.
 void logAtEachLevel() {
@@ -217,7 +218,7 @@ TEST_F(MCLogTest, TheTraceGetsEveryLevelInItsCategory) {
   logAtEachLevel();
   MCLog::log(static_cast<MCDebugLevel>(42), "42\n");
   std::vector<std::string> categories;
-  for (const std::string& line : zntopo_test::linesOf(scratch_.read("trace"))) {
+  for (const std::string& line : zntopo::test::linesOf(scratch_.read("trace"))) {
     const auto start = line.find("QRMRZTopology ") + 14;
     categories.push_back(line.substr(start, line.find(' ', start) - start) +
                          line.substr(line.rfind(' ')));
@@ -227,7 +228,7 @@ TEST_F(MCLogTest, TheTraceGetsEveryLevelInItsCategory) {
 }
 
 TEST_F(MCLogTest, WithoutAPlatformMutexOnlyTheTraceIsWritten) {
-  const zntopo_test::NoMutexes refused;
+  const zntopo::test::NoMutexes refused;
   setEnv("MC_DLEVEL", "0");
   setEnv("TV_TRACE", scratch_.path("trace"));
   EXPECT_THAT(onStandardOutput(logAtEachLevel), ElementsAre());
@@ -236,7 +237,7 @@ TEST_F(MCLogTest, WithoutAPlatformMutexOnlyTheTraceIsWritten) {
 }
 
 TEST_F(MCLogTest, WithoutAPlatformMutexAnInstanceThatIsThereWritesNothingEither) {
-  const zntopo_test::NoMutexes refused;
+  const zntopo::test::NoMutexes refused;
   init("app", {"-d", "0"});
   EXPECT_NE(MCLog::getInstance(), nullptr);
   logAtEachLevel();
@@ -305,9 +306,9 @@ TEST_F(MCLogTest, IsHeardMakesTheInstanceSoThatTheEnvironmentCounts) {
 
 TEST_F(MCLogTest, NothingIsFormattedWhenNobodyListens) {
   MCLog::log(MC_VERBOSE, "makes the instance");
-  const unsigned long before = zntopo_test::allocations();
+  const unsigned long before = zntopo::test::allocations();
   MCLog::log(MC_CRITICAL, "%s %d\n", "unheard", 1);
-  EXPECT_EQ(zntopo_test::allocations(), before);
+  EXPECT_EQ(zntopo::test::allocations(), before);
 }
 
 TEST_F(MCLogTest, ThreadsMayLogRotateAndSwitchAtOnce) {

@@ -10,7 +10,7 @@
 #include <thread>
 #include <vector>
 
-#include "tests/tvxpl/Scratch.h"
+#include "tests/support/Scratch.h"
 #include "zntopo/core/detail/CatalogueFiles.h"
 #include "zntopo/platform/tv/MsgCatalogue.h"
 
@@ -19,7 +19,7 @@ using zntopo::___zorb_topoMsg_fd__;
 using zntopo::_zorb_topoMsg;
 using zntopo::reopenMessageCatalogue;
 using zntopo::detail::catalogueFiles;
-using zntopo_test::setEnv;
+using zntopo::test::setEnv;
 
 namespace {
 
@@ -87,7 +87,7 @@ TEST_F(MessageCatalogueTest, ALanguageThatIsNotThereGivesTheDefault) {
 }
 
 TEST_F(MessageCatalogueTest, AFileThatIsNoCatalogueGivesTheDefault) {
-  const zntopo_test::Scratch scratch;
+  const zntopo::test::Scratch scratch;
   std::filesystem::create_directories(scratch.path("messages/de"));
   scratch.write("messages/de/zorb_topo.cat", "not a catalogue");
   setEnv("TV_DATA_PATH", scratch.folder());

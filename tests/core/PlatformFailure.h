@@ -1,6 +1,6 @@
 #pragma once
 
-namespace zntopo_test {
+namespace zntopo::test {
 
 /// While one of these lives, the platform refuses to make a mutex.
 class NoMutexes {
@@ -11,7 +11,4 @@ class NoMutexes {
   NoMutexes& operator=(const NoMutexes&) = delete;
 };
 
-/// How often this thread has allocated memory.
-unsigned long allocations();
-
-}  // namespace zntopo_test
+}  // namespace zntopo::test

@@ -7,14 +7,15 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 
-#include "tests/tvxpl/Scratch.h"
+#include "tests/support/Scratch.h"
 
 using testing::internal::CaptureStdout;
 using testing::internal::GetCapturedStdout;
 using zntopo::ZNExeTimeLogger;
-using zntopo_test::Scratch;
+using zntopo::test::Scratch;
 
 namespace {
 
@@ -63,7 +64,7 @@ TEST_F(ZNExeTimeLoggerTest, WritesEntryExitAndTheTimeBetween) {
     usleep(1000);
   }
   EXPECT_EQ(GetCapturedStdout(), "File open\n");
-  const auto lines = zntopo_test::linesOf(scratch_.read(fileName()));
+  const auto lines = zntopo::test::linesOf(scratch_.read(fileName()));
   ASSERT_EQ(lines.size(), 2U);
   const std::string time = "[0-9]+\\.[0-9][0-9][0-9][0-9][0-9][0-9]";
   EXPECT_THAT(lines[1], testing::MatchesRegex(time + "\\[-scope\\]\\(" + time + "\\)"));

@@ -11,7 +11,7 @@
 using zntopo::MutexLockInternal;
 using zntopo::ZNConditionVar;
 using zntopo::ZNMutex;
-using zntopo_test::NoMutexes;
+using zntopo::test::NoMutexes;
 
 namespace {
 

@@ -3,15 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/core/LogLines.h"
+#include "tests/core/LogTest.h"
 
 using namespace zntopo;
 using testing::ElementsAre;
-using zntopo_test::setEnv;
+using zntopo::test::setEnv;
 
 namespace {
 
-using ZNTopoAPIStatusTest = zntopo_test::LogTest;
+using ZNTopoAPIStatusTest = zntopo::test::LogTest;
 
 }  // namespace
 

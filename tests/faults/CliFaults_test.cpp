@@ -1,7 +1,7 @@
 // What the command says of a store with a fault: what happened, and what to do.
 
 #include "tests/faults/FaultFixture.h"
-#include "tests/tools/CliSupport.h"
+#include "tests/support/CliSupport.h"
 
 namespace zntopo::test {
 namespace {
@@ -21,7 +21,6 @@ class CliFaultTest : public testing::TestWithParam<Engine> {
   void SetUp() override {
     ZNTOPO_NEED_ENGINE(GetParam());
     if (GetParam() == Engine::Postgres) {
-      outerServer_ = std::getenv("ZNTOPO_TEST_POSTGRES");
       server_.emplace();
       server_->setEnvironment();
     }
@@ -33,7 +32,6 @@ class CliFaultTest : public testing::TestWithParam<Engine> {
     if (server_) server_->start();
     store_.reset();
     server_.reset();
-    if (!outerServer_.empty()) setenv("ZNTOPO_TEST_POSTGRES", outerServer_.c_str(), 1);
   }
 
   void expectEach(const std::string& status, const std::string& advice) {
@@ -53,7 +51,6 @@ class CliFaultTest : public testing::TestWithParam<Engine> {
     }
   }
 
-  std::string outerServer_;
   std::optional<PostgresServer> server_;
   std::optional<TestStore> store_;
 };
@@ -108,7 +105,7 @@ TEST_P(CliFaultTest, AnImportBesideAnotherWriterSaysSoAndWritesNothing) {
   EXPECT_EQ(zntopoRun({"import", samplePath()}).status, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CliFaultTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(CliFaultTest, kMainEngines);
 
 using CliServerTest = CliFaultTest;
 
@@ -121,7 +118,7 @@ TEST_P(CliServerTest, WithoutItsServerEachSubcommandSaysWhereToLook) {
   expectAnswers();
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CliServerTest, testing::Values(Engine::Postgres), EngineNames());
+ZNTOPO_ON_ENGINES(CliServerTest, kPostgres);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -62,7 +62,7 @@ TEST_P(CutFetchTest, AnAnswerThatBreaksOffIsNotToldFromItsEndAndTheNextQueryWork
   EXPECT_EQ(ZNDBTestAccess::lostCount(), 0u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CutFetchTest, testing::Values(Engine::Postgres), EngineNames());
+ZNTOPO_ON_ENGINES(CutFetchTest, kPostgres);
 
 /// The wire to the server is cut somewhere in what it says.
 class CutWireTest : public FaultTest {
@@ -116,7 +116,7 @@ TEST_P(CutWireTest, WhereverTheWireIsCutTheQueryEndsAndTheNextOneWorks) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CutWireTest, testing::Values(Engine::Postgres), EngineNames());
+ZNTOPO_ON_ENGINES(CutWireTest, kPostgres);
 
 /// The disk fails in the middle of the reading.
 class CutReadTest : public FaultTest {
@@ -152,8 +152,7 @@ TEST_P(CutReadTest, WhereverTheReadingFailsTheQueryEndsAndTheNextOneWorks) {
   EXPECT_GT(failures, 200);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CutReadTest, testing::Values(Engine::Sqlite, Engine::SqliteOdbc),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(CutReadTest, kSqliteDrivers);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <cstdlib>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "tests/faults/FaultyDisk.h"
+#include "tests/faults/LittleNetwork.h"
 #include "tests/faults/Questions.h"
 #include "tests/support/PostgresServer.h"
 
@@ -30,7 +30,6 @@ class FaultTest : public testing::TestWithParam<Engine> {
   void setUpWith(int moreNodes) {
     ZNTOPO_NEED_ENGINE(GetParam());
     if (GetParam() == Engine::Postgres) {
-      outerServer_ = std::getenv("ZNTOPO_TEST_POSTGRES");
       server_.emplace();
       server_->setEnvironment();
     } else {
@@ -47,7 +46,6 @@ class FaultTest : public testing::TestWithParam<Engine> {
     store_.reset();
     server_.reset();
     disk_.reset();
-    if (!outerServer_.empty()) setenv("ZNTOPO_TEST_POSTGRES", outerServer_.c_str(), 1);
   }
 
   void takeAway(PostgresServer::Stop how = PostgresServer::Stop::Fast) {
@@ -69,7 +67,7 @@ class FaultTest : public testing::TestWithParam<Engine> {
       const Question& question = questions()[i];
       const Answered answered = askCold(question);
       const ZNTopoStatus expected = question.endingOf(healthy_.statements(i).front(), own);
-      const bool isTold = isStoreFailure(expected) || question.connectsFirst
+      const bool isTold = isStoreFailure(expected) || question.connects == Connects::First
                               ? isStoreFailure(answered.status) || answered.status == expected
                               : answered.status == expected;
       EXPECT_TRUE(isTold) << question.name << " " << when << ": " << answered;
@@ -90,7 +88,6 @@ class FaultTest : public testing::TestWithParam<Engine> {
   std::optional<PostgresServer> server_;
   std::optional<FaultyDisk> disk_;
   std::optional<TestStore> store_;
-  std::string outerServer_;
   Healthy healthy_;
 };
 

@@ -1,13 +1,11 @@
 // The disk is full before a network is in the store.
 
-#include <unistd.h>
-
 #include <fstream>
 
 #include "tests/faults/FaultFixture.h"
 #include "tests/faults/SmallDisk.h"
-#include "tests/tools/CliSupport.h"
-#include "tests/tools/StoreDump.h"
+#include "tests/support/CliSupport.h"
+#include "tests/support/StoreDump.h"
 #include "tools/network/StoreWriter.h"
 
 namespace zntopo::test {
@@ -44,7 +42,6 @@ class FullStoreTest : public testing::TestWithParam<Engine> {
   void SetUp() override {
     ZNTOPO_NEED_ENGINE(GetParam());
     if (GetParam() == Engine::Postgres) {
-      outerServer_ = std::getenv("ZNTOPO_TEST_POSTGRES");
       // A table is a file; none of the server's own comes near.
       server_.emplace(2 << 20);
       server_->setEnvironment();
@@ -60,7 +57,6 @@ class FullStoreTest : public testing::TestWithParam<Engine> {
     connection_.reset();
     store_.reset();
     server_.reset();
-    if (!outerServer_.empty()) setenv("ZNTOPO_TEST_POSTGRES", outerServer_.c_str(), 1);
   }
 
   /// Lets the store of SQLite grow to so many pages.
@@ -88,7 +84,6 @@ class FullStoreTest : public testing::TestWithParam<Engine> {
     return "";
   }
 
-  std::string outerServer_;
   std::optional<PostgresServer> server_;
   std::optional<TestStore> store_;
   std::optional<TvDbil::DbConnection_t> connection_;
@@ -132,14 +127,15 @@ TEST_P(FullStoreTest, WithRoomTheSameConnectionWritesTheSameNetwork) {
   EXPECT_EQ(store_->count("nwnode"), nodes);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, FullStoreTest, testing::ValuesIn(kEngines), EngineNames());
+ZNTOPO_ON_ENGINES(FullStoreTest, kEngines);
 
 /// The command on a disk that is really full.
 class FullDiskTest : public testing::TestWithParam<Engine> {
  protected:
   void SetUp() override {
     ZNTOPO_NEED_ENGINE(GetParam());
-    disk_.emplace(3);
+    // A store of SQLite has its indices and its journal on the disk, too.
+    disk_.emplace(GetParam() == Engine::Postgres ? 2 : 3);
     if (!disk_->whyMissing().empty()) GTEST_SKIP() << disk_->whyMissing();
     if (GetParam() == Engine::Postgres) {
       setUpServer();
@@ -153,7 +149,6 @@ class FullDiskTest : public testing::TestWithParam<Engine> {
 
   /// The server's other files are elsewhere; the tables of the nodes are on the disk.
   void setUpServer() {
-    outerServer_ = std::getenv("ZNTOPO_TEST_POSTGRES");
     server_.emplace();
     server_->setEnvironment();
     const auto place = disk_->folder() / "tables";
@@ -174,12 +169,10 @@ class FullDiskTest : public testing::TestWithParam<Engine> {
     server_.reset();
     disk_.reset();
     unsetenv("TV_TOPO_STORE");
-    if (!outerServer_.empty()) setenv("ZNTOPO_TEST_POSTGRES", outerServer_.c_str(), 1);
   }
 
   void writeLargeFile() {
-    file_ = (std::filesystem::temp_directory_path() / "zntopo-large-XXXXXX").string();
-    close(mkstemp(file_.data()));
+    file_ = scratch_.path("large.json");
     std::ofstream stream(file_);
     stream << R"({"ietf-network:networks": {"network": [{"network-id": "large", "node": [)";
     for (int i = 0; i < kNodes; ++i) {
@@ -195,11 +188,11 @@ class FullDiskTest : public testing::TestWithParam<Engine> {
     return dumpStore(connection);
   }
 
-  static constexpr int kNodes = 8000;
-  std::string outerServer_;
+  static constexpr int kNodes = 4000;
   std::optional<SmallDisk> disk_;
   std::optional<PostgresServer> server_;
   std::optional<TestEngine> engine_;
+  Scratch scratch_;
   std::string file_;
 };
 
@@ -219,7 +212,6 @@ TEST_P(FullDiskTest, AnImportSaysThatTheDiskIsFullAndLosesNothing) {
   const CliResult imported = zntopoRun({"import", file_});
   EXPECT_EQ(imported.status, 0) << imported.err;
   EXPECT_THAT(imported.out, HasSubstr("Found " + std::to_string(kNodes) + " nodes"));
-  std::filesystem::remove(file_);
 }
 
 TEST(FullDiskInitTest, AnInitThatDoesNotFitLeavesNoStore) {
@@ -236,7 +228,7 @@ TEST(FullDiskInitTest, AnInitThatDoesNotFitLeavesNoStore) {
   EXPECT_EQ(zntopoRun({"init", "--store", store}).status, 0) << failed.err;
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, FullDiskTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(FullDiskTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -1,6 +1,7 @@
 // Somebody else has locked the store, and keeps it longer than anybody waits.
 
 #include "tests/faults/FaultFixture.h"
+#include "tests/faults/Schema.h"
 
 namespace zntopo::test {
 namespace {
@@ -75,10 +76,8 @@ TEST_P(LockedTest, EachQuerySaysThatTheStoreIsLockedAndWorksWhenItIsFree) {
       Holder holder(plain_);
       if (GetParam() == Engine::Postgres) {
         holder.start();
-        for (const char* table :
-             {"state", "nwentity", "nwnode", "nwinterface", "address", "userdefvar", "containment",
-              "NWInterfaceAsc", "nwifcctm", "addressmapping"}) {
-          holder.execute(std::string("lock table ") + table + " in access exclusive mode");
+        for (const TableOf& table : describedTables()) {
+          holder.execute("lock table " + table.name + " in access exclusive mode");
         }
         expectFailures("while the tables are locked", ZN_API_SQL_EXEC_ERROR);
       } else {
@@ -109,7 +108,7 @@ TEST_P(LockedTest, AFailureTellsOfTheLock) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, LockedTest, testing::ValuesIn(kEngines), EngineNames());
+ZNTOPO_ON_ENGINES(LockedTest, kEngines);
 
 }  // namespace
 }  // namespace zntopo::test

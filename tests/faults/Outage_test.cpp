@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "tests/faults/FaultFixture.h"
+#include "zntopo/model/InetAddress.h"
 
 namespace zntopo::test {
 namespace {
@@ -43,6 +44,64 @@ TEST_P(OutageTest, AStoreThatComesAndGoesBetweenTwoQueriesIsNotNoticed) {
     takeAway();
     bringBack();
     EXPECT_EQ(askCold(questions()[i]), healthy_.answer(i)) << questions()[i].name;
+  }
+}
+
+/// Objects that were read while the store was there, with nothing of what they read themselves.
+struct Held {
+  ZNRefPtr<ZNNode> node;
+  ZNRefPtr<ZNInterface> interface;
+  ZNRefPtr<ZNAddress> address;
+
+  static Held read() {
+    ZNTopoAPI_Impl::cache()->clear(true);
+    ZNTopoAPI api;
+    ZNTopoAPIStatus status;
+    Held held{api.getNodeByObjID(ObjID(kBeta), status),
+              api.getInterfaceByObjID(ObjID(interfaceID(2, 3)), status),
+              api.getAddressByObjID(ObjID(addressID(2, 3)), status)};
+    ZNTopoAPI_Impl::cache()->clear(true);
+    return held;
+  }
+};
+
+/// What objects ask of the store when they are asked: how many things they answer with.
+struct ObjectQuestion {
+  const char* name;
+  std::size_t (*ask)(const Held&);
+};
+
+constexpr ObjectQuestion kObjectQuestions[] = {
+    {"ZNNode::getInterfacesList",
+     [](const Held& held) { return held.node->getInterfacesList()->size(); }},
+    {"ZNNode::getInterfaceIDList",
+     [](const Held& held) { return held.node->getInterfaceIDList().size(); }},
+    {"ZNNode::getL2LinkConnectedInterfacesList",
+     [](const Held& held) { return held.node->getL2LinkConnectedInterfacesList()->size(); }},
+    {"ZNInterface::getConnData",
+     [](const Held& held) { return held.interface->getConnData().size(); }},
+    {"ZNInterface::getConnectedL2Interfaces",
+     [](const Held& held) { return held.interface->getConnectedL2Interfaces()->size(); }},
+    {"ZNInterface::getHSRPObjIDs",
+     [](const Held& held) { return held.interface->getHSRPObjIDs().size(); }},
+    {"ZNEntity::getAddresses",
+     [](const Held& held) { return held.interface->getAddresses().size(); }},
+    {"InetAddress::getHSRPObjIDs",
+     [](const Held& held) {
+       return dynamic_cast<const InetAddress&>(*held.address).getHSRPObjIDs().size();
+     }},
+};
+
+TEST_P(OutageTest, ObjectsReadBeforeItAskAgainWhenTheStoreIsBack) {
+  for (const ObjectQuestion& question : kObjectQuestions) {
+    const std::size_t healthy = question.ask(Held::read());
+    EXPECT_GT(healthy, 0u) << question.name;
+    const Held held = Held::read();
+    takeAway();
+    EXPECT_EQ(question.ask(held), 0u) << question.name << " while the store is away";
+    bringBack();
+    EXPECT_EQ(question.ask(held), healthy) << question.name << " when it is back";
+    expectNobodyHolds(question.name);
   }
 }
 
@@ -126,7 +185,7 @@ TEST_P(OutageTest, ThreadsGoOnAskingThroughStopsAndStarts) {
   EXPECT_LE(ZNDBTestAccess::connectionCount(), 4 * kThreads);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, OutageTest, testing::ValuesIn(kEngines), EngineNames());
+ZNTOPO_ON_ENGINES(OutageTest, kEngines);
 
 }  // namespace
 }  // namespace zntopo::test

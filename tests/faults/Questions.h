@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/api/ApiFixture.h"
+#include "tests/support/ApiFixture.h"
+#include "tests/support/Statements.h"
 
 /// @file
 /// Every query operation that reads the store, asked about one small network, and what each
@@ -14,11 +15,16 @@
 
 namespace zntopo::test {
 
-/// Fills a store with a network of three nodes in a row, alpha.net, beta and gamma, and at least
-/// a row of everything that a query reads.
-/// @param more so many further nodes on alpha.net, with all that hangs on a node, so that each
-/// query has as many rows to fetch.
-void fillLittleNetwork(TestStore& store, int more = 0);
+/// When a query takes its connection.
+enum class Connects {
+  Later,  ///< After it has asked for readiness.
+  First   ///< Before.
+};
+
+enum class Finds { Something, Nothing };
+
+/// Which of several statements that fail settles the status.
+enum class Tells { First, Last };
 
 /// What a question tells when a statement with this text is the first that fails; without a
 /// status what the failed statement itself tells.
@@ -36,8 +42,10 @@ struct Question {
   std::vector<Ending> endings = {};
   /// The answer of a store without a fault.
   ZNTopoStatus healthy = ZN_API_SUCCESS;
-  /// It takes a connection before it asks for readiness.
-  bool connectsFirst = false;
+  Connects connects = Connects::Later;
+  /// On a store without a fault.
+  Finds finds = Finds::Something;
+  Tells tells = Tells::First;
 
   /// What the question tells of a failed statement.
   ZNTopoStatus endingOf(const std::string& statement, ZNTopoStatus own) const;
@@ -80,9 +88,6 @@ class Healthy {
   std::vector<std::vector<std::string>> statements_;
   std::vector<Answered> answers_;
 };
-
-/// A statement with the texts in it left out: the same for every question of one kind.
-std::string shapeOf(const std::string& statement);
 
 /// True for the statuses of a statement that the engine refuses: it shows when the statement is
 /// prepared or when it is executed, as the engine likes it.

@@ -79,8 +79,7 @@ TEST_P(ReplacedFileTest, AProcessThatChangesItsFolderKeepsItsStore) {
   fs::current_path(before);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, ReplacedFileTest,
-                         testing::Values(Engine::Sqlite, Engine::SqliteOdbc), EngineNames());
+ZNTOPO_ON_ENGINES(ReplacedFileTest, kSqliteDrivers);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -33,22 +33,18 @@ bool leaveCommonSpace() {
 }  // namespace
 
 SmallDisk::SmallDisk(int megabytes) {
-  char pattern[] = "/tmp/zntopo-disk.XXXXXX";
-  if (mkdtemp(pattern) == nullptr) throw std::runtime_error("no folder can be made in /tmp");
-  folder_ = pattern;
   if (!leaveCommonSpace() || mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-      mount("none", folder_.c_str(), "tmpfs", 0, sizeOption(megabytes).c_str()) != 0) {
+      mount("none", folder().c_str(), "tmpfs", 0, sizeOption(megabytes).c_str()) != 0) {
     whyMissing_ = std::string("this process may not mount a disk: ") + std::strerror(errno);
   }
 }
 
 SmallDisk::~SmallDisk() {
-  if (whyMissing_.empty()) umount2(folder_.c_str(), MNT_DETACH);
-  rmdir(folder_.c_str());
+  if (whyMissing_.empty()) umount2(folder().c_str(), MNT_DETACH);
 }
 
 void SmallDisk::grow(int megabytes) const {
-  if (mount("none", folder_.c_str(), "tmpfs", MS_REMOUNT, sizeOption(megabytes).c_str()) != 0) {
+  if (mount("none", folder().c_str(), "tmpfs", MS_REMOUNT, sizeOption(megabytes).c_str()) != 0) {
     throw std::runtime_error(std::string("the disk can't grow: ") + std::strerror(errno));
   }
 }

@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <string>
 
+#include "tests/support/Scratch.h"
+
 /// @file
 /// A disk that is soon full.
 
@@ -19,12 +21,12 @@ class SmallDisk {
 
   /// Why there is none: this process may not mount. Empty if there is one.
   const std::string& whyMissing() const { return whyMissing_; }
-  const std::filesystem::path& folder() const { return folder_; }
+  const std::filesystem::path& folder() const { return scratch_.folder(); }
   /// Makes it larger.
   void grow(int megabytes) const;
 
  private:
-  std::filesystem::path folder_;
+  Scratch scratch_;
   std::string whyMissing_;
 };
 

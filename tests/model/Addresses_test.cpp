@@ -1,11 +1,11 @@
-#include "tests/model/NodeFixture.h"
+#include "tests/model/ModelFixture.h"
 #include "zntopo/model/InetAddressDNS.h"
 #include "zntopo/model/InetAddressIPv6.h"
 #include "zntopo/model/MonitoredInetAddressIPv6.h"
 #include "zntopo/model/PhysicalAddress.h"
 #include "zntopo/model/PingStatus.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
@@ -22,7 +22,7 @@ void expectV4(const InetAddressIPv4& address, int prefix, const std::string& pub
 
 }  // namespace
 
-using IPv4AddressTest = NodeModelTest;
+using IPv4AddressTest = ModelTest;
 
 TEST_F(IPv4AddressTest, TheConstructorWithoutArgumentsIsEmpty) {
   const InetAddressIPv4 address;
@@ -94,7 +94,7 @@ TEST_F(IPv4AddressTest, ACopyHasAllButTheMutex) {
   EXPECT_EQ(WorkingDB, copy.getDBType());
 }
 
-using IPv6AddressTest = NodeModelTest;
+using IPv6AddressTest = ModelTest;
 
 TEST_F(IPv6AddressTest, TheConstructorWithoutArgumentsIsGlobalInTheActiveTables) {
   const InetAddressIPv6 address;
@@ -173,7 +173,7 @@ TEST(PingStatusTest, TimesStartAtZero) {
   EXPECT_EQ(12, full.getLastStatusUpdateTime());
 }
 
-using MonitoredTest = NodeModelTest;
+using MonitoredTest = ModelTest;
 
 TEST_F(MonitoredTest, WhatIsNotGivenIsUnknown) {
   const InetAddressIPv6 plain("2001:db8::1", InetAddressIPv6::Global, 64, ActiveDB);
@@ -251,4 +251,4 @@ TEST_F(MonitoredTest, EnumeratorsHaveTheirNamesAsTexts) {
   EXPECT_EQ("", M::IPv6NetToMediaStateToString(M::IPv6NetToMediaState(7)));
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -1,9 +1,9 @@
 #include <ctime>
 
-#include "tests/model/EntityFixture.h"
+#include "tests/model/ModelFixture.h"
 #include "zntopo/model/BaseAspectFactoryImpl.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 using testing::ElementsAre;
@@ -11,7 +11,7 @@ using testing::IsEmpty;
 
 constexpr const char* kName = "MonitoredIPv6Aspect";
 
-class AspectsTest : public EntityModelTest {
+class AspectsTest : public ModelTest {
  protected:
   static ZNRefPtr<ZNEntity> entityOf(ZNEntity::IPLevel level) {
     EntityParts parts;
@@ -127,4 +127,4 @@ TEST_F(AspectsTest, TheTextTellsTheStatusesAndTheEntity) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

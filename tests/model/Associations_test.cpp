@@ -3,7 +3,7 @@
 #include "zntopo/model/ContainmentAss.h"
 #include "zntopo/model/RelatedToAss.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 void expectEnd(const AssEndPoint& end, const std::string& name, const ObjID& id, EntityType type) {
@@ -78,4 +78,4 @@ TEST(RelatedToAssTest, TheLongConstructorAndTheSettersSetEachField) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -3,9 +3,9 @@
 
 #include <set>
 
-#include "tests/model/NodeFixture.h"
+#include "tests/model/ModelFixture.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
@@ -257,4 +257,4 @@ TEST(CapabilityTest, ACapabilityIsItsName) {
   EXPECT_EQ("isCDP", capability.getCapabilityName());
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test

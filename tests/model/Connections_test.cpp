@@ -3,7 +3,7 @@
 #include "zntopo/model/ZNConnData.h"
 #include "zntopo/model/ZNConnection.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
@@ -59,4 +59,4 @@ TEST(ConnectionTest, TheTextBeginsWithTheOwnSide) {
   EXPECT_EQ(ObjID("n2"), farSide.getDestNodeObjID());
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -1,11 +1,12 @@
 #include <atomic>
+#include <regex>
 #include <thread>
 
-#include "tests/model/EntityFixture.h"
+#include "tests/model/ModelFixture.h"
 #include "zntopo/model/ZNHSRP.h"
 #include "zntopo/model/ZNIfcAssocInfo.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 constexpr int kRounds = 300;
@@ -30,7 +31,7 @@ ObjectStatus::Status statusOf(int number) {
   return statuses[static_cast<unsigned>(number) % 4];
 }
 
-class EntityThreadsTest : public EntityModelTest {
+class EntityThreadsTest : public ModelTest {
  protected:
   EntityThreadsTest() {
     gateway().addAddress(ipv4("a1", "10.0.0.1"));
@@ -156,4 +157,4 @@ TEST_F(EntityThreadsTest, TheStateOfARelationIsReadWhileItIsUpdated) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 constexpr std::pair<EntityType, const char*> kTexts[] = {
@@ -56,4 +56,4 @@ TEST(EntityTypeTest, NumbersThatAreNoKindAndThatOfAnAddressGiveUnknown) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

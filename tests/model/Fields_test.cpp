@@ -9,7 +9,7 @@
 #include "zntopo/core/Published.h"
 #include "zntopo/core/PublishedHandle.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 TEST(AtomicFieldTest, AFieldReadsAssignsAndCopiesLikeItsValue) {
@@ -158,4 +158,4 @@ TEST(PublishedHandleTest, ObjectsBeforeTheCurrentOneLiveAsLongAsTheOwner) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -1,19 +1,19 @@
 #include <ctime>
 
-#include "tests/model/EntityFixture.h"
+#include "tests/model/ModelFixture.h"
 #include "zntopo/model/ZNIfc.h"
 #include "zntopo/model/ZNInterface.h"
 #include "zntopo/model/ZNNode.h"
 #include "zntopo/model/ZNSubnet.h"
 #include "zntopo/model/ZNVlan.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class GroupsTest : public EntityModelTest {
+class GroupsTest : public ModelTest {
  protected:
   static ZNEntity entity(EntityType type = E_Card) {
     EntityParts parts;
@@ -362,4 +362,4 @@ TEST_F(ZNIfcAssocInfoTest, AContainerThatSharesTheRelationSeesTheNewState) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

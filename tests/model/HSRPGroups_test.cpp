@@ -1,4 +1,4 @@
-#include "tests/model/EntityFixture.h"
+#include "tests/model/ModelFixture.h"
 #include "zntopo/model/TopologyAttributeType.h"
 #include "zntopo/model/ZNHSRP.h"
 #include "zntopo/model/ZNHSRPAddrEqualObjID.h"
@@ -15,6 +15,9 @@ class ZNHSRPPeer {
   }
 };
 
+}  // namespace zntopo
+
+namespace zntopo::test {
 namespace {
 
 using testing::ElementsAre;
@@ -111,7 +114,7 @@ TEST(ZNHSRPAddressInfoTest, AMemberIsKnownByItsInterface) {
   EXPECT_FALSE(ZNHSRPAddrEqualObjID(ObjID("address of i"))(info));
 }
 
-class ZNHSRPTest : public EntityModelTest {
+class ZNHSRPTest : public ModelTest {
  protected:
   static ZNEntity entity() { return EntityParts().entity(); }
 
@@ -283,4 +286,4 @@ TEST_F(ZNHSRPTest, AFailedWriteOrClientIsReportedAndAFailedSendIsNot) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -1,6 +1,6 @@
-#include "tests/model/NodeFixture.h"
+#include "tests/model/ModelFixture.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
@@ -15,7 +15,7 @@ ZNRefPtr<ZNInterface> hsrpInterface(bool inHSRP) {
   return interfaceOf(ObjID("if"), ObjID("node"), property);
 }
 
-class HSRPMembershipTest : public NodeModelTest {
+class HSRPMembershipTest : public ModelTest {
  protected:
   InetAddressIPv4 address_{"10.0.0.1", false, ObjID("a"), ObjID("if"), WorkingDB};
 };
@@ -75,4 +75,4 @@ TEST_F(HSRPMembershipTest, AFailedListOfGroupsGivesTheOwnersAnswerAndIsAskedForA
   EXPECT_THAT(address_.getHSRPObjIDs(), ElementsAre(kGroup1));
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -5,7 +5,7 @@
 #include "zntopo/model/IPv4Octet.h"
 #include "zntopo/model/IPv4SubnetMask.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
@@ -127,4 +127,4 @@ TEST(IPv4SubnetMaskTest, AnAddressIsMaskedFromEitherSide) {
   EXPECT_EQ("10.1.0.0", std::string("10.1.2.3") & mask);
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test

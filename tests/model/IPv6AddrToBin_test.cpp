@@ -5,7 +5,7 @@
 #include <bitset>
 #include <sstream>
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
@@ -83,4 +83,4 @@ TEST(IPv6AddrToBinTest, APrefixIsTheFirstCharacters) {
   EXPECT_EQ("0110", IPv6AddrToBin::getBinStrPrefix("0110", 99));
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -1,8 +1,8 @@
 // The state setters of nodes and interfaces: what they ask, write and tell, and what a failure
 // leaves behind.
-#include "tests/model/NodeFixture.h"
+#include "tests/model/ModelFixture.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
@@ -45,7 +45,7 @@ const Setter kSetters[] = {
      "sendAttributeNotification(2, i, 3, 5, NULL, 0)"},
 };
 
-class StateSetterTest : public NodeModelTest, public testing::WithParamInterface<Setter> {
+class StateSetterTest : public ModelTest, public testing::WithParamInterface<Setter> {
  protected:
   ZNTopoStatus change(bool updateDB) {
     return GetParam().change(node_, interface_, updateDB).getStatus();
@@ -101,7 +101,7 @@ TEST_P(StateSetterTest, TheStatusOfTheSendComesBack) {
 INSTANTIATE_TEST_SUITE_P(All, StateSetterTest, testing::ValuesIn(kSetters),
                          [](const auto& test) { return test.param.name; });
 
-using SameStateTest = NodeModelTest;
+using SameStateTest = ModelTest;
 
 TEST_F(SameStateTest, AnInterfacesOwnStateIsNeitherWrittenNorTold) {
   ZNInterface interface(entityOf(ObjID("i"), E_Interface));
@@ -118,7 +118,7 @@ TEST_F(SameStateTest, ANodesOwnSnmpStateIsWrittenAndTold) {
   EXPECT_EQ(1, gateway().callCount("sendAttributeNotification"));
 }
 
-using L2DomainTest = NodeModelTest;
+using L2DomainTest = ModelTest;
 
 TEST_F(L2DomainTest, ANodesDomainIsStoredFirstAndNobodyIsTold) {
   ZNNode node(entityOf(ObjID("n"), E_Node, WorkingDB));
@@ -146,4 +146,4 @@ TEST_F(L2DomainTest, TheNewDomainStaysAfterAFailure) {
   EXPECT_EQ(6, interface.getL2DomainID());
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test

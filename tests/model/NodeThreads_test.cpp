@@ -1,10 +1,10 @@
 // Several threads on one object while it fills itself in on demand.
 #include <thread>
 
-#include "tests/model/NodeFixture.h"
+#include "tests/model/ModelFixture.h"
 #include "zntopo/model/InetAddressIPv6.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
@@ -15,7 +15,7 @@ void onThreads(const Work& work) {
   for (std::thread& thread : threads) thread.join();
 }
 
-using NodeThreadsTest = NodeModelTest;
+using NodeThreadsTest = ModelTest;
 
 }  // namespace
 
@@ -71,4 +71,4 @@ TEST_F(NodeThreadsTest, AnAddressFillsItsBitsAndGroupsOnce) {
   });
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 struct State {
@@ -82,4 +82,4 @@ TEST(ObjectStatusTest, ACopyIsAValueOfItsOwn) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -1,12 +1,12 @@
-#include "tests/model/NodeFixture.h"
+#include "tests/model/ModelFixture.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
 using testing::ElementsAre;
 
-class PingStateTest : public NodeModelTest {
+class PingStateTest : public ModelTest {
  protected:
   InetAddressIPv4 address_{"10.0.0.1", false,      ObjID("a"),      ObjID("if"),
                            ObjID("s"), 0U,         "255.255.255.0", Ping_Responding,
@@ -64,4 +64,4 @@ TEST_F(PingStateTest, TheStatusOfTheSendComesBack) {
   EXPECT_EQ(ZN_API_ATTR_NOTIF_GEN_ERROR, address_.setPingState(Ping_Disabled, true).getStatus());
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -1,8 +1,8 @@
 #include <ctime>
 
-#include "tests/model/EntityFixture.h"
+#include "tests/model/ModelFixture.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 using testing::ElementsAre;
@@ -51,7 +51,7 @@ const Row kRows[] = {
 constexpr ObjectStatus::Status kNew = ObjectStatus::Testing;
 constexpr const char* kAskedForReadiness = "getTopoMode(1)";  // the entity's own table set
 
-class StateSettersTest : public EntityModelTest, public testing::WithParamInterface<Row> {
+class StateSettersTest : public ModelTest, public testing::WithParamInterface<Row> {
  protected:
   ZNTopoAPIStatus set(const ObjectStatus& status, long time, bool updateDB) {
     return GetParam().set(entity_, status, time, updateDB);
@@ -212,7 +212,7 @@ TEST_P(StateSettersTest, TheObjectIsLockedFromTheFirstCallToTheLast) {
   EXPECT_FALSE(entity.isLocked());
 }
 
-class SetStatusTest : public EntityModelTest {
+class SetStatusTest : public ModelTest {
  protected:
   ZNEntity entity_ = EntityParts().entity();
 };
@@ -271,4 +271,4 @@ TEST_F(SetStatusTest, AMajorObjectThatBecomesNormalNowIsMarked) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 TEST(UserDefVarTest, ADefaultVariableHasNoNameAndACapabilityAsItsValue) {
@@ -35,4 +35,4 @@ TEST(UserDefVarTest, TheTextIsTheNameAndTheTextOfTheValue) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

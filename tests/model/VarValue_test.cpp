@@ -9,7 +9,7 @@
 #include <string>
 #include <utility>
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 VarValue octets(const std::string& bytes) {
@@ -372,4 +372,4 @@ TEST(VarValueTest, AnUnknownTagEqualsNothing) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -1,15 +1,15 @@
 #include "zntopo/model/ZNEntityDB.h"
 
-#include "tests/model/EntityFixture.h"
+#include "tests/model/ModelFixture.h"
 #include "zntopo/model/PhysicalAddress.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class ZNEntityDBTest : public EntityModelTest {
+class ZNEntityDBTest : public ModelTest {
  protected:
   using AddressVector = ZNEntityDB::AddressVector;
 
@@ -260,9 +260,10 @@ TEST_F(ZNEntityDBTest, WithoutAnAddressOfAKindItsTextIsEmpty) {
 TEST_F(ZNEntityDBTest, AddressesAreReadFromTheStoreInTheOrderOfIdentifiers) {
   for (const auto& address : oneOfEachType()) gateway().addAddress(address);
   const ZNEntityDB entity = filled();
-  EXPECT_THAT(idsOf(entity.getAddresses()), ElementsAre("a1", "a2", "b1", "p1", "p2"));
+  EXPECT_THAT(addressIDsOf(entity.getAddresses()), ElementsAre("a1", "a2", "b1", "p1", "p2"));
   EXPECT_THAT(gateway().calls(), ElementsAre("getAddrsByObjIDs([a1 a2 b1 p1 p2])"));
-  EXPECT_THAT(idsOf(*entity.getAddressesByType(ZNAddress::Physical)), ElementsAre("p1", "p2"));
+  EXPECT_THAT(addressIDsOf(*entity.getAddressesByType(ZNAddress::Physical)),
+              ElementsAre("p1", "p2"));
 }
 
 TEST_F(ZNEntityDBTest, WithoutAddressesTheStoreIsNotAsked) {
@@ -293,4 +294,4 @@ TEST_F(ZNEntityDBTest, AssociationsCanBeReplaced) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

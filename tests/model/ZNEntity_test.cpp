@@ -2,16 +2,16 @@
 
 #include <limits>
 
-#include "tests/model/EntityFixture.h"
+#include "tests/model/ModelFixture.h"
 #include "zntopo/model/ZNEntityDB.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class ZNEntityTest : public EntityModelTest {
+class ZNEntityTest : public ModelTest {
  protected:
   /// An entity with a parent, two addresses, two variables and all its modification marks set.
   static ZNEntity filled() {
@@ -400,8 +400,8 @@ TEST_F(ZNEntityTest, EachCallForAddressesAsksTheStoreAnew) {
   gateway().addAddress(ipv4("a1", "10.0.0.1"));
   gateway().addAddress(ipv4("a2", "10.0.0.2"));
   const ZNEntity entity = filled();
-  EXPECT_THAT(idsOf(entity.getAddresses()), ElementsAre("a1", "a2"));
-  EXPECT_THAT(idsOf(entity.getAddresses()), ElementsAre("a1", "a2"));
+  EXPECT_THAT(addressIDsOf(entity.getAddresses()), ElementsAre("a1", "a2"));
+  EXPECT_THAT(addressIDsOf(entity.getAddresses()), ElementsAre("a1", "a2"));
   EXPECT_EQ(2, gateway().callCount("getAddrsByObjIDs"));
 }
 
@@ -411,9 +411,9 @@ TEST_F(ZNEntityTest, AddressesOfATypeKeepTheirOrder) {
   gateway().addAddress(ipv4("a2", "10.0.0.2"));
   ZNEntity entity = EntityParts().entity();
   entity.setAddresses({ipv4("a2", ""), ipv4("b1", ""), ipv4("a1", "")});
-  EXPECT_THAT(idsOf(*entity.getAddressesByType(ZNAddress::IPv4)), ElementsAre("a2", "a1"));
-  EXPECT_THAT(idsOf(*entity.getAddressesByType(ZNAddress::IPv6)), ElementsAre("b1"));
-  EXPECT_THAT(idsOf(*entity.getAddressesByType(ZNAddress::Physical)), IsEmpty());
+  EXPECT_THAT(addressIDsOf(*entity.getAddressesByType(ZNAddress::IPv4)), ElementsAre("a2", "a1"));
+  EXPECT_THAT(addressIDsOf(*entity.getAddressesByType(ZNAddress::IPv6)), ElementsAre("b1"));
+  EXPECT_THAT(addressIDsOf(*entity.getAddressesByType(ZNAddress::Physical)), IsEmpty());
 }
 
 TEST_F(ZNEntityTest, AReadOfAddressesLogsItsBeginAndEnd) {
@@ -441,4 +441,4 @@ TEST_F(ZNEntityTest, TheObjectIsLockedWhileTheStoreIsAskedForAddresses) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

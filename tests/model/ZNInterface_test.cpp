@@ -2,9 +2,9 @@
 
 #include <cstring>
 
-#include "tests/model/NodeFixture.h"
+#include "tests/model/ModelFixture.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
@@ -39,7 +39,7 @@ void addNodeWith(FakeTopologyGateway& gateway, const ZNNode::ConnDataVector& lin
   gateway.addNode(node);
 }
 
-using ZNInterfaceTest = NodeModelTest;
+using ZNInterfaceTest = ModelTest;
 
 }  // namespace
 
@@ -49,7 +49,7 @@ TEST_F(ZNInterfaceTest, EachConstructorMakesItAnInterface) {
   EXPECT_EQ(E_Interface, ZNInterface(entity).getEntityType());
   EXPECT_EQ(E_Interface, ZNInterface(entity, links).getEntityType());
   EXPECT_EQ(E_Interface, ZNInterface(entity, IFProperty()).getEntityType());
-  const ZNInterface full(entity, links, IFProperty(), {v4Address(ObjID("a"), "10.0.0.1")});
+  const ZNInterface full(entity, links, IFProperty(), {ipv4(ObjID("a"), "10.0.0.1", ObjID("if"))});
   EXPECT_EQ(E_Interface, full.getEntityType());
   EXPECT_EQ(1U, full.getConnData().size());
   EXPECT_EQ(1U, full.getAddressList().size());
@@ -190,4 +190,4 @@ TEST_F(ZNInterfaceTest, OutsideHSRPNobodyIsAskedForGroups) {
   EXPECT_TRUE(gateway().calls().empty());
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test

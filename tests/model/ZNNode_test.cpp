@@ -1,9 +1,9 @@
 #include "zntopo/model/ZNNode.h"
 
-#include "tests/model/NodeFixture.h"
+#include "tests/model/ModelFixture.h"
 #include "zntopo/model/ZNIfcInfo.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
@@ -19,7 +19,7 @@ ZNRefPtr<ZNConnData> link(const ObjID& srcIF, const ObjID& destIF, const ObjID& 
   return new ZNConnData(srcIF, destIF, srcNode, destNode, srcNode == ObjID("node"));
 }
 
-using ZNNodeTest = NodeModelTest;
+using ZNNodeTest = ModelTest;
 
 }  // namespace
 
@@ -111,11 +111,12 @@ TEST_F(ZNNodeTest, AnInterfaceIsFoundByItsFirstAddressOfAType) {
   ZNNode node = nodeOf();
   const auto first = interfaceOf(ObjID("i1"));
   const auto second = interfaceOf(ObjID("i2"));
-  first->setAddresses({v4Address(ObjID("a1"), "10.0.0.1"), v4Address(ObjID("a2"), "10.0.0.2")});
-  second->setAddresses({v4Address(ObjID("a3"), "10.0.0.3")});
+  first->setAddresses(
+      {ipv4(ObjID("a1"), "10.0.0.1", ObjID("if")), ipv4(ObjID("a2"), "10.0.0.2", ObjID("if"))});
+  second->setAddresses({ipv4(ObjID("a3"), "10.0.0.3", ObjID("if"))});
   for (const auto& address :
-       {v4Address(ObjID("a1"), "10.0.0.1"), v4Address(ObjID("a2"), "10.0.0.2"),
-        v4Address(ObjID("a3"), "10.0.0.3")}) {
+       {ipv4(ObjID("a1"), "10.0.0.1", ObjID("if")), ipv4(ObjID("a2"), "10.0.0.2", ObjID("if")),
+        ipv4(ObjID("a3"), "10.0.0.3", ObjID("if"))}) {
     gateway().addAddress(address);
   }
   gateway().addInterface(first);
@@ -167,7 +168,7 @@ TEST_F(ZNNodeTest, AManagementAddressWithoutANumberIsReadByItsTextAndDomain) {
   property.V4MgmtAddress =
       ZNRefPtr<InetAddressIPv4>(new InetAddressIPv4("10.0.0.9", "192.0.2.9", 7U, ActiveDB));
   const ZNNode node = nodeOf(ActiveDB, property);
-  gateway().answerAddressByIP("10.0.0.9", v4Address(ObjID(12), "10.0.0.9"));
+  gateway().answerAddressByIP("10.0.0.9", ipv4(ObjID(12), "10.0.0.9", ObjID("if")));
   const InetAddressIPv4& before = node.getNodeProperty().V4MgmtAddress.get().operator*();
   const InetAddressIPv4& address = node.getIPv4MgmtAddress();
   EXPECT_EQ(ObjID(12), address.getAddressID());
@@ -212,4 +213,4 @@ TEST_F(ZNNodeTest, ACopyHasTheNodesOwnFields) {
   EXPECT_TRUE(gateway().calls().empty());  // and knows that its list is loaded
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test

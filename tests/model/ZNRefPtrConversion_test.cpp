@@ -1,6 +1,6 @@
 #include "zntopo/model/ZNRefPtrConversion.h"
 
-#include "tests/model/EntityFixture.h"
+#include "tests/model/ModelFixture.h"
 #include "zntopo/model/InetAddressDNS.h"
 #include "zntopo/model/MonitoredInetAddressIPv6.h"
 #include "zntopo/model/ZNHSRP.h"
@@ -10,7 +10,7 @@
 #include "zntopo/model/ZNSubnet.h"
 #include "zntopo/model/ZNVlan.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 using Conversion = ZNRefPtrConversion;
@@ -146,4 +146,4 @@ TEST(ZNRefPtrConversionTest, NoListGivesAnEmptyList) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

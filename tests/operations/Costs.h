@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "tests/api/ObjectTexts.h"
 #include "tests/operations/Operations.h"
+#include "tests/support/ObjectTexts.h"
 
 /// @file
 /// What the rows of Operations.h are made of: the costs of the library's building blocks, and

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/cache/CachePeer.h"
 #include "tests/operations/Operations.h"
+#include "tests/support/CachePeer.h"
 
 namespace zntopo::test {
 

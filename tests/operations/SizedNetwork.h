@@ -3,7 +3,8 @@
 #include <cstdio>
 #include <string>
 
-#include "tests/connectivity/Network.h"
+#include "tests/support/ApiFixture.h"
+#include "tests/support/StoredNetwork.h"
 
 /// @file
 /// A network whose size is data, for tests that hold every query operation against it.

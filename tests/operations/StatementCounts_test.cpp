@@ -119,7 +119,7 @@ TEST_P(StatementCountsTest, TheLoaderOfUserVariablesNamesItsWholeRequestInEachBa
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, StatementCountsTest, testing::ValuesIn(kEngines), EngineNames());
+ZNTOPO_ON_ENGINES(StatementCountsTest, kEngines);
 
 // ---- what costs grow with ----------------------------------------------------------------------
 

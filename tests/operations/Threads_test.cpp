@@ -160,8 +160,7 @@ TEST_P(OperationThreadsTest, EightThreadsAskEverythingWhileTheCacheIsTurnedUpsid
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, OperationThreadsTest, testing::ValuesIn(kMainEngines),
-                         EngineNames());
+ZNTOPO_ON_ENGINES(OperationThreadsTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <array>
 #include <future>
 #include <map>
 #include <set>
@@ -307,9 +308,9 @@ TEST_F(PostgresRolesTest, TheStatementsOfStateChangesDoTheirWork) {
 }
 
 TEST_F(PostgresRolesTest, TheScriptMayRunSeveralTimesAtOnce) {
-  std::vector<std::future<void>> runs;
-  for (int i = 0; i < 4; ++i) {
-    runs.push_back(std::async(std::launch::async, [this] { makePostgresRoles(owners()); }));
+  std::array<std::future<void>, 4> runs;
+  for (auto& run : runs) {
+    run = std::async(std::launch::async, [this] { makePostgresRoles(owners()); });
   }
   for (auto& run : runs) EXPECT_NO_THROW(run.get());
   EXPECT_EQ(asReader_->answer("select * from nwnode"), "done");

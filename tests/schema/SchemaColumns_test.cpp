@@ -244,7 +244,7 @@ TEST_P(SchemaTest, ARowThatSaysNothingWithoutAnotherGoesWithIt) {
   EXPECT_EQ(store_->count("nwvlan"), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, SchemaTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(SchemaTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

@@ -121,7 +121,7 @@ TEST_P(SchemaIndexTest, ALookupWithoutAnIndexIsSeenByTheseTests) {
   EXPECT_FALSE(usesIndex("select * from nwnode where sysContact = 'me'"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, SchemaIndexTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(SchemaIndexTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

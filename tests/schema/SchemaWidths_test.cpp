@@ -139,7 +139,7 @@ TEST_P(SchemaWidthTest, AnUpdateIsCheckedToo) {
   EXPECT_TRUE(store_->accepts("update nwnode set sysContact = '" + std::string(128, 'x') + "'"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, SchemaWidthTest, testing::ValuesIn(kMainEngines), EngineNames());
+ZNTOPO_ON_ENGINES(SchemaWidthTest, kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::test

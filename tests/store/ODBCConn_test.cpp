@@ -8,12 +8,9 @@
 #include "tests/support/CapturedLog.h"
 #include "tests/support/TestStore.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
-using test::CapturedLog;
-using test::Engine;
-using test::TestStore;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::Not;
@@ -28,10 +25,9 @@ void run(const ODBCConn& holder, const std::string& sql) {
       << messages.Format(TvXplMsg::fRecurse_k);
 }
 
-class ODBCConnTest : public test::StoreTest {};
+class ODBCConnTest : public StoreTest {};
 
-INSTANTIATE_TEST_SUITE_P(Engines, ODBCConnTest, testing::ValuesIn(test::kEngines),
-                         test::EngineNames());
+ZNTOPO_ON_ENGINES(ODBCConnTest, kEngines);
 
 TEST_P(ODBCConnTest, AHolderStartsATransactionAndCommitsAtItsEnd) {
   {
@@ -250,4 +246,4 @@ TEST_F(ODBCConnPostgresTest, AConnectionThatTheServerDropsInATransactionCostsTha
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -8,18 +8,13 @@
 
 #include "tests/support/TestEngine.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
-using test::Engine;
-using test::TestEngine;
 using testing::HasSubstr;
 
 std::string fileText(const std::string& name) {
-  std::ifstream stream(std::string(ZNTOPO_SOURCE_DIR) + "/data/schema/" + name);
-  std::stringstream text;
-  text << stream.rdbuf();
-  return text.str();
+  return contentOf(ZNTOPO_SOURCE_DIR "/data/schema/" + name);
 }
 
 TEST(SchemaScriptTest, TheLibraryCarriesTheScriptsOfTheDataFolder) {
@@ -52,8 +47,7 @@ class CreateSchemaTest : public testing::TestWithParam<Engine> {
   std::unique_ptr<TvDbil::DbConnection_t> connection_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, CreateSchemaTest, testing::ValuesIn(test::kEngines),
-                         test::EngineNames());
+ZNTOPO_ON_ENGINES(CreateSchemaTest, kEngines);
 
 TEST_P(CreateSchemaTest, AnEmptyStoreGetsEveryTable) {
   EXPECT_EQ(createSchema(messages_, *connection_), TvDbil::DBIL_SUCCESS)
@@ -65,7 +59,7 @@ TEST_P(CreateSchemaTest, AnEmptyStoreGetsEveryTable) {
 }
 
 TEST_P(CreateSchemaTest, AFailureLeavesNothingBehind) {
-  test::executeOn(engine_->store(), "create table userdefvar_update (somebody integer)");
+  executeOn(engine_->store(), "create table userdefvar_update (somebody integer)");
   EXPECT_NE(createSchema(messages_, *connection_), TvDbil::DBIL_SUCCESS);
   EXPECT_THAT(messages_.Format(TvXplMsg::fRecurse_k), HasSubstr("userdefvar_update"));
   EXPECT_FALSE(connection_->InTransaction());
@@ -82,4 +76,4 @@ TEST(CreateSchemaOnNothingTest, AnEngineWithoutAScriptIsRefused) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -8,11 +8,9 @@
 #include "tests/support/CapturedLog.h"
 #include "tests/support/TestStore.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
-using test::CapturedLog;
-using test::TestStore;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::StartsWith;
@@ -27,9 +25,9 @@ const std::string kSql = "select ObjId, EntityName, IPLevel from nwnode order by
 /// A text column without room: it can't be bound.
 constexpr Column kUnbindable[] = {textColumn("ObjId", 37), textColumn("EntityName", 0)};
 
-class StoreAccessTest : public test::StoreTest {
+class StoreAccessTest : public StoreTest {
  protected:
-  void addNode(const std::string& id, const test::Value& name, const test::Value& level) {
+  void addNode(const std::string& id, const Value& name, const Value& level) {
     store_->insert("nwnode", {{"ObjId", id}, {"EntityName", name}, {"IPLevel", level}});
   }
 
@@ -50,8 +48,7 @@ class StoreAccessTest : public test::StoreTest {
   ZNTopoAPIStatus status_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Engines, StoreAccessTest, testing::ValuesIn(test::kEngines),
-                         test::EngineNames());
+ZNTOPO_ON_ENGINES(StoreAccessTest, kEngines);
 
 TEST_P(StoreAccessTest, ARowHasItsValuesByTheEnumerationOfItsColumns) {
   addNode("n1", "core", 4);
@@ -377,4 +374,4 @@ TEST(AddErrorListMessageTest, AnEmptyListAddsAnEmptyLine) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
 struct NamePair {
@@ -54,4 +54,4 @@ TEST(TableSetTest, ADefaultAndAnUnknownTypeBehaveAsActive) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -9,7 +9,7 @@ namespace {
 
 class TestStoreTest : public StoreTest {};
 
-INSTANTIATE_TEST_SUITE_P(Engines, TestStoreTest, testing::ValuesIn(kEngines), EngineNames());
+ZNTOPO_ON_ENGINES(TestStoreTest, kEngines);
 
 TEST_P(TestStoreTest, ValuesOfEachKindComeBack) {
   store_->insert("userdefvar", {{"ObjID", "it's"},

@@ -5,11 +5,8 @@
 #include "tests/support/CapturedLog.h"
 #include "tests/support/TestStore.h"
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
-
-using test::CapturedLog;
-using test::TestStore;
 
 class ZNDBConnectionTest : public testing::Test {
  protected:
@@ -69,4 +66,4 @@ TEST_F(ZNDBConnectionTest, WithoutAPlatformObjectEachOperationFails) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

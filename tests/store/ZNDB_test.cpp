@@ -30,11 +30,9 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   }
 }
 
-namespace zntopo {
+namespace zntopo::test {
 namespace {
 
-using test::CapturedLog;
-using test::TestStore;
 using testing::Contains;
 using testing::ElementsAre;
 
@@ -267,4 +265,4 @@ TEST_F(ZNDBTest, EightThreadsBorrowWithoutSharingAConnection) {
 }
 
 }  // namespace
-}  // namespace zntopo
+}  // namespace zntopo::test

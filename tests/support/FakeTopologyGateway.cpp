@@ -5,7 +5,7 @@
 
 #include "zntopo/model/ZNHSRPAddressInfo.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 namespace {
 
@@ -45,8 +45,6 @@ FakeTopologyGateway& FakeTopologyGateway::instance() {
   static auto* const gateway = new FakeTopologyGateway();
   return *gateway;
 }
-
-TopologyGateway& topologyGateway() { return FakeTopologyGateway::instance(); }
 
 void FakeTopologyGateway::reset() {
   Answers dropped;  // dies behind the lock: what it holds may call back
@@ -286,4 +284,6 @@ std::unique_ptr<std::list<ObjID>> FakeTopologyGateway::getHSRPObjIDsByIFAddressO
       status.isOK() ? answerFrom(answers_.hsrpObjIDs, text(id)) : std::list<ObjID>());
 }
 
-}  // namespace zntopo
+}  // namespace zntopo::test
+
+zntopo::TopologyGateway& zntopo::topologyGateway() { return test::FakeTopologyGateway::instance(); }

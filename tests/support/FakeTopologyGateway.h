@@ -10,7 +10,7 @@
 #include "zntopo/model/ZNInterface.h"
 #include "zntopo/model/ZNNode.h"
 
-namespace zntopo {
+namespace zntopo::test {
 
 /// Stands for the floors above the model in tests: it records each call as a line of text, and
 /// answers from what the test has put into it. Several threads may call it at once; a test
@@ -111,4 +111,4 @@ class FakeTopologyGateway : public TopologyGateway {
   Answers answers_;
 };
 
-}  // namespace zntopo
+}  // namespace zntopo::test

@@ -2,11 +2,13 @@
 
 #include <fcntl.h>
 #include <grp.h>
+#include <netinet/in.h>
 #include <pwd.h>
 #include <signal.h>
 #include <stdlib.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -23,6 +25,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* kServerVariable = "ZNTOPO_TEST_POSTGRES";
 constexpr auto kPatience = std::chrono::seconds(60);
 constexpr auto kPause = std::chrono::milliseconds(10);
 
@@ -40,13 +43,6 @@ fs::path programFolder() {
   if (found.empty())
     throw std::runtime_error("there is no PostgreSQL server: apt-get install postgresql");
   return found.rbegin()->second;
-}
-
-std::string contentOf(const fs::path& path) {
-  std::ifstream stream(path);
-  std::ostringstream text;
-  text << stream.rdbuf();
-  return text.str();
 }
 
 std::vector<std::string> words(const std::string& text) {
@@ -81,27 +77,33 @@ void becomeServer(const passwd* user, const char* folder, const char* log, long 
   dup2(output, 2);
 }
 
+/// A port of 127.0.0.1 that nobody listens on.
+int freePort() {
+  const int descriptor = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  auto* const any = reinterpret_cast<sockaddr*>(&address);
+  socklen_t size = sizeof address;
+  const bool isBound = bind(descriptor, any, size) == 0 && getsockname(descriptor, any, &size) == 0;
+  close(descriptor);
+  if (!isBound) throw std::runtime_error("there is no free port");
+  return ntohs(address.sin_port);
+}
+
 }  // namespace
 
-PostgresServer::PostgresServer(long mostBytesOfFile) : mostBytesOfFile_(mostBytesOfFile) {
-  // A socket's path may have 107 bytes, so the folder is not under a long TMPDIR.
-  char pattern[] = "/tmp/zntopo-fault.XXXXXX";
-  if (mkdtemp(pattern) == nullptr) throw std::runtime_error("no folder can be made in /tmp");
-  folder_ = pattern;
-  try {
-    giveToServer(folder_);
-    makeCluster();
-    start();
-  } catch (...) {
-    fs::remove_all(folder_);
-    throw;
-  }
+// A socket's path may have 107 bytes, so the folder is not under a long TMPDIR.
+PostgresServer::PostgresServer(long mostBytesOfFile)
+    : mostBytesOfFile_(mostBytesOfFile), scratch_("/tmp") {
+  giveToServer(folder());
+  makeCluster();
+  start();
 }
 
 PostgresServer::~PostgresServer() {
-  std::error_code ignored;
   stop(Stop::Crash);
-  fs::remove_all(folder_, ignored);
+  if (outerServer_) setEnv(kServerVariable, *outerServer_);
 }
 
 void PostgresServer::giveToServer(const fs::path& folder) {
@@ -116,7 +118,7 @@ void PostgresServer::giveToServer(const fs::path& folder) {
 
 pid_t PostgresServer::spawn(const std::string& program, const std::string& arguments) const {
   const std::string path = (programFolder() / program).string();
-  const std::string log = (folder_ / "server.log").string();
+  const std::string log = scratch_.path("server.log");
   std::vector<std::string> all = words(arguments);
   all.insert(all.begin(), path);
   std::vector<char*> pointers;
@@ -125,7 +127,7 @@ pid_t PostgresServer::spawn(const std::string& program, const std::string& argum
   const passwd* const user = serverUser();
   const pid_t child = fork();
   if (child == 0) {
-    becomeServer(user, folder_.c_str(), log.c_str(), program == "postgres" ? mostBytesOfFile_ : 0);
+    becomeServer(user, folder().c_str(), log.c_str(), program == "postgres" ? mostBytesOfFile_ : 0);
     execv(path.c_str(), pointers.data());
     _exit(127);
   }
@@ -140,8 +142,8 @@ void PostgresServer::makeCluster() {
                      " --wal-segsize=1"))) {
     fail("initdb failed");
   }
-  std::ofstream(folder_ / "data" / "postgresql.conf", std::ios::app)
-      << "listen_addresses = ''\nunix_socket_directories = '" << folder_.string()
+  std::ofstream(folder() / "data" / "postgresql.conf", std::ios::app)
+      << "listen_addresses = ''\nunix_socket_directories = '" << folder().string()
       << "'\nshared_buffers = 16MB\nmax_connections = 150\nfsync = off\nsynchronous_commit = off\n"
          "full_page_writes = off\nautovacuum = off\nmax_wal_size = 64MB\nmin_wal_size = 2MB\n";
 }
@@ -160,7 +162,7 @@ void PostgresServer::start() {
 
 /// The last line of the server's own file tells.
 bool PostgresServer::isReady() const {
-  const std::string state = contentOf(folder_ / "data" / "postmaster.pid");
+  const std::string state = contentOf(folder() / "data" / "postmaster.pid");
   const std::vector<std::string> all = words(state);
   return !all.empty() && all.front() == std::to_string(pid_) && all.back() == "ready";
 }
@@ -172,16 +174,27 @@ void PostgresServer::stop(Stop how) {
   pid_ = -1;
 }
 
-void PostgresServer::setEnvironment() const {
-  const std::string connection =
-      "Driver=PostgreSQL Unicode;Servername=" + folder_.string() + ";Port=5432;Username=zntopo;";
-  setenv("ZNTOPO_TEST_POSTGRES", connection.c_str(), 1);
+int PostgresServer::listenOnTcp() {
+  stop();
+  port_ = freePort();
+  std::ofstream(folder() / "data" / "postgresql.conf", std::ios::app)
+      << "listen_addresses = '127.0.0.1'\nport = " << port_ << "\n";
+  start();
+  return port_;
 }
 
-fs::path PostgresServer::socket() const { return folder_ / ".s.PGSQL.5432"; }
+void PostgresServer::setEnvironment() {
+  const char* const outer = std::getenv(kServerVariable);
+  if (!outerServer_) outerServer_ = outer ? outer : "";
+  const std::string connection = "Driver=PostgreSQL Unicode;Servername=" + folder().string() +
+                                 ";Port=" + std::to_string(port_) + ";Username=zntopo;";
+  setEnv(kServerVariable, connection);
+}
+
+fs::path PostgresServer::socket() const { return folder() / (".s.PGSQL." + std::to_string(port_)); }
 
 void PostgresServer::fail(const std::string& what) const {
-  throw std::runtime_error(what + "\n" + contentOf(folder_ / "server.log"));
+  throw std::runtime_error(what + "\n" + scratch_.read("server.log"));
 }
 
 }  // namespace zntopo::test

@@ -3,7 +3,10 @@
 #include <sys/types.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
+
+#include "tests/support/Scratch.h"
 
 /// @file
 /// A PostgreSQL server that a test may stop, crash and start again.
@@ -35,11 +38,15 @@ class PostgresServer {
   void stop(Stop how = Stop::Fast);
   bool isRunning() const { return pid_ > 0; }
 
-  /// Makes ZNTOPO_TEST_POSTGRES name this server, so that a TestEngine lies on it.
-  void setEnvironment() const;
+  /// Starts the server again on a free port, of 127.0.0.1 and of its socket; gives the port.
+  int listenOnTcp();
+
+  /// Makes ZNTOPO_TEST_POSTGRES name this server, so that a TestEngine lies on it. At the end of
+  /// this object it names what it named before.
+  void setEnvironment();
   /// The path of its socket.
   std::filesystem::path socket() const;
-  const std::filesystem::path& folder() const { return folder_; }
+  const std::filesystem::path& folder() const { return scratch_.folder(); }
   /// Gives a folder to the user that the server runs as.
   static void giveToServer(const std::filesystem::path& folder);
 
@@ -50,7 +57,9 @@ class PostgresServer {
   [[noreturn]] void fail(const std::string& what) const;
 
   long mostBytesOfFile_;
-  std::filesystem::path folder_;
+  Scratch scratch_;
+  std::optional<std::string> outerServer_;
+  int port_ = 5432;
   pid_t pid_ = -1;
 };
 

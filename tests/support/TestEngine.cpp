@@ -4,9 +4,7 @@
 #include <unistd.h>
 
 #include <atomic>
-#include <cerrno>
 #include <chrono>
-#include <cstring>
 #include <ostream>
 #include <stdexcept>
 
@@ -21,19 +19,9 @@ extern "C" const char* __lsan_default_suppressions() {  // NOLINT(bugprone-reser
 namespace zntopo::test {
 namespace {
 
-namespace fs = std::filesystem;
-
 std::string environment(const char* name) {
   const char* value = std::getenv(name);
   return value == nullptr ? std::string() : value;
-}
-
-fs::path makeFolder() {
-  std::string pattern = (fs::temp_directory_path() / "zntopo-test.XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) {
-    throw std::runtime_error("mkdtemp " + pattern + ": " + std::strerror(errno));
-  }
-  return pattern;
 }
 
 void check(TvDbil::DbilReturnCode code, const TvDbil::MessageList_t& messages) {
@@ -107,12 +95,11 @@ void executeOn(const std::string& store, const std::string& sql) {
   check(statement.Exec(messages), messages);
 }
 
-TestEngine::TestEngine(Engine engine) : engine_(engine), folder_(makeFolder()) {
+TestEngine::TestEngine(Engine engine) : engine_(engine) {
   isPostgres() ? makePostgres(nullptr) : makeSqlite(nullptr);
 }
 
-TestEngine::TestEngine(Engine engine, const StoreSeed& seed)
-    : engine_(engine), folder_(makeFolder()) {
+TestEngine::TestEngine(Engine engine, const StoreSeed& seed) : engine_(engine) {
   isPostgres() ? makePostgres(&seed) : makeSqlite(&seed);
 }
 
@@ -122,14 +109,12 @@ TestEngine::~TestEngine() {
   } catch (const std::exception& error) {
     ADD_FAILURE() << "The test's database is left behind: " << error.what();
   }
-  std::error_code ignored;
-  fs::remove_all(folder_, ignored);
 }
 
-void TestEngine::setEnvironment() const { setenv("TV_TOPO_STORE", store_.c_str(), 1); }
+void TestEngine::setEnvironment() const { setEnv("TV_TOPO_STORE", store_); }
 
 void TestEngine::makeSqlite(const StoreSeed* seed) {
-  const std::string path = (folder_ / "topology.db").string();
+  const std::string path = scratch_.path("topology.db");
   TvDbil::MessageList_t messages;
   check(TvDbil::CreateStore(messages, TvDbil::DbSource_t(messages, path)), messages);
   if (seed != nullptr) seed->fill(path);

@@ -7,6 +7,8 @@
 #include <functional>
 #include <string>
 
+#include "tests/support/Scratch.h"
+
 /// @file
 /// The engines that tests of the store run on, and a fresh store on one of them.
 
@@ -14,16 +16,21 @@ namespace zntopo::test {
 
 enum class Engine { Sqlite, SqliteOdbc, Postgres };
 
-/// Every engine; for INSTANTIATE_TEST_SUITE_P with testing::ValuesIn.
-inline constexpr std::array<Engine, 3> kEngines = {Engine::Sqlite, Engine::SqliteOdbc,
-                                                   Engine::Postgres};
+// Engines for ZNTOPO_ON_ENGINES.
+
+inline constexpr std::array kEngines = {Engine::Sqlite, Engine::SqliteOdbc, Engine::Postgres};
 /// SQLite by its own interface, and PostgreSQL: enough where the driver does not matter.
-inline constexpr std::array<Engine, 2> kMainEngines = {Engine::Sqlite, Engine::Postgres};
+inline constexpr std::array kMainEngines = {Engine::Sqlite, Engine::Postgres};
+/// Where the engine does not matter either.
+inline constexpr std::array kSqlite = {Engine::Sqlite};
+/// Both drivers of SQLite.
+inline constexpr std::array kSqliteDrivers = {Engine::Sqlite, Engine::SqliteOdbc};
+inline constexpr std::array kPostgres = {Engine::Postgres};
 
 /// "sqlite", "sqlite_odbc" or "postgres".
 const char* engineName(Engine engine);
 
-/// Names the cases of a parametrised suite; the fourth argument of INSTANTIATE_TEST_SUITE_P.
+/// Names the cases of a suite.
 struct EngineNames {
   std::string operator()(const testing::TestParamInfo<Engine>& info) const {
     return engineName(info.param);
@@ -65,14 +72,14 @@ class TestEngine {
   /// Sets TV_TOPO_STORE to this store.
   void setEnvironment() const;
   /// The temporary folder, removed at the end.
-  const std::filesystem::path& folder() const { return folder_; }
+  const std::filesystem::path& folder() const { return scratch_.folder(); }
 
  private:
   void makeSqlite(const StoreSeed* seed);
   void makePostgres(const StoreSeed* seed);
 
   Engine engine_;
-  std::filesystem::path folder_;
+  Scratch scratch_;
   std::string database_;
   std::string store_;
 };
@@ -85,6 +92,11 @@ std::string postgresStore(const std::string& database);
 void executeOn(const std::string& store, const std::string& sql);
 
 }  // namespace zntopo::test
+
+/// Runs the cases of a suite on each of some engines: ZNTOPO_ON_ENGINES(NodeTest, kMainEngines).
+#define ZNTOPO_ON_ENGINES(Suite, engines)                              \
+  INSTANTIATE_TEST_SUITE_P(Engines, Suite, testing::ValuesIn(engines), \
+                           ::zntopo::test::EngineNames())
 
 /// Ends the test here if the engine can't be used: skipped, or failed where engines are required.
 #define ZNTOPO_NEED_ENGINE(engine)                                            \

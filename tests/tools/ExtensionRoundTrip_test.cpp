@@ -5,14 +5,14 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "tests/tools/Rfc8345Text.h"
+#include "tests/tools/import/Rfc8345Text.h"
 #include "tools/generate/SiteBuilder.h"
 #include "tools/network/NetworkFields.h"
 #include "tools/network/StoreRows.h"
 
 /// @file
-/// The attributes of zntopo-topology have room for all that a network holds: a generated one, written
-/// down with them and read again, gives the same rows.
+/// The attributes of zntopo-topology have room for all that a network holds: a generated one,
+/// written down with them and read again, gives the same rows.
 
 namespace zntopo::tools {
 namespace {
@@ -48,9 +48,9 @@ void writeEntity(json& to, const EntityModel& from) {
   }
   for (const UserVariableModel& one : from.variables) {
     json variable = {{"name", one.name}};
-    std::visit([&](const auto& value) {
-      variable[fields::kVariableValue[one.value.index()]] = value;
-    }, one.value);
+    std::visit(
+        [&](const auto& value) { variable[fields::kVariableValue[one.value.index()]] = value; },
+        one.value);
     to["user-variable"].push_back(variable);
   }
 }

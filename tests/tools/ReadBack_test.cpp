@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <set>
 
-#include "tests/tools/ConnectedStore.h"
+#include "tests/support/ConnectedStore.h"
 #include "tests/tools/GroupLines.h"
 #include "tools/generate/GenerateCampus.h"
 #include "tools/generate/SiteBuilder.h"
@@ -174,8 +174,7 @@ TEST_P(ReadBackTest, AGraphmlFileTellsOfNoGroups) {
   EXPECT_EQ(store_->count("nwnode"), 9);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, ReadBackTest, testing::ValuesIn(test::kMainEngines),
-                         test::EngineNames());
+ZNTOPO_ON_ENGINES(ReadBackTest, test::kMainEngines);
 
 }  // namespace
 }  // namespace zntopo::tools

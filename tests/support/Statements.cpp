@@ -1,0 +1,155 @@
+#include "tests/support/Statements.h"
+
+#include <list>
+#include <regex>
+#include <set>
+
+#include "zntopo/api/detail/AddressSql.h"
+#include "zntopo/api/detail/AttachmentSql.h"
+#include "zntopo/api/detail/EntitySql.h"
+#include "zntopo/api/detail/GroupSql.h"
+#include "zntopo/api/detail/InterfaceSql.h"
+#include "zntopo/api/detail/NodeSql.h"
+#include "zntopo/store/detail/QuotedList.h"
+
+namespace zntopo::test {
+namespace {
+
+using namespace zntopo::detail;
+using Texts = std::vector<std::string>;
+
+const std::list<ObjID> kIDs = {ObjID("x"), ObjID("y")};
+
+Texts stateStatements(const TableSet&) {
+  return {
+      "select TopologyReady, DISCOCYCLECOMPLETE, MeshState, HSRPState, ContainmentState, "
+      "RelatedToState, TOPOLOGYREADYCHANGETIME,DiscoZoneComplete, DiscoZoneInProgress, "
+      "ChangeTime, CreateTime, PrevDiscoEndTime from State",
+      "select TopologyReady, TopologyReadyChangeTime from state",
+  };
+}
+
+Texts nodeStatements(const TableSet& tables) {
+  Texts all = {
+      nodeSelect("", nodeTables(tables)),
+      nodeSelect(nodeIDCondition(kIDs, false), nodeTables(tables)),
+      nodeSelect(nodeIDCondition(kIDs, true), nodeTables(tables)),
+      nodeSelect(allNodesCondition(ZNEntity::IPv4, 0), nodeTables(tables)),
+      nodeSelect(allNodesCondition(ZNEntity::IPv6, -1), nodeTables(tables)),
+      nodeSelect(allNodesCondition(ZNEntity::AllProtocol, 0), nodeTables(tables)),
+      nodeSelect(allNodesCondition(ZNEntity::AllProtocol, -1), nodeTables(tables)),
+  };
+  for (const NodeNameClass nameClass : {NodeNameClass::FullDns, NodeNameClass::PartialDns,
+                                        NodeNameClass::IPv4, NodeNameClass::IPv6}) {
+    for (const int rd : {-1, 0}) all.push_back(nodeNameSelect(nameClass, tables, "name", rd));
+  }
+  return all;
+}
+
+Texts attachmentStatements(const TableSet& tables) {
+  return {
+      userVarSelect(tables, E_Unknown, "", kIDs),
+      userVarSelect(tables, E_Vlan, "", kIDs),
+      userVarSelect(tables, E_Node, tables.nwnodeTbl_, kIDs),
+      userVarSelect(tables, E_Interface, tables.nwinterfaceTbl_, kIDs),
+      userVarSelect(tables, E_HSRP, tables.nwhsrpTbl_, kIDs),
+      userVarSelect(tables, E_IfC, tables.nwifcTbl_, kIDs),
+      connDataSelect(tables, kIDs, false),
+      connDataSelect(tables, kIDs, true),
+      vlanInfoSelect(tables, kIDs, true, false, false),
+      vlanInfoSelect(tables, kIDs, false, false, false),
+      vlanInfoSelect(tables, {}, true, true, false),
+      vlanInfoSelect(tables, {}, false, true, false),
+      vlanInfoSelect(tables, kIDs, true, false, true),
+      ifcInfoSelect(tables, kIDs, true, false, 0),
+      ifcInfoSelect(tables, kIDs, false, false, 0),
+      ifcInfoSelect(tables, kIDs, false, false, 2),
+      ifcInfoSelect(tables, {}, true, true, 0),
+      ifcInfoSelect(tables, {}, false, true, 0),
+      ifcInfoSelect(tables, {}, true, true, 2),
+  };
+}
+
+Texts interfaceStatements(const TableSet& tables) {
+  return {
+      interfaceSelect(tables, whereInterfaceIDs(kIDs, false)),
+      interfaceSelect(tables, whereInterfaceIDs(kIDs, true)),
+      interfaceSelect(tables, whereConnected()),
+      interfaceSelect(tables, whereInterfacesOfNodes(kIDs)),
+      interfaceIDsOfNodesSql(tables, kIDs),
+      ownersOfIPv4Sql(tables, "10.0.0.1", -1),
+      ownersOfIPv4Sql(tables, "10.0.0.1", 0),
+      interfacesByNameSql(tables, "eth0", "core"),
+      meshSql(tables, "x"),
+      containedInterfacesSql(tables, "x"),
+  };
+}
+
+Texts addressStatements(const TableSet& tables) {
+  Texts all = {
+      dnsNamesSql(tables, "x"),
+      addressesByDnsNameSql(tables, "www%"),
+      addressSelect(tables, "", ""),
+      addressSelect(tables, addressesByIDs({"x", "y"}), ""),
+      addressSelect(tables, addressByQRMID("1"), ""),
+  };
+  for (const auto type : {ZNAddress::IPv4, ZNAddress::IPv6, ZNAddress::DNS}) {
+    all.push_back(addressSelect(tables, addressesOfType(type), ""));
+  }
+  for (const int rd : {-1, 0}) {
+    all.push_back(addressSelect(tables, addressByIP("10.0.0.1", rd), ""));
+    all.push_back(addressSelect(tables, addressByIP("::1", rd), ""));
+  }
+  for (const int mode : {0, 1, 2}) {
+    all.push_back(
+        addressSelect(tables, addressesByOwners(kIDs, mode), addressOwnerTables(tables, mode)));
+  }
+  return all;
+}
+
+Texts groupStatements(const TableSet& tables) {
+  Texts all = {
+      entitySelect(tables, subnetsByIDs(kIDs, false)),
+      entitySelect(tables, subnetsByIDs(kIDs, true)),
+      entitySelect(tables, quotedList(" ObjID in (", kIDs)),
+      endPointsSql(tables, "x"),
+      endPointsOfSubnetsSql(tables, kIDs),
+      ifcEntitySelect(tables, ""),
+      ifcEntitySelect(tables, allIfcs(0)),
+      ifcEntitySelect(tables, quotedList(" ObjId in (", kIDs)),
+      ifcDataSql(tables, "x"),
+      ifcAssociationsSql(tables, "x"),
+      hsrpInfoSelect(tables, kIDs, false),
+      hsrpInfoSelect(tables, {}, true),
+      hsrpsByMemberSql(tables, "AddressID", "x"),
+      hsrpsByMemberSql(tables, "AddressIFObjID", "x"),
+  };
+  for (const int rd : {-1, 0}) {
+    for (const auto level : {ZNEntity::AllProtocol, ZNEntity::IPv4, ZNEntity::IPv6}) {
+      all.push_back(entitySelect(tables, allSubnets(level, rd)));
+    }
+    all.push_back(entitySelect(tables, allVlans(rd)));
+    all.push_back(entitySelect(tables, allHSRPs(rd)));
+    all.push_back(ifcEntitySelect(tables, ifcsOfType(2, rd)));
+  }
+  return all;
+}
+
+}  // namespace
+
+std::vector<std::string> everyStatement(const TableSet& tables) {
+  Texts all;
+  for (const auto family : {stateStatements, nodeStatements, attachmentStatements,
+                            interfaceStatements, addressStatements, groupStatements}) {
+    const Texts texts = family(tables);
+    all.insert(all.end(), texts.begin(), texts.end());
+  }
+  return all;
+}
+
+std::string shapeOf(const std::string& statement) {
+  static const std::regex texts("'[^']*'(,'[^']*')*");
+  return std::regex_replace(statement, texts, "?");
+}
+
+}  // namespace zntopo::test

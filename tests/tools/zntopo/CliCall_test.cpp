@@ -1,0 +1,78 @@
+#include <gmock/gmock.h>
+
+#include "tests/support/CliSupport.h"
+
+/// @file
+/// How the command reads its words: no store is needed.
+
+namespace zntopo::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+struct WrongCall {
+  std::vector<std::string> words;
+  std::string complaint;
+};
+
+TEST(CliCallTest, AWrongCallEndsWithTwoAndSaysWhatIsWrong) {
+  const WrongCall calls[] = {
+      {{}, "A subcommand is missing."},
+      {{"frobnicate"}, "There is no subcommand \"frobnicate\".\nSubcommands: init import"},
+      {{"nodez"}, "There is no subcommand \"nodez\". Did you mean \"nodes\"?"},
+      {{"--json", "pth", "a", "b"}, "There is no subcommand \"pth\". Did you mean \"path\"?"},
+      {{"nodez", "--help"}, "There is no subcommand \"nodez\"."},
+      {{"help", "nodez"}, "There is no subcommand \"nodez\"."},
+      {{"\x1b[31m"}, "There is no subcommand \"?[31m\"."},
+      {{"path", "a"}, "B is required"},
+      {{"path", "a", "b", "--max-hops", "many"}, "many"},
+      {{"path", "a", "b", "--max-hops", "0"}, "not in range 1 to 1000000"},
+      {{"path", "a", "b", "--max-hops", "-3"}, "not in range 1 to 1000000"},
+      {{"neighbors", "a", "--hops", "0"}, "not in range 1 to 1000000"},
+      {{"neighbors", "a", "--max-nodes", "-1"}, "not in range 1 to 1000000"},
+      {{"nodes", "--ip-level", "5"}, "5"},
+      {{"nodes", "--no-such-option"}, "--no-such-option"},
+      {{"nodes", "--store", ""}, "the name of the store is empty"},
+      {{"--store", "", "nodes"}, "the name of the store is empty"},
+      {{"import"}, "FILE is required"},
+      {{"import", "--zone", std::string(65, 'x'), "f"}, "longer than 64 bytes"},
+      {{"import", "--zone", "caf\xe9", "f"}, "is not UTF-8"},
+      {{"node", ""}, "the name of the node is empty"},
+      {{"node", "caf\xe9"}, "the name of the node is not UTF-8"},
+      {{"interfaces", "a\nb"}, "the name of the node has a control character in it"},
+      {{"neighbors", std::string(256, 'x')}, "the name of the node is longer than 255 bytes"},
+      {{"path", "core-1", "caf\xe9"}, "the name of the node is not UTF-8"},
+  };
+  for (const WrongCall& call : calls) {
+    const std::string what = testing::PrintToString(call.words);
+    const CliResult result = zntopoRun(call.words);
+    EXPECT_EQ(result.status, 2) << what;
+    EXPECT_EQ(result.out, "") << what;
+    EXPECT_THAT(result.err, HasSubstr(call.complaint)) << what;
+    EXPECT_THAT(result.err, Not(HasSubstr("select"))) << what;
+    EXPECT_THAT(result.err, Not(HasSubstr("\xe9"))) << what;
+  }
+}
+
+TEST(CliCallTest, HelpShowsExamplesOnStandardOutput) {
+  const std::vector<std::string> commands = subcommands();
+  EXPECT_THAT(commands, testing::IsSupersetOf({"init", "nodes", "path"}));
+  for (const std::string& command : commands) {
+    const CliResult result = zntopoRun({command, "--help"});
+    EXPECT_EQ(result.status, 0) << command;
+    EXPECT_THAT(result.out, HasSubstr("  zntopo " + command)) << command;
+    EXPECT_THAT(result.out, HasSubstr("--store")) << command;
+    EXPECT_THAT(result.out, HasSubstr("--json")) << command;
+    EXPECT_EQ(result.err, "") << command;
+    EXPECT_EQ(zntopoRun({"help", command}).out, result.out) << command;
+  }
+  EXPECT_THAT(zntopoRun({"--help"}).out, HasSubstr("Exit status"));
+  EXPECT_EQ(zntopoRun({"help"}).out, zntopoRun({"--help"}).out);
+  EXPECT_THAT(zntopoRun({"--version"}).out, StartsWith("zntopo "));
+  EXPECT_THAT(zntopoRun({"path", "--help"}).out, HasSubstr("NUMBER:INT in [1 - 1000000]=20"));
+}
+
+}  // namespace
+}  // namespace zntopo::test

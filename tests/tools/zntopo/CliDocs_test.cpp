@@ -1,0 +1,225 @@
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <sstream>
+
+#include "tests/support/CliSupport.h"
+
+/// @file
+/// Holds docs/tools.md against the command: the subcommands, the examples, the members of JSON.
+
+namespace zntopo::test {
+namespace {
+
+/// A call in the documentation, and what it shows: standard output, then standard error.
+struct Example {
+  std::vector<std::string> words;
+  std::vector<std::string> lines;
+};
+
+struct Section {
+  std::string name;
+  std::vector<Example> examples;
+  /// The names in its paragraph "JSON:".
+  std::set<std::string> members;
+};
+
+/// Without the blanks at their ends, which documentation does not keep.
+std::vector<std::string> trimmedLinesOf(const std::string& text) {
+  std::vector<std::string> lines = linesOf(text);
+  for (std::string& line : lines) line.erase(line.find_last_not_of(' ') + 1);
+  return lines;
+}
+
+std::vector<std::string> documentation() {
+  return trimmedLinesOf(contentOf(ZNTOPO_SOURCE_DIR "/docs/tools.md"));
+}
+
+/// Words as a shell splits them, with double quotes.
+std::vector<std::string> wordsOf(const std::string& line) {
+  static const std::regex word(R"re("([^"]*)"|(\S+))re");
+  std::vector<std::string> words;
+  for (std::sregex_iterator at(line.begin(), line.end(), word), end; at != end; ++at) {
+    words.push_back((*at)[1].matched ? (*at)[1] : (*at)[2]);
+  }
+  return words;
+}
+
+std::set<std::string> namesOf(const std::string& line) {
+  static const std::regex name("`([a-z0-9_]+)`");
+  std::set<std::string> names;
+  for (std::sregex_iterator at(line.begin(), line.end(), name), end; at != end; ++at) {
+    names.insert((*at)[1]);
+  }
+  return names;
+}
+
+/// The sections; the first has no name and is what stands before them.
+std::vector<Section> sections() {
+  const std::string prompt = "    $ zntopo ";
+  std::vector<Section> result(1);
+  bool isExample = false;
+  bool isJson = false;
+  for (const std::string& line : documentation()) {
+    if (line.starts_with("## ")) result.push_back({line.substr(3), {}, {}});
+    isExample = isExample && line.starts_with("    ");
+    isJson = (isJson && !line.empty()) || line.starts_with("JSON:");
+    if (isJson) result.back().members.merge(namesOf(line));
+    if (line.starts_with(prompt)) {
+      result.back().examples.push_back({wordsOf(line.substr(prompt.size())), {}});
+      isExample = true;
+    } else if (isExample) {
+      result.back().examples.back().lines.push_back(line.substr(4));
+    }
+  }
+  return result;
+}
+
+const Section& sectionOf(const std::vector<Section>& all, const std::string& name) {
+  for (const Section& section : all) {
+    if (section.name == name) return section;
+  }
+  throw std::runtime_error("docs/tools.md has no section " + name);
+}
+
+/// A regular expression for a line in which "..." is anything and a time is any time.
+std::regex patternOf(const std::string& line) {
+  static const std::regex special(R"([.^$|()\[\]{}*+?\\])");
+  static const std::regex time(R"(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ)");
+  static const std::regex dots(R"((\\\.){3})");
+  const std::string escaped = std::regex_replace(line, special, R"(\$&)");
+  return std::regex(
+      std::regex_replace(std::regex_replace(escaped, dots, ".*"), time, "[0-9TZ:-]{20}"));
+}
+
+/// Whether lines fit the lines of an example.
+bool fits(const std::vector<std::string>& lines, const std::vector<std::string>& expected) {
+  // The lines that may have been passed when so many lines of the example are.
+  std::vector<std::set<std::size_t>> reached(expected.size() + 1);
+  reached[0] = {0};
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    const std::regex pattern = patternOf(expected[i]);
+    for (const std::size_t at : reached[i]) {
+      if (expected[i] == "...") {
+        for (std::size_t next = at; next <= lines.size(); ++next) reached[i + 1].insert(next);
+      } else if (at < lines.size() && std::regex_match(lines[at], pattern)) {
+        reached[i + 1].insert(at + 1);
+      }
+    }
+  }
+  return reached.back().contains(lines.size());
+}
+
+/// A folder of its own as the current one, with the sample network where the examples have it.
+class CliDocsTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    before_ = std::filesystem::current_path();
+    std::filesystem::current_path(scratch_.folder());
+    std::filesystem::create_directory_symlink(ZNTOPO_SOURCE_DIR "/data", "data");
+    std::ofstream("broken.json") << R"({"ietf-network:networks": {"network": [{"network-id": "n",
+        "node": [{"node-id": "a"}, {"node-id": "b"}, {"node-id": "c"}, {"node-id": ""}]}]}})";
+    setenv("TV_TOPO_STORE", "campus.db", 1);
+  }
+  void TearDown() override { std::filesystem::current_path(before_); }
+
+  /// The store in which the examples of a section were made.
+  static void makeStoreFor(const std::string& section) {
+    for (const char* end : {"", "-wal", "-shm"}) {
+      std::filesystem::remove(std::string("campus.db") + end);
+    }
+    if (section == "init") return;
+    ASSERT_EQ(zntopoRun({"init"}).status, 0);
+    if (section == "import" || section == "generate") return;
+    ASSERT_EQ(zntopoRun({"import", samplePath()}).status, 0);
+  }
+
+ private:
+  Scratch scratch_;
+  std::filesystem::path before_;
+};
+
+TEST_F(CliDocsTest, EachSubcommandHasItsLineAndItsSection) {
+  std::vector<std::string> listed;
+  for (const std::string& line : documentation()) {
+    if (line.starts_with("| [`")) listed.push_back(line.substr(4, line.find('`', 4) - 4));
+  }
+  EXPECT_EQ(listed, subcommands());
+  std::vector<std::string> described;
+  for (const Section& section : sections()) {
+    if (!section.name.empty()) described.push_back(section.name);
+  }
+  EXPECT_EQ(described, subcommands());
+}
+
+TEST_F(CliDocsTest, TheExamplesAreTrue) {
+  for (const Section& section : sections()) {
+    ASSERT_FALSE(section.examples.empty()) << section.name;
+    makeStoreFor(section.name);
+    for (const Example& example : section.examples) {
+      const CliResult result = zntopoRun(example.words);
+      EXPECT_TRUE(fits(trimmedLinesOf(result.out + result.err), example.lines))
+          << testing::PrintToString(example.words) << "\n"
+          << result.out << result.err;
+    }
+  }
+}
+
+/// The names of members of an answer: of itself, and of the objects in it. An object none of whose
+/// names is documented is a list by name: its names are data.
+void collect(const nlohmann::json& json, const std::set<std::string>& documented,
+             std::set<std::string>& names) {
+  for (const auto& [name, value] : json.items()) {
+    if (json.is_object()) names.insert(name);
+    std::set<std::string> inner;
+    if (value.is_structured()) collect(value, documented, inner);
+    const auto isDocumented = [&](const std::string& one) { return documented.contains(one); };
+    if (std::any_of(inner.begin(), inner.end(), isDocumented)) names.merge(inner);
+  }
+}
+
+TEST_F(CliDocsTest, TheMembersOfAnAnswerAreThoseThatAreDocumented) {
+  const std::vector<Section> all = sections();
+  for (const std::string& command : subcommands()) {
+    const Section& section = sectionOf(all, command);
+    makeStoreFor(command);
+    std::vector<std::string> call = section.examples.front().words;
+    call.emplace_back("--json");
+    nlohmann::json json = zntopoRun(call).json();
+    ASSERT_EQ(json["status"]["code"], 0) << command;
+    json.erase("status");
+    std::set<std::string> names;
+    collect(json, section.members, names);
+    EXPECT_EQ(names, section.members) << command;
+  }
+}
+
+TEST_F(CliDocsTest, AFailureHasTheSameMembersAsAnAnswer) {
+  const std::vector<Section> all = sections();
+  for (const std::string& command : subcommands()) {
+    makeStoreFor(command);
+    std::vector<std::string> call = sectionOf(all, command).examples.front().words;
+    call.emplace_back("--json");
+    const nlohmann::json good = zntopoRun(call).json();
+    setenv("TV_TOPO_STORE", "/nonexistent/x.db", 1);
+    const auto option = std::find(call.begin(), call.end(), "--store");
+    if (option != call.end()) call.erase(option, option + 2);
+    const CliResult failed = zntopoRun(call);
+    setenv("TV_TOPO_STORE", "campus.db", 1);
+    EXPECT_EQ(failed.status, 1) << command;
+    const nlohmann::json bad = failed.json();
+    EXPECT_NE(bad["status"]["code"], 0) << command;
+    ASSERT_EQ(bad.size(), good.size()) << command << bad.dump();
+    for (const auto& [name, value] : good.items()) {
+      ASSERT_TRUE(bad.contains(name)) << command << " " << name;
+      EXPECT_EQ(bad[name].is_array(), value.is_array()) << command << " " << name;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zntopo::test

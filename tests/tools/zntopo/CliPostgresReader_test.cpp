@@ -1,0 +1,74 @@
+#include <gmock/gmock.h>
+
+#include "tests/support/CliSupport.h"
+#include "tests/support/PostgresRole.h"
+
+namespace zntopo::test {
+namespace {
+
+using testing::HasSubstr;
+using Call = std::vector<std::string>;
+
+/// The command in the hands of users who may ask, and of one who may change states too.
+class CliPostgresReaderTest : public CliSampleTest {
+ protected:
+  void SetUp() override {
+    CliSampleTest::SetUp();
+    if (IsSkipped() || HasFatalFailure()) return;
+    makePostgresRoles(store());
+    reader_.emplace("zntopo_reader");
+    writer_.emplace("zntopo_state_writer");
+  }
+
+  CliResult as(const PostgresLogin& login, const Call& call) const {
+    return zntopoRun(call, {"TV_TOPO_STORE=" + login.store(store())});
+  }
+
+  std::optional<PostgresLogin> reader_;
+  std::optional<PostgresLogin> writer_;
+};
+ZNTOPO_ON_ENGINES(CliPostgresReaderTest, kPostgres);
+
+TEST_P(CliPostgresReaderTest, EveryQuestionIsAnsweredAsItIsToTheOwner) {
+  for (const Call& call : std::vector<Call>{{"state", "--json"},
+                                            {"nodes", "--json"},
+                                            {"node", "dist-quay", "--json"},
+                                            {"interfaces", "dist-quay", "--json"},
+                                            {"neighbors", "dist-quay", "--hops", "3", "--json"},
+                                            {"path", "crane-4-plc", "customs-printer", "--json"}}) {
+    const CliResult owner = zntopoRun(call);
+    EXPECT_EQ(owner.status, 0) << call[0] << owner.err;
+    EXPECT_NE(owner.out, "") << call[0];
+    const CliResult result = as(*reader_, call);
+    EXPECT_EQ(result.status, 0) << call[0] << result.err;
+    EXPECT_EQ(result.out, owner.out) << call[0];
+  }
+  EXPECT_EQ(as(*writer_, {"nodes"}).out, zntopoRun({"nodes"}).out);
+}
+
+TEST_P(CliPostgresReaderTest, AnImportIsDeniedAndSaysSo) {
+  const std::string before = dump();
+  for (const PostgresLogin* login : {&*reader_, &*writer_}) {
+    const CliResult result = as(*login, {"import", samplePath()});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.err, HasSubstr("permission denied"));
+  }
+  EXPECT_EQ(dump(), before);
+}
+
+TEST_P(CliPostgresReaderTest, ANameWithAStatementInItIsAName) {
+  const std::string before = dump();
+  const std::string table = "'; DROP TABLE nwnode; --";
+  for (const Call& call :
+       {Call{"node", table}, Call{"neighbors", table}, Call{"interfaces", table},
+        Call{"path", table, "dist-quay"}, Call{"node", "x' union select ObjId from nwnode; --"},
+        Call{"node", "x' or lo_create(4711) > 0 or 'x' = '"}}) {
+    const CliResult result = as(*reader_, call);
+    EXPECT_EQ(result.status, 1) << call[0] << " " << call[1];
+    EXPECT_THAT(result.err, HasSubstr("ZN_API_OBJ_NOT_EXIST")) << call[0] << " " << call[1];
+  }
+  EXPECT_EQ(dump(), before);
+}
+
+}  // namespace
+}  // namespace zntopo::test
