@@ -105,7 +105,8 @@ ZNRefPtr<ZNInterface> ZNTopoAPI_Impl::getInterfaceByObjID(const ObjID& theObjID,
     InterfaceList read;
     ObjIDSet notFound;
     readInterfaces({theObjID}, {theObjID}, read, notFound, theStatus, false);
-    return read.empty() ? ZNRefPtr<ZNInterface>() : read.front();
+    // A batch that failed, in a part of its interfaces at least, is left out of a list.
+    return read.empty() || !theStatus.isOK() ? ZNRefPtr<ZNInterface>() : read.front();
   };
   return detail::singleObject(theObjID, kByObjID, theStatus, request);
 }

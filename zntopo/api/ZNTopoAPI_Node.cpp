@@ -121,7 +121,9 @@ ZNRefPtr<ZNNode> ZNTopoAPI_Impl::singleNode(const ObjID& id, bool isQRMID,
       return node;
     }
     ObjIDSet notFound;
-    return detail::firstOf(readNodes({id}, {id}, notFound, theStatus, isQRMID));
+    node = detail::firstOf(readNodes({id}, {id}, notFound, theStatus, isQRMID));
+    // A batch that failed, in a part of its nodes at least, is left out of a list.
+    return theStatus.isOK() ? node : ZNRefPtr<ZNNode>();
   };
   return detail::singleObject(id, isQRMID ? kByQRMObjID : kByObjID, theStatus, request);
 }
