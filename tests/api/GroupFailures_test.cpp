@@ -1,8 +1,8 @@
 // What the statements on containers and HSRP groups tell when a step of them fails, and what comes
 // back of a request whose parts failed.
 
-#include "tests/support/ObjectTexts.h"
 #include "tests/support/ApiFixture.h"
+#include "tests/support/ObjectTexts.h"
 
 namespace zntopo::test {
 namespace {
