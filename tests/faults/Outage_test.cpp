@@ -63,6 +63,7 @@ struct Held {
     ZNTopoAPI_Impl::cache()->clear(true);
     return held;
   }
+  bool isWhole() const { return !node.isNull() && !interface.isNull() && !address.isNull(); }
 };
 
 /// What objects ask of the store when they are asked: how many things they answer with.
@@ -97,6 +98,7 @@ TEST_P(OutageTest, ObjectsReadBeforeItAskAgainWhenTheStoreIsBack) {
     const std::size_t healthy = question.ask(Held::read());
     EXPECT_GT(healthy, 0u) << question.name;
     const Held held = Held::read();
+    ASSERT_TRUE(held.isWhole()) << question.name;
     takeAway();
     EXPECT_EQ(question.ask(held), 0u) << question.name << " while the store is away";
     bringBack();
