@@ -24,10 +24,15 @@ std::string checkZone(const std::string& zone) {
   return fault.empty() ? "" : "the zone " + fault;
 }
 
-std::string checkNodeName(const std::string& name) {
-  const std::string fault = nameFault(name);
-  return fault.empty() ? "" : "the name of the node " + fault;
+CLI::Validator isNameOf(const std::string& object) {
+  return {[object](const std::string& name) {
+            const std::string fault = nameFault(name);
+            return fault.empty() ? "" : "the name of the " + object + " " + fault;
+          },
+          ""};
 }
+
+constexpr const char* kNodeNames = "A name, the beginning of one, an address or an identifier";
 
 }  // namespace
 
@@ -39,17 +44,31 @@ void addZoneOption(CLI::App& command, const std::string& help, std::string& valu
   command.add_option("--zone", value, help)->check(CLI::Validator(checkZone, ""));
 }
 
-void addLimit(CLI::App& command, const std::string& name, int& value, const std::string& about) {
-  command.add_option(name, value, about)
+CLI::Option* addLimit(CLI::App& command, const std::string& name, int& value,
+                      const std::string& about) {
+  return command.add_option(name, value, about)
       ->capture_default_str()
       ->type_name("NUMBER")
       ->check(CLI::Range(1, 1'000'000));
 }
 
+void addIpLevelOption(CLI::App& command, int& value, const std::string& objects) {
+  command.add_option("--ip-level", value, "Only " + objects + " of this level")
+      ->check(CLI::IsMember({4, 6}));
+}
+
+CLI::Option* addNameArgument(CLI::App& command, const std::string& name, std::string& value,
+                             const std::string& object, const std::string& about) {
+  return command.add_option(name, value, about)->check(isNameOf(object));
+}
+
 void addNodeArgument(CLI::App& command, const std::string& name, std::string& value) {
-  command.add_option(name, value, "A name, the beginning of one, an address or an identifier")
-      ->required()
-      ->check(CLI::Validator(checkNodeName, ""));
+  addNameArgument(command, name, value, "node", kNodeNames)->required();
+}
+
+void addNodeArguments(CLI::App& command, const std::string& name,
+                      std::vector<std::string>& values) {
+  command.add_option(name, values, kNodeNames)->required()->check(isNameOf("node"));
 }
 
 }  // namespace zntopo::tools

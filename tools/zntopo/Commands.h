@@ -5,11 +5,13 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tools/zntopo/Answer.h"
 
 /// @file
-/// The subcommands of zntopo. Each is a record in a source file of its own.
+/// The subcommands of zntopo. Each is a record in a source file of its own; a list and the view of
+/// one of its objects share one.
 ///
 /// To add one, say "hosts":
 ///
@@ -96,13 +98,23 @@ extern const Command kStateCommand;
 extern const Command kNodesCommand;
 extern const Command kNodeCommand;
 extern const Command kInterfacesCommand;
+extern const Command kVlansCommand;
+extern const Command kVlanCommand;
+extern const Command kContainersCommand;
+extern const Command kContainerCommand;
+extern const Command kHsrpCommand;
+extern const Command kSubnetsCommand;
+extern const Command kSubnetCommand;
 extern const Command kNeighborsCommand;
+extern const Command kConnectivityCommand;
 extern const Command kPathCommand;
 
 /// In the order of the help.
 inline constexpr std::array kCommands = {
-    &kInitCommand, &kImportCommand,     &kGenerateCommand,  &kStateCommand, &kNodesCommand,
-    &kNodeCommand, &kInterfacesCommand, &kNeighborsCommand, &kPathCommand,
+    &kInitCommand,       &kImportCommand,    &kGenerateCommand,     &kStateCommand, &kNodesCommand,
+    &kNodeCommand,       &kInterfacesCommand, &kVlansCommand, &kVlanCommand, &kContainersCommand,
+    &kContainerCommand,  &kHsrpCommand, &kSubnetsCommand, &kSubnetCommand, &kNeighborsCommand,
+    &kConnectivityCommand, &kPathCommand,
 };
 
 /// Adds all of kCommands, with their options for the store and for JSON.
@@ -111,8 +123,16 @@ void addCommands(CLI::App& app, Context& context);
 /// Adds the option --zone, which refuses what the store can't hold.
 void addZoneOption(CLI::App& command, const std::string& help, std::string& value);
 /// Adds an option for a number from 1 on.
-void addLimit(CLI::App& command, const std::string& name, int& value, const std::string& about);
-/// Adds an argument that names a node. What can be no name is a wrong call.
+CLI::Option* addLimit(CLI::App& command, const std::string& name, int& value,
+                      const std::string& about);
+/// Adds the option --ip-level, for a list of some objects; 0 for none.
+void addIpLevelOption(CLI::App& command, int& value, const std::string& objects);
+/// Add an argument or an option that names something, and what it may be. What can be no name of
+/// an object is a wrong call.
+CLI::Option* addNameArgument(CLI::App& command, const std::string& name, std::string& value,
+                             const std::string& object, const std::string& about);
+/// The same for a node, which the call must name, and for nodes, one at least.
 void addNodeArgument(CLI::App& command, const std::string& name, std::string& value);
+void addNodeArguments(CLI::App& command, const std::string& name, std::vector<std::string>& values);
 
 }  // namespace zntopo::tools

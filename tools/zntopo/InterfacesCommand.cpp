@@ -1,5 +1,6 @@
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Lookup.h"
+#include "tools/zntopo/fields/EntityFields.h"
 #include "tools/zntopo/fields/InterfaceFields.h"
 
 namespace zntopo::tools {
@@ -19,13 +20,12 @@ void interfaces(const Context& context, const InterfacesOptions& options, Answer
   const NamedNode named = findNode(session, options.node);
   answer.json["node"] = named.node->getName();
   answer.json["node_id"] = named.id();
-  auto list = interfacesOf(*named.node);
-  list.sort([](const ZNRefPtr<ZNInterface>& left, const ZNRefPtr<ZNInterface>& right) {
-    return left->getName() < right->getName();
-  });
+  const auto list = interfacesOf(*named.node);
+  std::vector<ZNRefPtr<ZNInterface>> interfaces(list.begin(), list.end());
+  sortBy(interfaces, [](const ZNRefPtr<ZNInterface>& one) { return naturalKey(*one); });
   const auto addresses = addressesOf(session, *named.node);
   Listing<InterfaceDetails> listing(interfaceFields());
-  for (const auto& interface : list) {
+  for (const auto& interface : interfaces) {
     const auto own = addresses.find(interface->getObjID().toString());
     listing.add({*interface, own == addresses.end() ? std::vector<std::string>() : own->second});
   }

@@ -1,131 +1,138 @@
 #include "tools/zntopo/Lookup.h"
 
-#include <algorithm>
+#include <array>
 #include <utility>
 
-#include "tools/network/PlainText.h"
 #include "tools/network/StoreStatement.h"
+#include "tools/zntopo/NameLookup.h"
+#include "tools/zntopo/NaturalOrder.h"
 #include "zntopo/model/TopologyGateway.h"
 
 namespace zntopo::tools {
 
 namespace {
 
-/// The pattern of "like" for texts that begin with a text; "!" escapes its wildcards.
-std::string beginningPattern(const std::string& text) {
-  std::string result;
-  for (const char c : text) {
-    if (c == '!' || c == '%' || c == '_') result += '!';
-    result += c;
-  }
-  return result + "%";
+constexpr NamedKind kNodes = {.word = "node", .rows = "nwnode where"};
+
+[[noreturn]] void throwUnknown(const ObjID& id) {
+  throw Failure(ZN_API_OBJ_NOT_EXIST, "There is no node with the identifier " + id.toString());
 }
 
 ZNRefPtr<ZNNode> nodeOfId(Session& session, const ObjID& id) {
-  ZNTopoAPIStatus status;
-  std::set<ObjID> notFound;
-  const auto nodes = session.api().getNodesByObjIDList({id}, notFound, status, false, false, false,
-                                                       ZNEntity::AllProtocol, -1);
-  check(status);
-  if (nodes->empty()) {
-    throw Failure(ZN_API_OBJ_NOT_EXIST, "There is no node with the identifier " + id.toString());
-  }
-  return nodes->front();
+  const auto nodes = nodesById(session, Identifiers(std::array{id}));
+  if (nodes.empty()) throwUnknown(id);
+  return nodes.begin()->second;
 }
 
-/// The nodes that a text may mean, a line each; those of one name differ in their zone.
-std::string candidates(Session& session, const std::vector<TextRow>& ids) {
-  constexpr std::size_t most = 10;
-  std::set<ObjID> shown;
-  for (std::size_t i = 0; i < ids.size() && i < most; ++i) shown.insert(ObjID(ids[i].front()));
-  std::string list;
-  for (const auto& [id, node] : nodesById(session, shown)) {
-    const std::string zone = node->getZoneNumber();
-    list += "\n  " + id + "  " + printable(node->getName()) +
-            (zone.empty() ? "" : "  (zone " + printable(zone) + ")");
-  }
-  return list + (ids.size() > most ? "\n  ..." : "");
-}
+/// A node that was found: read already, if its address told which it is.
+struct FoundNode {
+  ObjID id;
+  std::optional<NamedNode> read = {};
+};
 
-/// The one node of a list of identifiers; nothing for an empty list.
-std::optional<NamedNode> oneOf(Session& session, const std::vector<TextRow>& ids,
-                               const std::string& text) {
-  if (ids.empty()) return std::nullopt;
-  if (ids.size() > 1) {
-    throw Failure(ZN_API_NONUNIQUE_NAME,
-                  "Node [" + text + "] is not unique. It may be one of" + candidates(session, ids));
-  }
-  return NamedNode{nodeOfId(session, ObjID(ids.front().front())), std::nullopt};
-}
-
-std::optional<NamedNode> nodeOfAddress(Session& session, const std::string& text) {
+std::optional<FoundNode> nodeOfAddress(Session& session, const std::string& text) {
   const auto address = IpAddress::parse(text);
   if (!address) return std::nullopt;
   ZNTopoAPIStatus status;
   const auto node = session.api().getNodeByName(address->text(), status, -1);
   check(status);
-  return NamedNode{node, address};
+  return FoundNode{node->getObjID(), NamedNode{node, address}};
 }
 
-NamedNode findReadyNode(Session& session, const std::string& text) {
-  const auto exact =
-      selectTexts(session.connection(), "select ObjId from nwnode where EntityName = ?", 1, {text});
-  if (const auto found = oneOf(session, exact, text)) return *found;
-  const ObjID id(text);
-  if (id.getIDType() == ObjID::E_MsUuid) return {nodeOfId(session, id), std::nullopt};
+FoundNode findReadyNode(Session& session, const std::string& text) {
+  if (const auto id = oneThat(session, kNodes, text, isNamed(text))) return {*id};
+  if (ObjID(text).getIDType() == ObjID::E_MsUuid) {
+    if (const auto id = oneThat(session, kNodes, text, isIdentified(text))) return {*id};
+    throwUnknown(text);
+  }
   if (const auto found = nodeOfAddress(session, text)) return *found;
-  const auto beginning = selectTexts(session.connection(),
-                                     "select ObjId from nwnode where EntityName like ? escape '!'",
-                                     1, {beginningPattern(text)});
-  if (const auto found = oneOf(session, beginning, text)) return *found;
+  if (const auto begun = oneThat(session, kNodes, text, beginsWith(text))) return {*begun};
   throw Failure(ZN_API_OBJ_NOT_EXIST, "ObjID for node [" + text + "] not found.");
 }
 
-/// What is missing in a store that is not ready may come: that is what to tell.
-void requireReady(Session& session) {
-  ZNTopoAPIStatus status;
-  const ZNTopologyState state = session.api().getTopologyState(status);
-  check(status);
-  if (state.getTopoState() == ZNTopologyState::READY) return;
-  throw Failure(ZN_API_DB_NOT_READY,
-                "Topology DB is not ready: it is empty until something is imported, or discovery "
-                "is at work (\"zntopo state\").");
+/// The result of a request for each kind of identifiers, by identifier text.
+template <typename Object, typename Request, typename IdOf>
+std::map<std::string, ZNRefPtr<Object>> byId(const Identifiers& ids, const Request& request,
+                                             const IdOf& idOf) {
+  std::map<std::string, ZNRefPtr<Object>> result;
+  for (const auto& [kind, set] : ids.byKind()) {
+    ZNTopoAPIStatus status;
+    const auto objects = request(set, status);
+    check(status);
+    for (const auto& object : *objects) result.emplace(((*object).*idOf)().toString(), object);
+  }
+  return result;
 }
 
 }  // namespace
 
 NamedNode findNode(Session& session, const std::string& text) {
-  try {
-    return findReadyNode(session, text);
-  } catch (const Failure& failure) {
-    if (failure.status().getStatus() == ZN_API_OBJ_NOT_EXIST) requireReady(session);
-    throw;
-  }
+  NamedNode result;
+  lookUp(session, [&] {
+    const FoundNode found = findReadyNode(session, text);
+    result = found.read ? *found.read : NamedNode{nodeOfId(session, found.id), std::nullopt};
+  });
+  return result;
 }
 
-std::map<std::string, ZNRefPtr<ZNNode>> nodesById(Session& session, const std::set<ObjID>& ids) {
-  std::map<std::string, ZNRefPtr<ZNNode>> result;
-  if (ids.empty()) return result;
-  ZNTopoAPIStatus status;
+ObjID findNodeId(Session& session, const std::string& text) {
+  ObjID id;
+  lookUp(session, [&] { id = findReadyNode(session, text).id; });
+  return id;
+}
+
+void Identifiers::add(const ObjID& id) {
+  if (id.isNull() || id.toString().find('\'') != std::string::npos) return;
+  sets_[id.getIDType()].insert(id);
+}
+
+std::map<std::string, ZNRefPtr<ZNNode>> nodesById(Session& session, const Identifiers& ids) {
   std::set<ObjID> notFound;
-  const auto nodes = session.api().getNodesByObjIDList(ids, notFound, status, false, false, false,
-                                                       ZNEntity::AllProtocol, -1);
-  check(status);
-  for (const auto& node : *nodes) result.emplace(node->getObjID().toString(), node);
-  return result;
+  return byId<ZNNode>(
+      ids,
+      [&](const std::set<ObjID>& set, ZNTopoAPIStatus& status) {
+        return session.api().getNodesByObjIDList(set, notFound, status, false, false, false,
+                                                 ZNEntity::AllProtocol, -1);
+      },
+      &ZNNode::getObjID);
 }
 
 std::map<std::string, ZNRefPtr<ZNInterface>> interfacesById(Session& session,
-                                                            const std::set<ObjID>& ids) {
-  std::map<std::string, ZNRefPtr<ZNInterface>> result;
-  if (ids.empty()) return result;
-  ZNTopoAPIStatus status;
+                                                            const Identifiers& ids) {
   std::set<ObjID> notFound;
-  const auto interfaces =
-      session.api().getInterfacesByObjIDList(ids, notFound, status, false, false);
-  check(status);
-  for (const auto& one : *interfaces) result.emplace(one->getObjID().toString(), one);
-  return result;
+  return byId<ZNInterface>(
+      ids,
+      [&](const std::set<ObjID>& set, ZNTopoAPIStatus& status) {
+        return session.api().getInterfacesByObjIDList(set, notFound, status, false, false);
+      },
+      &ZNInterface::getObjID);
+}
+
+std::map<std::string, ZNRefPtr<ZNAddress>> addressesById(Session& session, const Identifiers& ids) {
+  return byId<ZNAddress>(
+      ids,
+      [&](const std::set<ObjID>& set, ZNTopoAPIStatus& status) {
+        return session.api().getAddrsByObjIDs({set.begin(), set.end()}, status, false,
+                                              ZNAddress::IPv4);
+      },
+      &ZNAddress::getAddressID);
+}
+
+std::map<std::string, std::string> namesById(Session& session, const std::string& table,
+                                             const Identifiers& ids) {
+  std::vector<std::string> texts;
+  for (const auto& [kind, set] : ids.byKind()) {
+    for (const ObjID& id : set) texts.push_back(id.toString());
+  }
+  std::map<std::string, std::string> names;
+  if (texts.empty()) return names;
+  for (const TextRow& row : selectTexts(session.connection(),
+                                        "select ObjId, EntityName from " + table +
+                                            " where ObjId in (" + parameterMarks(texts.size()) + ")",
+                                        2, texts)) {
+    names[row[0]] = row[1];
+  }
+  return names;
 }
 
 std::list<ZNRefPtr<ZNInterface>> interfacesOf(const ZNNode& node) {
@@ -137,24 +144,20 @@ std::list<ZNRefPtr<ZNInterface>> interfacesOf(const ZNNode& node) {
 }
 
 std::map<std::string, std::vector<std::string>> addressesOf(Session& session, const ZNNode& node) {
-  std::list<ObjID> ids;
+  Identifiers ids;
   for (const TextRow& row : selectTexts(session.connection(),
                                         "select a.AddressId from address a, nwinterface i "
                                         "where a.ObjId = i.ObjId and i.NodeObjID = ?",
                                         1, {node.getObjID().toString()})) {
-    ids.emplace_back(row.front());
+    ids.add(row.front());
   }
-  std::map<std::string, std::vector<std::string>> result;
-  if (ids.empty()) return result;
-  ZNTopoAPIStatus status;
-  auto addresses = session.api().getAddrsByObjIDs(ids, status, false, ZNAddress::IPv4);
-  check(status);
-  const auto key = [](const ZNRefPtr<ZNAddress>& address) {
+  std::vector<ZNRefPtr<ZNAddress>> addresses;
+  for (const auto& [id, address] : addressesById(session, ids)) addresses.push_back(address);
+  sortBy(addresses, [](const ZNRefPtr<ZNAddress>& address) {
     return std::pair(address->getAddressType(), address->getAddressAsString());
-  };
-  std::sort(addresses->begin(), addresses->end(),
-            [&](const auto& left, const auto& right) { return key(left) < key(right); });
-  for (const auto& address : *addresses) {
+  });
+  std::map<std::string, std::vector<std::string>> result;
+  for (const auto& address : addresses) {
     const ZNAddress::AddressType type = address->getAddressType();
     if (type != ZNAddress::IPv4 && type != ZNAddress::IPv6) continue;
     result[address->getAssEntityID().toString()].push_back(address->getAddressAsString());
@@ -163,21 +166,13 @@ std::map<std::string, std::vector<std::string>> addressesOf(Session& session, co
 }
 
 std::vector<std::string> vlanNamesOf(Session& session, const ZNNode& node) {
-  std::vector<std::string> ids;
-  for (const ZNVlanInfo& info : node.getVlanInfoList()) {
-    ids.push_back(info.getVlanObjID().toString());
-  }
-  if (ids.empty()) return {};
-  std::map<std::string, std::string> names;
-  for (const TextRow& row : selectTexts(session.connection(),
-                                        "select ObjId, EntityName from nwentity where ObjId in (" +
-                                            parameterMarks(ids.size()) + ")",
-                                        2, ids)) {
-    names[row[0]] = row[1];
-  }
+  Identifiers ids;
+  for (const ZNVlanInfo& info : node.getVlanInfoList()) ids.add(info.getVlanObjID());
+  const auto names = namesById(session, "nwentity", ids);
   std::vector<std::string> result;
-  for (const std::string& id : ids) {
-    if (const auto name = names.find(id); name != names.end()) result.push_back(name->second);
+  for (const ZNVlanInfo& info : node.getVlanInfoList()) {
+    const auto name = names.find(info.getVlanObjID().toString());
+    if (name != names.end()) result.push_back(name->second);
   }
   return result;
 }

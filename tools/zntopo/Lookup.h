@@ -10,6 +10,7 @@
 #include "tools/network/IpAddress.h"
 #include "tools/zntopo/Session.h"
 #include "zntopo/core/ObjID.h"
+#include "zntopo/model/ZNAddress.h"
 #include "zntopo/model/ZNInterface.h"
 #include "zntopo/model/ZNNode.h"
 
@@ -27,15 +28,40 @@ struct NamedNode {
 /// Finds the node of a text: one whose name is the text; else the one with this identifier; else
 /// the one with this address; else the one whose name begins with the text.
 ///
-/// Names go into the store's statements as parameters, so they may hold anything.
-/// Throws a Failure: ZN_API_OBJ_NOT_EXIST, ZN_API_NONUNIQUE_NAME, ZN_API_DB_NOT_READY for what is
-/// not found in a store that is not ready, or what the library reports.
+/// Throws a Failure: ZN_API_OBJ_NOT_EXIST, ZN_API_NONUNIQUE_NAME, ZN_API_DB_NOT_READY for either
+/// in a store that is not ready, or what the library reports.
 NamedNode findNode(Session& session, const std::string& text);
+/// The same without reading the node, unless it was named by an address.
+ObjID findNodeId(Session& session, const std::string& text);
 
-/// The nodes and interfaces of a set of identifiers, by identifier text.
-std::map<std::string, ZNRefPtr<ZNNode>> nodesById(Session& session, const std::set<ObjID>& ids);
+/// Identifiers, each once. Those of different kinds do not order, so there is a set for each kind.
+class Identifiers {
+ public:
+  Identifiers() = default;
+  template <typename Range>
+  explicit Identifiers(const Range& ids) {
+    for (const ObjID& id : ids) add(id);
+  }
+
+  /// Leaves out null ones, and texts with a quote: nothing is called so, and the library puts
+  /// identifiers into its statements as they are.
+  void add(const ObjID& id);
+  const std::map<ObjID::ObjType, std::set<ObjID>>& byKind() const { return sets_; }
+
+ private:
+  std::map<ObjID::ObjType, std::set<ObjID>> sets_;
+};
+
+/// The nodes, interfaces and addresses of identifiers, by identifier text: those that are there,
+/// with one request of the library.
+std::map<std::string, ZNRefPtr<ZNNode>> nodesById(Session& session, const Identifiers& ids);
 std::map<std::string, ZNRefPtr<ZNInterface>> interfacesById(Session& session,
-                                                            const std::set<ObjID>& ids);
+                                                            const Identifiers& ids);
+std::map<std::string, ZNRefPtr<ZNAddress>> addressesById(Session& session, const Identifiers& ids);
+
+/// The names of objects, by identifier text, from the names in a table.
+std::map<std::string, std::string> namesById(Session& session, const std::string& table,
+                                             const Identifiers& ids);
 
 /// The interfaces of a node. Unlike the node's own list, it throws a Failure if it can't be read.
 std::list<ZNRefPtr<ZNInterface>> interfacesOf(const ZNNode& node);

@@ -1,7 +1,6 @@
-#include <utility>
-
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Session.h"
+#include "tools/zntopo/fields/EntityFields.h"
 #include "tools/zntopo/fields/NodeFields.h"
 
 namespace zntopo::tools {
@@ -13,24 +12,21 @@ struct NodesOptions {
 };
 
 void addOptions(CLI::App& command, NodesOptions& options) {
-  command.add_option("--ip-level", options.ipLevel, "Only nodes of this level")
-      ->check(CLI::IsMember({4, 6}));
+  addIpLevelOption(command, options.ipLevel, "nodes");
 }
 
 void nodes(const Context& context, const NodesOptions& options, Answer& answer) {
   Session session(context, Session::Load::NodesAlone);
   ZNTopoAPIStatus status;
   std::set<ObjID> notFound;
-  auto list =
+  const auto list =
       session.api().getNodesByObjIDList({}, notFound, status, false, false, true,
                                         static_cast<ZNEntity::IPLevel>(options.ipLevel), -1);
   check(status);
-  list->sort([](const ZNRefPtr<ZNNode>& left, const ZNRefPtr<ZNNode>& right) {
-    return std::pair(left->getName(), left->getZoneNumber()) <
-           std::pair(right->getName(), right->getZoneNumber());
-  });
+  std::vector<ZNRefPtr<ZNNode>> nodes(list->begin(), list->end());
+  sortBy(nodes, [](const ZNRefPtr<ZNNode>& node) { return naturalKey(*node); });
   Listing<ZNNode> listing(nodeFields());
-  for (const auto& node : *list) listing.add(*node);
+  for (const auto& node : nodes) listing.add(*node);
   listing.fill(answer, "nodes", "node");
 }
 

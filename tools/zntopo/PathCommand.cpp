@@ -3,10 +3,8 @@
 
 #include "tools/network/PlainText.h"
 #include "tools/zntopo/Commands.h"
-#include "tools/zntopo/Lookup.h"
+#include "tools/zntopo/Names.h"
 #include "tools/zntopo/TextTable.h"
-#include "tools/zntopo/fields/InterfaceFields.h"
-#include "tools/zntopo/fields/LinkFields.h"
 
 namespace zntopo::tools {
 
@@ -48,16 +46,11 @@ InterfaceList findPath(Session& session, const PathOptions& options, const Named
 }
 
 std::vector<LinkEnd> stepsOf(Session& session, const std::list<ZNRefPtr<ZNInterface>>& path) {
-  std::set<ObjID> ids;
-  for (const auto& interface : path) ids.insert(interface->getParentObjID());
-  const auto nodes = nodesById(session, ids);
+  Identifiers ids;
+  for (const auto& interface : path) ids.add(interface->getObjID());
+  const Names names(session, ids);
   std::vector<LinkEnd> steps;
-  for (const auto& interface : path) {
-    const std::string id = interface->getParentObjID().toString();
-    const auto node = nodes.find(id);
-    steps.push_back({node == nodes.end() ? id : node->second->getName(), id,
-                     interfaceLabel(*interface), interface->getObjID().toString()});
-  }
+  for (const auto& interface : path) steps.push_back(names.end(interface->getObjID()));
   return steps;
 }
 

@@ -1,5 +1,3 @@
-#include <ctime>
-
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Session.h"
 #include "tools/zntopo/fields/Field.h"
@@ -7,18 +5,6 @@
 namespace zntopo::tools {
 
 namespace {
-
-std::string timeText(long seconds) {
-  if (seconds == 0) return "-";
-  const std::time_t time = seconds;
-  std::tm parts{};
-  char text[40] = "";
-  if (!gmtime_r(&time, &parts) ||
-      std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &parts) == 0) {
-    return std::to_string(seconds);
-  }
-  return text;
-}
 
 using Row = std::remove_cvref_t<decltype(ZNTopologyState().getCompleteTopologyState())>;
 

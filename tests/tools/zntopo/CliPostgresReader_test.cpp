@@ -35,6 +35,13 @@ TEST_P(CliPostgresReaderTest, EveryQuestionIsAnsweredAsItIsToTheOwner) {
                                             {"node", "dist-quay", "--json"},
                                             {"interfaces", "dist-quay", "--json"},
                                             {"neighbors", "dist-quay", "--hops", "3", "--json"},
+                                            {"vlans", "--json"},
+                                            {"vlan", "quay", "--json"},
+                                            {"containers", "--json"},
+                                            {"hsrp", "--json"},
+                                            {"subnets", "--json"},
+                                            {"subnet", "10.20.8.17", "--json"},
+                                            {"connectivity", "core-1", "core-2", "--json"},
                                             {"path", "crane-4-plc", "customs-printer", "--json"}}) {
     const CliResult owner = zntopoRun(call);
     EXPECT_EQ(owner.status, 0) << call[0] << owner.err;
@@ -61,7 +68,9 @@ TEST_P(CliPostgresReaderTest, ANameWithAStatementInItIsAName) {
   const std::string table = "'; DROP TABLE nwnode; --";
   for (const Call& call :
        {Call{"node", table}, Call{"neighbors", table}, Call{"interfaces", table},
-        Call{"path", table, "dist-quay"}, Call{"node", "x' union select ObjId from nwnode; --"},
+        Call{"path", table, "dist-quay"}, Call{"vlan", table}, Call{"container", table},
+        Call{"hsrp", table}, Call{"subnet", table}, Call{"subnets", "--from", table},
+        Call{"connectivity", table}, Call{"node", "x' union select ObjId from nwnode; --"},
         Call{"node", "x' or lo_create(4711) > 0 or 'x' = '"}}) {
     const CliResult result = as(*reader_, call);
     EXPECT_EQ(result.status, 1) << call[0] << " " << call[1];

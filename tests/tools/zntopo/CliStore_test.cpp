@@ -30,6 +30,17 @@ TEST_P(CliTest, InAStoreThatIsNotReadyNothingIsSaidToBeMissing) {
                                                {"node", id},
                                                {"interfaces", "core-1"},
                                                {"neighbors", "core-1"},
+                                               {"vlans"},
+                                               {"vlan", "10"},
+                                               {"containers"},
+                                               {"containers", "--type", "1"},
+                                               {"container", id},
+                                               {"hsrp"},
+                                               {"hsrp", "10"},
+                                               {"subnets"},
+                                               {"subnets", "--from", "core-1"},
+                                               {"subnet", "10.0.0.0/24"},
+                                               {"connectivity", "core-1", "core-2"},
                                                {"path", "a", "b"}}) {
     const CliResult result = zntopoRun(call);
     EXPECT_EQ(result.status, 1) << call[0];

@@ -1,5 +1,7 @@
 #include "tools/zntopo/fields/Field.h"
 
+#include <ctime>
+
 namespace zntopo::tools {
 
 std::string valueText(const Json& value) {
@@ -13,5 +15,17 @@ std::string valueText(const Json& value) {
 }
 
 Json known(const std::string& text) { return text.empty() || text == "-" ? Json() : Json(text); }
+
+std::string timeText(long seconds) {
+  if (seconds == 0) return "-";
+  const std::time_t time = seconds;
+  std::tm parts{};
+  char text[40] = "";
+  if (!gmtime_r(&time, &parts) ||
+      std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &parts) == 0) {
+    return std::to_string(seconds);
+  }
+  return text;
+}
 
 }  // namespace zntopo::tools

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <span>
 #include <string>
@@ -67,6 +68,21 @@ Json knownMember(const Object& object) {
   return known(std::invoke(pointer, object));
 }
 
+/// Seconds UTC as people read them; "-" for 0.
+std::string timeText(long seconds);
+
+/// Tables of fields, one behind the other.
+template <typename Object, std::size_t... sizes>
+constexpr auto joined(const std::array<Field<Object>, sizes>&... parts) {
+  std::array<Field<Object>, (sizes + ...)> result{};
+  std::size_t at = 0;
+  const auto append = [&](const auto& part) {
+    for (const Field<Object>& field : part) result[at++] = field;
+  };
+  (append(parts), ...);
+  return result;
+}
+
 template <typename Object>
 std::string fieldText(const Field<Object>& field, const Object& object) {
   return field.text ? field.text(object) : valueText(field.value(object));
@@ -118,7 +134,8 @@ class Listing {
   Json json_ = Json::array();
 };
 
-/// One object, or several that tell of one thing: members in JSON, lines for people.
+/// One object, or several that tell of one thing, and lists of what belongs to it: members in
+/// JSON, lines and tables for people.
 class View {
  public:
   template <typename Object>
@@ -131,12 +148,24 @@ class View {
     }
   }
 
+  /// Adds a list, below all fields: a member in JSON, and a table with a last line such as
+  /// "2 interfaces".
+  template <typename Object>
+  void addList(const char* key, const std::string& what, std::span<const Field<Object>> fields,
+               const std::vector<Object>& objects) {
+    Listing<Object> listing(fields);
+    for (const Object& object : objects) listing.add(object);
+    json_[key] = listing.json();
+    lists_ += "\n" + (objects.empty() ? "" : listing.text()) + counted(listing.size(), what) + "\n";
+  }
+
   const Json& json() const { return json_; }
-  std::string text() const { return table_.text(); }
+  std::string text() const { return table_.text() + lists_; }
 
  private:
   Json json_ = Json::object();
   TextTable table_;
+  std::string lists_;
 };
 
 }  // namespace zntopo::tools
