@@ -18,7 +18,8 @@ std::size_t width(const std::string& text) {
 }  // namespace
 
 std::string counted(std::size_t number, const std::string& what) {
-  return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
+  const char* const plural = what.ends_with('s') ? "es" : "s";
+  return std::to_string(number) + " " + what + (number == 1 ? "" : plural);
 }
 
 void TextTable::add(std::vector<std::string> row) {

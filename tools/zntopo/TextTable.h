@@ -36,7 +36,7 @@ struct TextColumn {
 /// A table of columns of one length.
 std::string columnsText(const std::vector<TextColumn>& columns);
 
-/// "1 node", "2 nodes".
+/// "1 node", "2 nodes", "2 addresses".
 std::string counted(std::size_t number, const std::string& what);
 
 }  // namespace zntopo::tools
