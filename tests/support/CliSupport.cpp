@@ -12,6 +12,7 @@
 #include <stdexcept>
 
 #include "tests/support/StoreDump.h"
+#include "tools/network/StoreStatement.h"
 
 extern char** environ;
 
@@ -133,6 +134,20 @@ CliResult zntopoRunAsNobody(const std::vector<std::string>& arguments) {
   return run(arguments, {}, geteuid() == 0 ? User::Nobody : User::Self);
 }
 
+nlohmann::json answerOf(std::vector<std::string> call) {
+  call.emplace_back("--json");
+  const CliResult result = zntopoRun(call);
+  EXPECT_EQ(result.status, 0) << testing::PrintToString(call) << result.err;
+  return result.json();
+}
+
+std::string failureOf(std::vector<std::string> call) {
+  call.emplace_back("--json");
+  const CliResult result = zntopoRun(call);
+  EXPECT_EQ(result.status, 1) << testing::PrintToString(call) << result.out;
+  return result.json()["status"]["name"];
+}
+
 std::vector<std::string> subcommands() {
   std::istringstream help(zntopoRun({"--help"}).out);
   std::vector<std::string> names;
@@ -182,6 +197,14 @@ std::string CliTest::dump() const {
   const TvDbil::DbSource_t source(messages, store_);
   TvDbil::DbConnection_t connection(messages, &source);
   return dumpStore(connection);
+}
+
+std::vector<std::vector<std::string>> CliTest::select(
+    const std::string& sql, std::size_t columns, const std::vector<std::string>& parameters) const {
+  TvXplMsg::MessageList_t messages;
+  const TvDbil::DbSource_t source(messages, store_);
+  TvDbil::DbConnection_t connection(messages, &source);
+  return tools::selectTexts(connection, sql, columns, parameters);
 }
 
 void CliSampleTest::SetUp() {

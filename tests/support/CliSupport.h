@@ -33,6 +33,11 @@ CliResult zntopoRunOnTerminal(const std::vector<std::string>& arguments);
 /// The same as a user who may do nothing that is not allowed to all, if this process may do all.
 CliResult zntopoRunAsNobody(const std::vector<std::string>& arguments);
 
+/// What a call answers in JSON; it must succeed.
+nlohmann::json answerOf(std::vector<std::string> call);
+/// The name of the status that a call tells in JSON; it must fail.
+std::string failureOf(std::vector<std::string> call);
+
 /// The names of the subcommands, as the help lists them.
 std::vector<std::string> subcommands();
 
@@ -50,6 +55,10 @@ class CliTest : public testing::TestWithParam<Engine> {
   std::string write(const std::string& name, const std::string& content) const;
   /// The rows of the store as text.
   std::string dump() const;
+  /// The rows of a statement on the store, with texts as its parameters.
+  std::vector<std::vector<std::string>> select(
+      const std::string& sql, std::size_t columns,
+      const std::vector<std::string>& parameters = {}) const;
 
  private:
   std::optional<TestEngine> engine_;

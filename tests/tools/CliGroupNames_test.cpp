@@ -22,21 +22,6 @@ class CliGroupNamesTest : public CliTest {
     const CliResult filled = zntopoRun({"generate", "--nodes", "40", "--sites", "2"});
     ASSERT_EQ(filled.status, 0) << filled.err;
   }
-
-  static Json answer(std::vector<std::string> call) {
-    call.emplace_back("--json");
-    const CliResult result = zntopoRun(call);
-    EXPECT_EQ(result.status, 0) << testing::PrintToString(call) << result.err;
-    return result.json();
-  }
-
-  /// The status that a failed call tells.
-  static std::string failureOf(std::vector<std::string> call) {
-    call.emplace_back("--json");
-    const CliResult result = zntopoRun(call);
-    EXPECT_EQ(result.status, 1) << testing::PrintToString(call) << result.out;
-    return result.json()["status"]["name"];
-  }
 };
 
 TEST_P(CliGroupNamesTest, AGroupIsFoundByNameIdentifierAndBeginning) {
@@ -48,21 +33,21 @@ TEST_P(CliGroupNamesTest, AGroupIsFoundByNameIdentifierAndBeginning) {
   for (const Case& one : {Case{"vlans", "vlan", "vlan"},
                           {"containers", "container", "container"},
                           {"subnets", "subnet", "subnet"}}) {
-    const Json listed = answer({one.list})[one.list][1];
+    const Json listed = answerOf({one.list})[one.list][1];
     const std::string name = listed["name"];
     const std::string id = listed["id"];
-    EXPECT_EQ(answer({one.command, name})[one.member]["id"], id);
-    EXPECT_EQ(answer({one.command, id})[one.member]["id"], id);
+    EXPECT_EQ(answerOf({one.command, name})[one.member]["id"], id);
+    EXPECT_EQ(answerOf({one.command, id})[one.member]["id"], id);
     std::string upper = id;
     for (char& c : upper) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    EXPECT_EQ(answer({one.command, upper})[one.member]["id"], id);
+    EXPECT_EQ(answerOf({one.command, upper})[one.member]["id"], id);
   }
   const std::string gateway = "site02-management-gateway";
-  const Json group = answer({"hsrp", gateway})["groups"][0];
+  const Json group = answerOf({"hsrp", gateway})["groups"][0];
   EXPECT_EQ(group["name"], gateway);
-  EXPECT_EQ(answer({"hsrp", "site02-m"})["groups"], Json::array({group}));
-  EXPECT_EQ(answer({"vlan", "site02-man"})["vlan"]["name"], "site02-management");
-  EXPECT_EQ(answer({"container", "site01-core"})["container"]["name"], "site01-core-trunk");
+  EXPECT_EQ(answerOf({"hsrp", "site02-m"})["groups"], Json::array({group}));
+  EXPECT_EQ(answerOf({"vlan", "site02-man"})["vlan"]["name"], "site02-management");
+  EXPECT_EQ(answerOf({"container", "site01-core"})["container"]["name"], "site01-core-trunk");
 }
 
 TEST_P(CliGroupNamesTest, WhatFitsSeveralIsAnErrorThatListsThem) {
@@ -83,30 +68,30 @@ TEST_P(CliGroupNamesTest, ANumberThatIsUniqueNamesAVlanAndAGroup) {
   executeOn(store(),
             "update hsrpaddress set HSRPNumber = 4000 where ObjID in "
             "(select ObjId from nwentity where EntityName = 'site02-voice-gateway')");
-  EXPECT_EQ(answer({"vlan", "4000"})["vlan"]["name"], "site02-voice");
-  EXPECT_EQ(answer({"vlan", "4000"})["vlan"]["number"], 4000);
-  EXPECT_EQ(answer({"hsrp", "4000"})["groups"][0]["name"], "site02-voice-gateway");
+  EXPECT_EQ(answerOf({"vlan", "4000"})["vlan"]["name"], "site02-voice");
+  EXPECT_EQ(answerOf({"vlan", "4000"})["vlan"]["number"], 4000);
+  EXPECT_EQ(answerOf({"hsrp", "4000"})["groups"][0]["name"], "site02-voice-gateway");
   EXPECT_EQ(failureOf({"vlan", "4001"}), "ZN_API_OBJ_NOT_EXIST");
   EXPECT_EQ(failureOf({"vlan", "99999999999999999999"}), "ZN_API_OBJ_NOT_EXIST");
   EXPECT_EQ(failureOf({"hsrp", "-1"}), "ZN_API_OBJ_NOT_EXIST");
 }
 
 TEST_P(CliGroupNamesTest, ASubnetIsFoundByItsPrefixInAnyFormAndByAnAddressInIt) {
-  const std::string id = answer({"subnet", "10.0.1.0/24"})["subnet"]["id"];
-  EXPECT_EQ(answer({"subnet", "10.0.1.77/24"})["subnet"]["id"], id);
+  const std::string id = answerOf({"subnet", "10.0.1.0/24"})["subnet"]["id"];
+  EXPECT_EQ(answerOf({"subnet", "10.0.1.77/24"})["subnet"]["id"], id);
   const std::string address =
-      answer({"subnet", "10.0.1.0/24"})["subnet"]["end_points"][0]["address"];
-  EXPECT_EQ(answer({"subnet", address})["subnet"]["id"], id);
-  const std::string v6 = answer({"subnet", "2001:db8:0:1::/64"})["subnet"]["id"];
-  EXPECT_EQ(answer({"subnet", "2001:DB8:0000:1:0::/64"})["subnet"]["id"], v6);
+      answerOf({"subnet", "10.0.1.0/24"})["subnet"]["end_points"][0]["address"];
+  EXPECT_EQ(answerOf({"subnet", address})["subnet"]["id"], id);
+  const std::string v6 = answerOf({"subnet", "2001:db8:0:1::/64"})["subnet"]["id"];
+  EXPECT_EQ(answerOf({"subnet", "2001:DB8:0000:1:0::/64"})["subnet"]["id"], v6);
   EXPECT_EQ(failureOf({"subnet", "10.0.1.0/25"}), "ZN_API_OBJ_NOT_EXIST");
   // An address of nobody, with which a name begins.
-  EXPECT_EQ(answer({"subnet", "10.0.1.0"})["subnet"]["id"], id);
+  EXPECT_EQ(answerOf({"subnet", "10.0.1.0"})["subnet"]["id"], id);
   EXPECT_EQ(failureOf({"subnet", "192.0.2.1"}), "ZN_API_OBJ_NOT_EXIST");
 }
 
 TEST_P(CliGroupNamesTest, WhatIsNotThereIsNotFound) {
-  const std::string vlan = answer({"vlans"})["vlans"][0]["id"];
+  const std::string vlan = answerOf({"vlans"})["vlans"][0]["id"];
   for (const char* command : {"vlan", "container", "hsrp", "subnet"}) {
     for (const std::string& name :
          {std::string("nobody"), std::string("00000000-0000-0000-0000-000000000000"),
@@ -123,7 +108,7 @@ TEST_P(CliGroupNamesTest, WhatIsNotThereIsNotFound) {
       EXPECT_EQ(failureOf({command, vlan}), "ZN_API_OBJ_NOT_EXIST") << command;
     }
   }
-  EXPECT_TRUE(answer({"containers", "--type", "99"})["containers"].empty());
+  EXPECT_TRUE(answerOf({"containers", "--type", "99"})["containers"].empty());
   EXPECT_THAT(zntopoRun({"containers", "--type", "99"}).out, HasSubstr("0 containers\n"));
 }
 
@@ -144,24 +129,24 @@ TEST_P(CliGroupNamesTest, AVlanMayHaveAnotherNumberOrNone) {
       " where VarName = 'VlanId' and ObjID in "
       "(select ObjId from nwentity where EntityName = 'site01-voice')";
   executeOn(store(), "update userdefvar set VarValType = 0" + ofVoice);
-  EXPECT_EQ(answer({"vlan", "site01-voice"})["vlan"]["number"], 30);
+  EXPECT_EQ(answerOf({"vlan", "site01-voice"})["vlan"]["number"], 30);
   executeOn(store(), "update userdefvar set VarValType = 3, StrVal = '30a', IntVal = null" + ofVoice);
-  EXPECT_EQ(answer({"vlan", "site01-voice"})["vlan"]["number"], "30a");
-  EXPECT_EQ(answer({"vlans"})["vlans"].back()["number"], "30a");
+  EXPECT_EQ(answerOf({"vlan", "site01-voice"})["vlan"]["number"], "30a");
+  EXPECT_EQ(answerOf({"vlans"})["vlans"].back()["number"], "30a");
   executeOn(store(), "delete from userdefvar" + ofVoice);
-  EXPECT_TRUE(answer({"vlan", "site01-voice"})["vlan"]["number"].is_null());
-  EXPECT_EQ(answer({"vlans"})["vlans"].back()["name"], "site01-voice");
+  EXPECT_TRUE(answerOf({"vlan", "site01-voice"})["vlan"]["number"].is_null());
+  EXPECT_EQ(answerOf({"vlans"})["vlans"].back()["name"], "site01-voice");
   EXPECT_THAT(zntopoRun({"vlans"}).out, HasSubstr("\n-     site01-voice"));
 }
 
 TEST_P(CliGroupNamesTest, ATrackThatIsNoInterfaceKeepsNoOtherFromItsName) {
   const std::string name = "site01-voice-gateway";
-  const Json before = answer({"hsrp", name})["groups"][0]["members"][0]["tracks"];
+  const Json before = answerOf({"hsrp", name})["groups"][0]["members"][0]["tracks"];
   ASSERT_FALSE(before.empty());
   const std::string id = before[0]["interface_id"];
   executeOn(store(), "update hsrpaddress set TrackInterfaceList = '[gone,3][17,4][x'' or 1 = 1,5][" +
                          id + ",6][,7][" + id + "'");
-  const Json tracks = answer({"hsrp", name})["groups"][0]["members"][0]["tracks"];
+  const Json tracks = answerOf({"hsrp", name})["groups"][0]["members"][0]["tracks"];
   ASSERT_EQ(tracks.size(), 5u);
   const std::vector<std::string> ids = {"gone", "17", "x' or 1 = 1", id, ""};
   for (std::size_t i = 0; i < ids.size(); ++i) {
@@ -184,12 +169,12 @@ TEST_P(CliGroupNamesTest, AMemberWithoutRowsIsShownByItsIdentifiers) {
   executeOn(store(), "update hsrpaddress set AddressIfObjID = 'lost', AddressID = 'gone'"
                      " where ObjID in (select ObjId from nwentity where EntityName = '" +
                          name + "')");
-  const Json member = answer({"hsrp", name})["groups"][0]["members"][0];
+  const Json member = answerOf({"hsrp", name})["groups"][0]["members"][0];
   EXPECT_EQ(member["interface"], "lost");
   EXPECT_TRUE(member["node"].is_null());
   EXPECT_TRUE(member["address"].is_null());
   executeOn(store(), "delete from hsrpaddress");
-  const Json empty = answer({"hsrp", name})["groups"][0];
+  const Json empty = answerOf({"hsrp", name})["groups"][0];
   EXPECT_EQ(empty["number"], 0);
   EXPECT_EQ(empty["fault"], "no_active_member");
   EXPECT_THAT(zntopoRun({"hsrp", name}).out, HasSubstr("\n\n0 members\n"));

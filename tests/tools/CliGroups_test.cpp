@@ -4,8 +4,6 @@
 #include <set>
 
 #include "tests/tools/CliSupport.h"
-#include "tools/network/StoreStatement.h"
-#include "zntopo/platform/tvdbil/TvDbil.h"
 
 /// @file
 /// What the command says of VLANs, containers, HSRP groups and subnets, held against statements on
@@ -56,24 +54,10 @@ class CliGroupsTest : public CliTest {
   /// The call that fills the store.
   virtual std::vector<std::string> filling() const = 0;
 
-  std::vector<tools::TextRow> select(const std::string& sql, std::size_t columns,
-                                     const std::vector<std::string>& parameters = {}) const {
-    TvXplMsg::MessageList_t messages;
-    const TvDbil::DbSource_t source(messages, store());
-    TvDbil::DbConnection_t connection(messages, &source);
-    return tools::selectTexts(connection, sql, columns, parameters);
-  }
   Rows selectSet(const std::string& sql, std::size_t columns,
                  const std::vector<std::string>& parameters = {}) const {
     const auto rows = select(sql, columns, parameters);
     return {rows.begin(), rows.end()};
-  }
-
-  static Json answer(std::vector<std::string> call) {
-    call.emplace_back("--json");
-    const CliResult result = zntopoRun(call);
-    EXPECT_EQ(result.status, 0) << testing::PrintToString(call) << result.err;
-    return result.json();
   }
 
   void expectVlans() const;
@@ -81,11 +65,12 @@ class CliGroupsTest : public CliTest {
   void expectHsrpGroups() const;
   void expectTracks(const Json& members) const;
   void expectSubnets() const;
-  void expectSubnetsFrom(const std::string& node, int hops) const;
+  void expectSubnetsFrom(const std::string& node, int hops, const std::string& scope) const;
+  void expectSubnetsFromIpv6Nodes() const;
 };
 
 void CliGroupsTest::expectVlans() const {
-  const Json vlans = answer({"vlans"})["vlans"];
+  const Json vlans = answerOf({"vlans"})["vlans"];
   EXPECT_FALSE(vlans.empty());
   EXPECT_EQ(rowsOf(vlans, {"id", "name", "number", "nodes", "interfaces"}),
             selectSet("select v.ObjId, v.EntityName, u.IntVal, count(distinct i.NodeObjID), "
@@ -98,7 +83,7 @@ void CliGroupsTest::expectVlans() const {
                       5));
   for (const Json& vlan : vlans) {
     EXPECT_EQ(
-        rowsOf(answer({"vlan", vlan["id"]})["vlan"]["members"], {"node", "interface", "port"}),
+        rowsOf(answerOf({"vlan", vlan["id"]})["vlan"]["members"], {"node", "interface", "port"}),
         selectSet("select n.EntityName, " + kLabel +
                       ", i.VendorPort from containment c, nwinterface i, nwnode n "
                       "where c.ContainerObjID = ? and i.ObjId = c.ContainedObjID "
@@ -109,7 +94,7 @@ void CliGroupsTest::expectVlans() const {
 }
 
 void CliGroupsTest::expectContainers() const {
-  const Json containers = answer({"containers"})["containers"];
+  const Json containers = answerOf({"containers"})["containers"];
   EXPECT_FALSE(containers.empty());
   const std::string list =
       "select k.ObjId, k.EntityName, k.IFCType, k.AppsID, k.isOrdered, "
@@ -123,9 +108,9 @@ void CliGroupsTest::expectContainers() const {
   bool hasOrdered = false;
   for (const Json& one : containers) {
     const std::string type = text(one["type"]);
-    EXPECT_EQ(rowsOf(answer({"containers", "--type", type})["containers"], names),
+    EXPECT_EQ(rowsOf(answerOf({"containers", "--type", type})["containers"], names),
               selectSet(list + "where k.IFCType = " + type + " " + grouped, names.size()));
-    const Json container = answer({"container", one["name"]})["container"];
+    const Json container = answerOf({"container", one["name"]})["container"];
     std::vector<std::vector<std::string>> members;
     for (const Json& member : container["members"]) {
       members.push_back(texts(member, {"sequence", "node", "interface", "containment"}));
@@ -178,7 +163,7 @@ void CliGroupsTest::expectHsrpGroups() const {
   static const std::map<std::string, std::string> states = {
       {"1", "Initial"}, {"2", "Learn"},  {"3", "Listen"},    {"4", "Speak"},
       {"5", "StandBy"}, {"6", "Active"}, {"7", "MiscState"}, {"9", "NoResponse"}};
-  const Json groups = answer({"hsrp"})["groups"];
+  const Json groups = answerOf({"hsrp"})["groups"];
   EXPECT_FALSE(groups.empty());
   Rows faults;
   for (const auto& row : select("select g.EntityName, (select count(*) from hsrpaddress h where "
@@ -201,7 +186,7 @@ void CliGroupsTest::expectHsrpGroups() const {
       }
       shown.insert(row);
     }
-    const Json alone = answer({"hsrp", group["id"]})["groups"];
+    const Json alone = answerOf({"hsrp", group["id"]})["groups"];
     EXPECT_EQ(alone, Json::array({group}));
   }
   Rows stored;
@@ -220,7 +205,7 @@ void CliGroupsTest::expectHsrpGroups() const {
 }
 
 void CliGroupsTest::expectSubnets() const {
-  const Json subnets = answer({"subnets"})["subnets"];
+  const Json subnets = answerOf({"subnets"})["subnets"];
   EXPECT_FALSE(subnets.empty());
   EXPECT_EQ(rowsOf(subnets, {"id", "name", "ip_level", "nodes", "addresses"}),
             selectSet("select s.ObjId, s.EntityName, s.IPLevel, count(distinct i.NodeObjID), "
@@ -235,15 +220,15 @@ void CliGroupsTest::expectSubnets() const {
                                 "PrefixLength from address where isSubnet = 1",
                                 2));
   for (const std::string level : {"4", "6"}) {
-    EXPECT_EQ(rowsOf(answer({"subnets", "--ip-level", level})["subnets"], {"id"}),
+    EXPECT_EQ(rowsOf(answerOf({"subnets", "--ip-level", level})["subnets"], {"id"}),
               selectSet("select ObjId from nwentity where EntityType = 7 and IPLevel = " + level,
                         1));
   }
-  EXPECT_EQ(rowsOf(answer({"subnets", "--scope", "global"})["subnets"], {"id"}),
+  EXPECT_EQ(rowsOf(answerOf({"subnets", "--scope", "global"})["subnets"], {"id"}),
             selectSet("select ObjId from address where isSubnet = 1 and V6ScopeType = 3", 1));
   // The first of the IPv4 ones, and the last of all.
   for (const Json& subnet : {subnets.front(), subnets.back()}) {
-    EXPECT_EQ(rowsOf(answer({"subnet", subnet["id"]})["subnet"]["end_points"],
+    EXPECT_EQ(rowsOf(answerOf({"subnet", subnet["id"]})["subnet"]["end_points"],
                      {"node", "interface", "address"}),
               selectSet("select n.EntityName, " + kLabel +
                             ", coalesce(a.V4Address, a.V6Address) from address a, nwinterface i, "
@@ -254,21 +239,40 @@ void CliGroupsTest::expectSubnets() const {
   }
 }
 
-void CliGroupsTest::expectSubnetsFrom(const std::string& node, int hops) const {
+/// The subnets around an IPv6 node, by way of those of one scope, or of all.
+void CliGroupsTest::expectSubnetsFrom(const std::string& node, int hops,
+                                      const std::string& scope) const {
+  const std::string wanted =
+      std::string(" in (select ObjId from address where isSubnet = 1 and V6ScopeType ") +
+      (scope.empty() ? "> 0" : scope == "global" ? "= 3" : "= 1") + ")";
   const Rows stored = selectSet(
       "with recursive reached(subnet, hop) as ("
       "select a.SubnetObjId, 1 from address a, nwnode n "
       "where n.EntityName = ? and a.NodeObjId = n.ObjId and a.AddressType = 2 "
-      "and a.SubnetObjId is not null "
-      "union select b.SubnetObjId, r.hop + 1 from reached r, address a, address b "
-      "where a.SubnetObjId = r.subnet and a.ObjId <> a.SubnetObjId "
-      "and b.NodeObjId = a.NodeObjId and b.AddressType = 2 and b.SubnetObjId is not null "
-      "and r.hop < " +
-          std::to_string(hops) + ") select distinct subnet from reached",
+      "and a.SubnetObjId" +
+          wanted +
+          " union select b.SubnetObjId, r.hop + 1 from reached r, address a, address b "
+          "where a.SubnetObjId = r.subnet and a.ObjId <> a.SubnetObjId "
+          "and b.NodeObjId = a.NodeObjId and b.AddressType = 2 and b.SubnetObjId" +
+          wanted + " and r.hop < " + std::to_string(hops) +
+          ") select distinct subnet from reached",
       1, {node});
-  const Json found = answer({"subnets", "--from", node, "--hops", std::to_string(hops)})["subnets"];
-  EXPECT_FALSE(found.empty());
-  EXPECT_EQ(rowsOf(found, {"id"}), stored) << node << " " << hops;
+  std::vector<std::string> call = {"subnets", "--from", node, "--hops", std::to_string(hops)};
+  if (!scope.empty()) call.insert(call.end(), {"--scope", scope});
+  EXPECT_EQ(rowsOf(answerOf(call)["subnets"], {"id"}), stored) << testing::PrintToString(call);
+  if (scope != "link-local") EXPECT_FALSE(stored.empty()) << testing::PrintToString(call);
+}
+
+void CliGroupsTest::expectSubnetsFromIpv6Nodes() const {
+  const Json nodes = answerOf({"nodes", "--ip-level", "6"})["nodes"];
+  ASSERT_FALSE(nodes.empty());
+  const std::string node = nodes[0]["name"];
+  for (const int hops : {1, 2, 3, 9}) expectSubnetsFrom(node, hops, "");
+  expectSubnetsFrom(node, 3, "global");
+  expectSubnetsFrom(node, 3, "link-local");
+  EXPECT_TRUE(answerOf({"subnets", "--from", node, "--ip-level", "4"})["subnets"].empty());
+  EXPECT_THAT(zntopoRun({"subnets", "--from", node}).out,
+              HasSubstr("1 subnet within 1 hop of " + node + "\n"));
 }
 
 /// The sample network.
@@ -285,16 +289,29 @@ class CliCampusGroupsTest : public CliGroupsTest {
   }
 };
 
+TEST_P(CliSampleGroupsTest, VlansAreThoseOfTheStore) { expectVlans(); }
+TEST_P(CliSampleGroupsTest, ContainersAreThoseOfTheStore) { expectContainers(); }
+TEST_P(CliSampleGroupsTest, HsrpGroupsAreThoseOfTheStore) { expectHsrpGroups(); }
+TEST_P(CliSampleGroupsTest, SubnetsAreThoseOfTheStore) { expectSubnets(); }
+TEST_P(CliSampleGroupsTest, SubnetsAroundANodeAreThoseOfTheStore) { expectSubnetsFromIpv6Nodes(); }
 TEST_P(CliCampusGroupsTest, VlansAreThoseOfTheStore) { expectVlans(); }
 TEST_P(CliCampusGroupsTest, ContainersAreThoseOfTheStore) { expectContainers(); }
 TEST_P(CliCampusGroupsTest, HsrpGroupsAreThoseOfTheStore) { expectHsrpGroups(); }
 TEST_P(CliCampusGroupsTest, SubnetsAreThoseOfTheStore) { expectSubnets(); }
-TEST_P(CliSampleGroupsTest, VlansAreThoseOfTheStore) { expectVlans(); }
-TEST_P(CliSampleGroupsTest, SubnetsAreThoseOfTheStore) { expectSubnets(); }
+TEST_P(CliCampusGroupsTest, SubnetsAroundANodeAreThoseOfTheStore) { expectSubnetsFromIpv6Nodes(); }
+
+TEST_P(CliSampleGroupsTest, SubnetsAroundAnIpv4NodeAreNotTold) {
+  const CliResult result = zntopoRun({"subnets", "--from", "core-1", "--json"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.json()["status"]["name"], "ZN_API_NON_V6_NODE");
+  EXPECT_TRUE(result.json()["subnets"].empty());
+  EXPECT_THAT(result.err, HasSubstr("core-1 is no IPv6 node: \"zntopo nodes --ip-level 6\""));
+  EXPECT_EQ(failureOf({"subnets", "--from", "nobody"}), "ZN_API_OBJ_NOT_EXIST");
+}
 
 TEST_P(CliCampusGroupsTest, AGroupWithoutExactlyOneActiveMemberIsPointedOut) {
   std::map<std::string, std::size_t> faults;
-  const Json groups = answer({"hsrp"})["groups"];
+  const Json groups = answerOf({"hsrp"})["groups"];
   for (const Json& group : groups) {
     ++faults[text(group["fault"])];
     const CliResult alone = zntopoRun({"hsrp", group["name"]});

@@ -35,9 +35,10 @@ void connectivity(const Context& context, const ConnectivityOptions& options, An
   check(status);
   const Listing<NamedLink> listing = linkListing(session, *connections);
   answer.json["connections"] = listing.json();
+  const char* const around = ids.size() == 1 ? " and its neighbours" : " and their neighbours";
   answer.text = listing.text() + counted(listing.size(), "link") + " among " +
                 counted(ids.size(), "node") +
-                (options.withNeighbors ? " and their neighbours" : "") + "\n";
+                (options.withNeighbors ? around : "") + "\n";
   if (endNodes(*connections) < kMostNodes) return;
   answer.status = Failure(ZN_API_INCOMPLETE_NEIGHBOR_INFO,
                           "The links so far have " + std::to_string(kMostNodes) +
