@@ -86,9 +86,10 @@ TEST_P(CliConnectivityTest, ANodeThatIsNotThereIsNotLeftOut) {
 TEST_P(CliConnectivityTest, TheCeilingOfTheLibraryIsSaid) {
   ASSERT_EQ(zntopoRun({"generate", "--ring", "210", "--merge"}).status, 0);
   Names names;
-  const auto ring = select("select EntityName from nwnode where EntityName like 'ring-%' "
-                           "order by EntityName",
-                           1);
+  const auto ring = select(
+      "select EntityName from nwnode where EntityName like 'ring-%' "
+      "order by EntityName",
+      1);
   ASSERT_EQ(ring.size(), 210u);
   for (const auto& row : ring) names.push_back(row[0]);
   const CliResult all = zntopoRun(call(names, {"--json"}));

@@ -51,9 +51,12 @@ TEST_P(CliGroupNamesTest, AGroupIsFoundByNameIdentifierAndBeginning) {
 }
 
 TEST_P(CliGroupNamesTest, WhatFitsSeveralIsAnErrorThatListsThem) {
-  for (const std::vector<std::string>& call :
-       {std::vector<std::string>{"vlan", "10"}, {"vlan", "site0"}, {"hsrp", "10"},
-        {"container", "site01-wan-"}, {"subnet", "fe80::/64"}, {"subnet", "FE80:0:0::1/64"}}) {
+  for (const std::vector<std::string>& call : {std::vector<std::string>{"vlan", "10"},
+                                               {"vlan", "site0"},
+                                               {"hsrp", "10"},
+                                               {"container", "site01-wan-"},
+                                               {"subnet", "fe80::/64"},
+                                               {"subnet", "FE80:0:0::1/64"}}) {
     EXPECT_EQ(failureOf(call), "ZN_API_NONUNIQUE_NAME") << testing::PrintToString(call);
   }
   EXPECT_THAT(zntopoRun({"vlan", "10"}).err, HasSubstr("  site01-management\n"));
@@ -130,7 +133,8 @@ TEST_P(CliGroupNamesTest, AVlanMayHaveAnotherNumberOrNone) {
       "(select ObjId from nwentity where EntityName = 'site01-voice')";
   executeOn(store(), "update userdefvar set VarValType = 0" + ofVoice);
   EXPECT_EQ(answerOf({"vlan", "site01-voice"})["vlan"]["number"], 30);
-  executeOn(store(), "update userdefvar set VarValType = 3, StrVal = '30a', IntVal = null" + ofVoice);
+  executeOn(store(),
+            "update userdefvar set VarValType = 3, StrVal = '30a', IntVal = null" + ofVoice);
   EXPECT_EQ(answerOf({"vlan", "site01-voice"})["vlan"]["number"], "30a");
   EXPECT_EQ(answerOf({"vlans"})["vlans"].back()["number"], "30a");
   executeOn(store(), "delete from userdefvar" + ofVoice);
@@ -144,8 +148,9 @@ TEST_P(CliGroupNamesTest, ATrackThatIsNoInterfaceKeepsNoOtherFromItsName) {
   const Json before = answerOf({"hsrp", name})["groups"][0]["members"][0]["tracks"];
   ASSERT_FALSE(before.empty());
   const std::string id = before[0]["interface_id"];
-  executeOn(store(), "update hsrpaddress set TrackInterfaceList = '[gone,3][17,4][x'' or 1 = 1,5][" +
-                         id + ",6][,7][" + id + "'");
+  executeOn(store(),
+            "update hsrpaddress set TrackInterfaceList = '[gone,3][17,4][x'' or 1 = 1,5][" + id +
+                ",6][,7][" + id + "'");
   const Json tracks = answerOf({"hsrp", name})["groups"][0]["members"][0]["tracks"];
   ASSERT_EQ(tracks.size(), 5u);
   const std::vector<std::string> ids = {"gone", "17", "x' or 1 = 1", id, ""};
@@ -166,9 +171,10 @@ TEST_P(CliGroupNamesTest, ATrackThatIsNoInterfaceKeepsNoOtherFromItsName) {
 TEST_P(CliGroupNamesTest, AMemberWithoutRowsIsShownByItsIdentifiers) {
   const std::string name = "site01-voice-gateway";
   executeOn(store(), "delete from hsrpaddress where state <> 6");
-  executeOn(store(), "update hsrpaddress set AddressIfObjID = 'lost', AddressID = 'gone'"
-                     " where ObjID in (select ObjId from nwentity where EntityName = '" +
-                         name + "')");
+  executeOn(store(),
+            "update hsrpaddress set AddressIfObjID = 'lost', AddressID = 'gone'"
+            " where ObjID in (select ObjId from nwentity where EntityName = '" +
+                name + "')");
   const Json member = answerOf({"hsrp", name})["groups"][0]["members"][0];
   EXPECT_EQ(member["interface"], "lost");
   EXPECT_TRUE(member["node"].is_null());

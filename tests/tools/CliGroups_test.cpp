@@ -100,8 +100,7 @@ void CliGroupsTest::expectContainers() const {
       "select k.ObjId, k.EntityName, k.IFCType, k.AppsID, k.isOrdered, "
       "count(distinct m.NodeObjId), count(m.InterfaceObjId) from nwifc k "
       "left join nwifcctm m on m.ContainerObjId = k.ObjId ";
-  const std::string grouped =
-      "group by k.ObjId, k.EntityName, k.IFCType, k.AppsID, k.isOrdered";
+  const std::string grouped = "group by k.ObjId, k.EntityName, k.IFCType, k.AppsID, k.isOrdered";
   const std::vector<const char*> names = {"id",      "name",  "type",      "application",
                                           "ordered", "nodes", "interfaces"};
   EXPECT_EQ(rowsOf(containers, names), selectSet(list + grouped, names.size()));
@@ -180,8 +179,8 @@ void CliGroupsTest::expectHsrpGroups() const {
     for (const Json& member : group["members"]) {
       allMembers.push_back(member);
       std::vector<std::string> row = texts(group, {"name", "number"});
-      for (const std::string& one : texts(
-               member, {"node", "interface", "address", "state", "priority", "certainty"})) {
+      for (const std::string& one :
+           texts(member, {"node", "interface", "address", "state", "priority", "certainty"})) {
         row.push_back(one);
       }
       shown.insert(row);
@@ -220,9 +219,9 @@ void CliGroupsTest::expectSubnets() const {
                                 "PrefixLength from address where isSubnet = 1",
                                 2));
   for (const std::string level : {"4", "6"}) {
-    EXPECT_EQ(rowsOf(answerOf({"subnets", "--ip-level", level})["subnets"], {"id"}),
-              selectSet("select ObjId from nwentity where EntityType = 7 and IPLevel = " + level,
-                        1));
+    EXPECT_EQ(
+        rowsOf(answerOf({"subnets", "--ip-level", level})["subnets"], {"id"}),
+        selectSet("select ObjId from nwentity where EntityType = 7 and IPLevel = " + level, 1));
   }
   EXPECT_EQ(rowsOf(answerOf({"subnets", "--scope", "global"})["subnets"], {"id"}),
             selectSet("select ObjId from address where isSubnet = 1 and V6ScopeType = 3", 1));
@@ -244,7 +243,10 @@ void CliGroupsTest::expectSubnetsFrom(const std::string& node, int hops,
                                       const std::string& scope) const {
   const std::string wanted =
       std::string(" in (select ObjId from address where isSubnet = 1 and V6ScopeType ") +
-      (scope.empty() ? "> 0" : scope == "global" ? "= 3" : "= 1") + ")";
+      (scope.empty()       ? "> 0"
+       : scope == "global" ? "= 3"
+                           : "= 1") +
+      ")";
   const Rows stored = selectSet(
       "with recursive reached(subnet, hop) as ("
       "select a.SubnetObjId, 1 from address a, nwnode n "
@@ -254,8 +256,7 @@ void CliGroupsTest::expectSubnetsFrom(const std::string& node, int hops,
           " union select b.SubnetObjId, r.hop + 1 from reached r, address a, address b "
           "where a.SubnetObjId = r.subnet and a.ObjId <> a.SubnetObjId "
           "and b.NodeObjId = a.NodeObjId and b.AddressType = 2 and b.SubnetObjId" +
-          wanted + " and r.hop < " + std::to_string(hops) +
-          ") select distinct subnet from reached",
+          wanted + " and r.hop < " + std::to_string(hops) + ") select distinct subnet from reached",
       1, {node});
   std::vector<std::string> call = {"subnets", "--from", node, "--hops", std::to_string(hops)};
   if (!scope.empty()) call.insert(call.end(), {"--scope", scope});

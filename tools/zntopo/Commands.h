@@ -111,10 +111,11 @@ extern const Command kPathCommand;
 
 /// In the order of the help.
 inline constexpr std::array kCommands = {
-    &kInitCommand,       &kImportCommand,    &kGenerateCommand,     &kStateCommand, &kNodesCommand,
-    &kNodeCommand,       &kInterfacesCommand, &kVlansCommand, &kVlanCommand, &kContainersCommand,
-    &kContainerCommand,  &kHsrpCommand, &kSubnetsCommand, &kSubnetCommand, &kNeighborsCommand,
-    &kConnectivityCommand, &kPathCommand,
+    &kInitCommand,    &kImportCommand,     &kGenerateCommand,   &kStateCommand,
+    &kNodesCommand,   &kNodeCommand,       &kInterfacesCommand, &kVlansCommand,
+    &kVlanCommand,    &kContainersCommand, &kContainerCommand,  &kHsrpCommand,
+    &kSubnetsCommand, &kSubnetCommand,     &kNeighborsCommand,  &kConnectivityCommand,
+    &kPathCommand,
 };
 
 /// Adds all of kCommands, with their options for the store and for JSON.

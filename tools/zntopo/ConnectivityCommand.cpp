@@ -37,8 +37,7 @@ void connectivity(const Context& context, const ConnectivityOptions& options, An
   answer.json["connections"] = listing.json();
   const char* const around = ids.size() == 1 ? " and its neighbours" : " and their neighbours";
   answer.text = listing.text() + counted(listing.size(), "link") + " among " +
-                counted(ids.size(), "node") +
-                (options.withNeighbors ? around : "") + "\n";
+                counted(ids.size(), "node") + (options.withNeighbors ? around : "") + "\n";
   if (endNodes(*connections) < kMostNodes) return;
   answer.status = Failure(ZN_API_INCOMPLETE_NEIGHBOR_INFO,
                           "The links so far have " + std::to_string(kMostNodes) +

@@ -3,8 +3,8 @@
 
 #include "tools/zntopo/GroupKind.h"
 #include "tools/zntopo/Names.h"
-#include "tools/zntopo/fields/EntityFields.h"
 #include "tools/zntopo/fields/ContainerFields.h"
+#include "tools/zntopo/fields/EntityFields.h"
 
 namespace zntopo::tools {
 
@@ -76,8 +76,7 @@ void complete(Session& session, ContainerDetails& container) {
 
 void addLists(const ContainerDetails& container, View& view) {
   view.addList("members", "interface", containerMemberFields(), container.members);
-  view.addList("associations", "association", containerAssociationFields(),
-               container.associations);
+  view.addList("associations", "association", containerAssociationFields(), container.associations);
 }
 
 constexpr GroupKind<ContainerDetails> kContainers = {
@@ -101,8 +100,8 @@ void addOptions(CLI::App& command, ContainersOptions& options) {
 
 void containers(const Context& context, const ContainersOptions& options, Answer& answer) {
   Session session(context, Session::Load::NodesAlone);
-  const auto found = options.type ? readContainersOf(session, *options.type)
-                                  : readContainers(session, {});
+  const auto found =
+      options.type ? readContainersOf(session, *options.type) : readContainers(session, {});
   listingOf(kContainers, found).fill(answer, kContainers.listKey, kContainers.name.word);
 }
 

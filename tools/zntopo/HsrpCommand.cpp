@@ -120,10 +120,10 @@ void hsrp(const Context& context, const GroupOptions& options, Answer& answer) {
   for (const HsrpDetails& group : groups) {
     answer.json["groups"].push_back(viewOf(kHsrpGroups, group).json());
   }
-  answer.text = isOne ? viewOf(kHsrpGroups, groups.front()).text()
-                      : listingOf(kHsrpGroups, groups).text() +
-                            counted(groups.size(), kHsrpGroups.name.word) + faultyText(groups) +
-                            "\n";
+  answer.text = isOne
+                    ? viewOf(kHsrpGroups, groups.front()).text()
+                    : listingOf(kHsrpGroups, groups).text() +
+                          counted(groups.size(), kHsrpGroups.name.word) + faultyText(groups) + "\n";
 }
 
 }  // namespace

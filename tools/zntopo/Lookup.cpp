@@ -126,10 +126,11 @@ std::map<std::string, std::string> namesById(Session& session, const std::string
   }
   std::map<std::string, std::string> names;
   if (texts.empty()) return names;
-  for (const TextRow& row : selectTexts(session.connection(),
-                                        "select ObjId, EntityName from " + table +
-                                            " where ObjId in (" + parameterMarks(texts.size()) + ")",
-                                        2, texts)) {
+  for (const TextRow& row :
+       selectTexts(session.connection(),
+                   "select ObjId, EntityName from " + table + " where ObjId in (" +
+                       parameterMarks(texts.size()) + ")",
+                   2, texts)) {
     names[row[0]] = row[1];
   }
   return names;

@@ -18,9 +18,8 @@ struct Natural {
 /// Sorts by what a function makes of each element; equal ones stay in their order.
 template <typename Container, typename KeyOf>
 void sortBy(Container& container, const KeyOf& keyOf) {
-  std::stable_sort(container.begin(), container.end(), [&](const auto& left, const auto& right) {
-    return keyOf(left) < keyOf(right);
-  });
+  std::stable_sort(container.begin(), container.end(),
+                   [&](const auto& left, const auto& right) { return keyOf(left) < keyOf(right); });
 }
 
 }  // namespace zntopo::tools

@@ -116,8 +116,8 @@ std::vector<Condition> byAddress(const std::string& text) {
   const auto address = IpAddress::parse(text);
   if (!address) return {};
   Condition inside = isAddress(*address);
-  inside.sql = "ObjId in (select SubnetObjId from address where isSubnet = 0 and " + inside.sql +
-               ")";
+  inside.sql =
+      "ObjId in (select SubnetObjId from address where isSubnet = 0 and " + inside.sql + ")";
   return {inside};
 }
 
@@ -183,9 +183,9 @@ void subnets(const Context& context, const SubnetsOptions& options, Answer& answ
 void addOptions(CLI::App& command, SubnetsOptions& options) {
   std::map<std::string, ScopeType> scopes;
   for (const auto& [name, type] : kScopeNames) scopes.emplace(name, type);
-  auto* const from = addNameArgument(command, "--from", options.from, "node",
-                                     "Only subnets around this IPv6 node")
-                         ->type_name("NODE");
+  auto* const from =
+      addNameArgument(command, "--from", options.from, "node", "Only subnets around this IPv6 node")
+          ->type_name("NODE");
   addLimit(command, "--hops", options.hops, "How far from it: 1 for its own subnets")->needs(from);
   addIpLevelOption(command, options.ipLevel, "subnets");
   command

@@ -43,10 +43,11 @@ void addLists(const VlanDetails& vlan, View& view) {
 std::vector<Condition> byNumber(const std::string& text) {
   const auto number = wholeNumber(text);
   if (!number) return {};
-  return {{"ObjId in (select ObjID from userdefvar where VarName = 'VlanId' and "
-           "((VarValType in (0, 1, 2) and IntVal = " +
-               std::to_string(*number) + ") or (VarValType = 3 and StrVal = ?)))",
-           {text}}};
+  return {
+      {"ObjId in (select ObjID from userdefvar where VarName = 'VlanId' and "
+       "((VarValType in (0, 1, 2) and IntVal = " +
+           std::to_string(*number) + ") or (VarValType = 3 and StrVal = ?)))",
+       {text}}};
 }
 
 constexpr GroupKind<VlanDetails> kVlans = {

@@ -64,17 +64,23 @@ std::vector<Section> sections() {
   std::vector<Section> result(1);
   bool isExample = false;
   bool isJson = false;
+  // An empty line belongs to an example if the example goes on behind it.
+  std::size_t emptyLines = 0;
   for (const std::string& line : documentation()) {
     if (line.starts_with("## ")) result.push_back({line.substr(3), {}, {}});
-    isExample = isExample && line.starts_with("    ");
+    isExample = isExample && (line.empty() || line.starts_with("    "));
+    emptyLines = line.empty() ? emptyLines + 1 : emptyLines;
     isJson = (isJson && !line.empty()) || line.starts_with("JSON:");
     if (isJson) result.back().members.merge(namesOf(line));
     if (line.starts_with(prompt)) {
       result.back().examples.push_back({wordsOf(line.substr(prompt.size())), {}});
       isExample = true;
-    } else if (isExample) {
-      result.back().examples.back().lines.push_back(line.substr(4));
+    } else if (isExample && !line.empty()) {
+      std::vector<std::string>& lines = result.back().examples.back().lines;
+      lines.resize(lines.size() + emptyLines);
+      lines.push_back(line.substr(4));
     }
+    if (!line.empty()) emptyLines = 0;
   }
   return result;
 }

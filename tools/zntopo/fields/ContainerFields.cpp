@@ -27,13 +27,13 @@ constexpr Field<ContainerDetails> kOwnFields[] = {
 constexpr auto kContainerFields = joined(kNameFields<ContainerDetails>, std::to_array(kOwnFields),
                                          kDescriptionFields<ContainerDetails>);
 
-constexpr auto kMemberFields = joined(
-    std::array{Field<ContainerMember>{
-        .key = "sequence", .head = "SEQUENCE", .value = member<&ContainerMember::sequence>}},
-    kEndFields<&ContainerMember::end, ContainerMember>,
-    std::array{Field<ContainerMember>{.key = "containment",
-                                      .head = "CONTAINMENT",
-                                      .value = member<&ContainerMember::containment>}});
+constexpr auto kMemberFields =
+    joined(std::array{Field<ContainerMember>{
+               .key = "sequence", .head = "SEQUENCE", .value = member<&ContainerMember::sequence>}},
+           kEndFields<&ContainerMember::end, ContainerMember>,
+           std::array{Field<ContainerMember>{.key = "containment",
+                                             .head = "CONTAINMENT",
+                                             .value = member<&ContainerMember::containment>}});
 
 std::string since(const ContainerAssociation& association) {
   return timeText(association.object->getAssocStateTime());

@@ -46,14 +46,14 @@ Json otherMembers(const HsrpDetails& details) {
 
 constexpr Field<HsrpDetails> kOwnFields[] = {
     {.key = "number", .head = "NUMBER", .value = ofObject<&ZNHSRP::getHSRPNumber>},
+    {.key = "fault", .head = "FAULT", .value = fault, .text = faultText, .isRare = true},
     {.head = "ACTIVE", .value = membersIn<ZNHSRPAddressInfo::Active>},
     {.head = "STANDBY", .value = membersIn<ZNHSRPAddressInfo::StandBy>},
     {.head = "OTHERS", .value = otherMembers, .isRare = true},
-    {.key = "fault", .head = "FAULT", .value = fault, .text = faultText, .isRare = true},
 };
 
-constexpr auto kHsrpFields = joined(kNameFields<HsrpDetails>, std::to_array(kOwnFields),
-                                    kDescriptionFields<HsrpDetails>);
+constexpr auto kHsrpFields =
+    joined(kNameFields<HsrpDetails>, std::to_array(kOwnFields), kDescriptionFields<HsrpDetails>);
 
 constexpr auto kTrackFields =
     joined(kEndFields<&HsrpTrack::end, HsrpTrack>,

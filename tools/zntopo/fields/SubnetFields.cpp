@@ -49,9 +49,8 @@ constexpr auto kSubnetFields = joined(kNameFields<SubnetDetails>, std::to_array(
 
 constexpr auto kMemberFields =
     joined(kEndFields<&SubnetMember::end, SubnetMember>,
-           std::array{Field<SubnetMember>{.key = "address",
-                                          .head = "ADDRESS",
-                                          .value = knownMember<&SubnetMember::address>}});
+           std::array{Field<SubnetMember>{
+               .key = "address", .head = "ADDRESS", .value = knownMember<&SubnetMember::address>}});
 
 template <typename Address>
 std::string withLength(const Address& address) {

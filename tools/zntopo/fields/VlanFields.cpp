@@ -18,18 +18,17 @@ Json interfaces(const VlanDetails& details) {
   return result;
 }
 
-constexpr auto kVlanFields =
-    joined(std::array{Field<VlanDetails>{.key = "number", .head = "VLAN", .value = number}},
-           kNameFields<VlanDetails>,
-           std::array{Field<VlanDetails>{.key = "nodes", .head = "NODES", .value = nodes},
-                      Field<VlanDetails>{
-                          .key = "interfaces", .head = "INTERFACES", .value = interfaces}},
-           kDescriptionFields<VlanDetails>);
+constexpr auto kVlanFields = joined(
+    std::array{Field<VlanDetails>{.key = "number", .head = "VLAN", .value = number}},
+    kNameFields<VlanDetails>,
+    std::array{Field<VlanDetails>{.key = "nodes", .head = "NODES", .value = nodes},
+               Field<VlanDetails>{.key = "interfaces", .head = "INTERFACES", .value = interfaces}},
+    kDescriptionFields<VlanDetails>);
 
-constexpr auto kMemberFields = joined(
-    kEndFields<&VlanMember::end, VlanMember>,
-    std::array{Field<VlanMember>{.key = "card", .value = knownMember<&VlanMember::card>},
-               Field<VlanMember>{.key = "port", .value = knownMember<&VlanMember::port>}});
+constexpr auto kMemberFields =
+    joined(kEndFields<&VlanMember::end, VlanMember>,
+           std::array{Field<VlanMember>{.key = "card", .value = knownMember<&VlanMember::card>},
+                      Field<VlanMember>{.key = "port", .value = knownMember<&VlanMember::port>}});
 
 }  // namespace
 
