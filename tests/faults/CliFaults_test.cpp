@@ -12,7 +12,15 @@ using testing::HasSubstr;
 const std::vector<std::vector<std::string>> kQuestions = {{"nodes"},
                                                           {"node", "access-1"},
                                                           {"interfaces", "access-1"},
+                                                          {"vlans"},
+                                                          {"vlan", "quay"},
+                                                          {"containers"},
+                                                          {"container", "wan-a"},
+                                                          {"hsrp"},
+                                                          {"subnets"},
+                                                          {"subnet", "10.20.8.17"},
                                                           {"neighbors", "access-1"},
+                                                          {"connectivity", "core-1", "core-2"},
                                                           {"path", "access-1", "access-7"}};
 
 /// The sample network in a store of the test's own; on PostgreSQL with a server of its own.
