@@ -84,7 +84,7 @@ TEST_P(CliGraphmlTest, OnlyNamesThatTheFileGivesTellCardAndPort) {
 TEST_P(CliGraphmlTest, FilesOfBothFormatsGoInTogether) {
   const CliResult result = zntopoRun({"import", samplePath(), sample(), "--json"});
   EXPECT_EQ(result.status, 0) << result.err;
-  EXPECT_EQ(result.json()["found"]["nodes"], 32);
+  EXPECT_EQ(result.json()["found"]["nodes"], 33);
 }
 
 TEST_P(CliGraphmlTest, AFileOfTheWrongFormatIsRefusedAndTheStoreIsAsBefore) {

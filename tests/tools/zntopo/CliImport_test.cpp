@@ -165,7 +165,7 @@ TEST_P(CliImportTest, ATerminalShowsABarThatIsWipedAtTheEnd) {
   const std::string graph = samplePath("skerry-ring.graphml");
   const CliResult result = zntopoRunOnTerminal({"import", samplePath(), graph});
   EXPECT_EQ(result.status, 0) << result.err;
-  EXPECT_THAT(result.out, HasSubstr("Found 32 nodes"));
+  EXPECT_THAT(result.out, HasSubstr("Found 33 nodes"));
   EXPECT_THAT(result.err, HasSubstr("\r\033[KReading " + graph + " [" + std::string(30, '#') +
                                     "] 100%\r\033[K"));
   EXPECT_THAT(result.err, testing::ContainsRegex("\r\033\\[KWriting \\[#+[.]+\\] [1-9][0-9]%"));
