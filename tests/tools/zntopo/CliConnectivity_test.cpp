@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "tests/tools/CliSupport.h"
+#include "tests/support/CliSupport.h"
 
 /// @file
 /// The layer-2 links among nodes, held against a statement on the store that is written by hand.

@@ -3,7 +3,7 @@
 #include <map>
 #include <set>
 
-#include "tests/tools/CliSupport.h"
+#include "tests/support/CliSupport.h"
 
 /// @file
 /// What the command says of VLANs, containers, HSRP groups and subnets, held against statements on

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "tests/tools/CliSupport.h"
+#include "tests/support/CliSupport.h"
 
 /// @file
 /// How VLANs, containers, HSRP groups and subnets are named in a call, and what is shown of those
