@@ -128,8 +128,9 @@ class ZNTOPO_EXPORT ZNTopoAPI {
                                       ZNAuditTrail::ObjectType objType, ZNTopoAPIStatus& theStatus);
   /// @}
 
-  /// An object of any kind. Tries nodes, interfaces, HSRP groups, subnets and VLANs in this
-  /// order; null if all fail, with the status of the last attempt.
+  /// An object of any kind but a container. Tries nodes, interfaces, HSRP groups, subnets and VLANs
+  /// in this order; null if all fail, with the status of the last attempt. Where the kind is known,
+  /// its own operation asks the store less.
   ZNRefPtr<ZNEntity> getEntityByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
 
   /// @name Nodes
@@ -215,29 +216,73 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   /// @}
 
   /// @name Subnets
+  /// Rows of nwentity of EntityType 7, each with its user variables, the identifiers of its
+  /// addresses, and its end points: the rows of address whose SubnetObjID it is, with the interface
+  /// and the NodeObjID of that. The cache is looked at and not offered what is read.
   /// @{
+  /// A subnet of any IP level. If its end points could not be read it comes without them, with the
+  /// status of that. Errors: ZN_API_INVALID_ID for a null identifier, and for one that names no
+  /// subnet.
   ZNRefPtr<ZNSubnet> getSubnetByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  /// Subnets by their identifiers, or all of them. Cached ones come first; what is not found is
+  /// just not there.
+  /// @param isQRMID the identifiers are legacy ones (QRMObjID); the store is always read.
+  /// @param getAllSubnets ignores theSubnetIDs; only then ipLevel (any but IPv4 and IPv6 for both)
+  ///        and aRD (below 0 for any) restrict the result.
+  /// Errors: ZN_API_EMPTY_OBJID_LIST for no identifiers.
   OwnedSubnetList getSubnetsByObjIDList(const ObjIDSet& theSubnetIDs, ZNTopoAPIStatus& theStatus,
                                         bool isQRMID, bool getAllSubnets, ZNEntity::IPLevel ipLevel,
                                         int aRD);
+  /// As getSubnetByObjID(), by the legacy identifier.
   ZNRefPtr<ZNSubnet> getSubnetByQRMObjID(const ObjID& theQRMObjID, ZNTopoAPIStatus& theStatus);
   /// @}
 
   /// @name VLANs, containers and HSRP groups
+  /// One by its identifier, some by a list, or all of a kind.
+  ///
+  /// A list is taken from the cache as far as that goes, cached ones first, and the rest is read
+  /// and cached; theNotFoundIDs is then replaced by what was asked for and is not there, objects
+  /// of another kind among it, and left as it is if the cache had all. With getAll... the
+  /// identifiers and theNotFoundIDs are not looked at. All that were read once, and of which none
+  /// has left the cache since, are served from it, whatever aRD says; else those of the route
+  /// distinguisher aRD are read, or of any with one below 0. A request that is limited in this way
+  /// marks the kind as read, too: ask for all first if you need both.
+  ///
+  /// When a part of the objects can't be read they come back without it, with the status of that,
+  /// and are not cached. Errors of the lists: ZN_API_EMPTY_OBJID_LIST for no identifiers.
   /// @{
+  /// The errors are those of the list, and ZN_API_INVALID_ID for an identifier that names no VLAN.
   ZNRefPtr<ZNVlan> getVlanByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  /// Rows of nwentity of EntityType 4, with the interfaces that containment names for them. All
+  /// VLANs are those of IPLevel 4. Loaded all at once a VLAN has its user variables, but
+  /// ZNVlan::getVlanID() is null: read the variable "VlanId".
   OwnedVlanList getVlansByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
                                     ZNTopoAPIStatus& theStatus, bool getAllVlans, int aRD);
+  /// The errors are those of the list, and ZN_API_INVALID_ID for an identifier that names no
+  /// container.
   ZNRefPtr<ZNIfc> getIfcByObjID(const ObjID& theObjID, ZNTopoAPIStatus& theStatus);
+  /// Rows of nwifc, with their members (nwifcctm) and their associations, whichever end of one they
+  /// are (nwifcasc). Each container costs two statements. They have no user variables, and
+  /// ZNIfc::willCleanUpIfEmpty() is false: no column holds it.
   OwnedIfcList getIfcsByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
                                   ZNTopoAPIStatus& theStatus, bool getAll, int aRD);
+  /// The containers of a type (nwifc, column IFCType). Served from the cache if all containers are
+  /// there, whatever aRD says; else read, and not cached.
   OwnedIfcList getIfcsByType(const int& theIfcType, ZNTopoAPIStatus& theStatus, int aRD);
-  /// What containers hold, by node (useNodeAsKey) or by container; of all types with an
-  /// IFCType of 0. No identifiers give an empty map.
+  /// What containers hold (nwifcctm), by node (useNodeAsKey) or by container, read from the store
+  /// whether that is ready or not. Identifiers without members have no entry; no identifiers give
+  /// an empty map, unless getAll asks for the whole table.
+  /// @param IFCType containers of this type alone; of any with 0.
   OwnedIfcInfoMap getIfcInfosByObjIDList(const ObjIDSet& theObjIDs, ZNTopoAPIStatus& theStatus,
                                          bool useNodeAsKey, bool getAll, int IFCType);
+  /// Rows of nwentity of EntityType 11, with their user variables and members (hsrpaddress). All
+  /// groups are those of IPLevel 4.
   OwnedHSRPList getHSRPsByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
                                     ZNTopoAPIStatus& theStatus, bool getAllHSRPs, int aRD);
+  /// The HSRP groups (hsrpaddress, column ObjID) that an address (AddressID) or an interface
+  /// (AddressIfObjID) is a member of, read from the store whether that is ready or not. Groups
+  /// can't be asked for by an interface that they track: with HSRP_TrackInterface the store
+  /// refuses, with ZN_API_SQL_BIND_STATEMENT_ERROR or ZN_API_SQL_EXEC_ERROR.
   OwnedIDList getHSRPObjIDsByIFAddressObjID(const ObjID& theObjID,
                                             GetHSRPObjIDsByIFAddressObjID_ObjType objType,
                                             ZNTopoAPIStatus& theStatus);

@@ -227,12 +227,16 @@ class ZNTopoAPI_Impl : protected TableSet {
   OwnedIfcList getIfcsByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
                                   ZNTopoAPIStatus& theStatus, bool getAll, int aRD);
   OwnedIfcList getIfcsByType(const int& theIfcType, ZNTopoAPIStatus& theStatus, int aRD);
+  /// The columns IFCType, AppsID and isOrdered of a row of nwifc; without a row they stay as they
+  /// are. cleanUpOnEmpty is false: no column holds it.
   ZNTopoAPIStatus getIfcDataByObjID(const ObjID& theIfcID, int& ifcType, int& appsId,
                                     bool& isOrdered, bool& cleanUpOnEmpty);
+  /// Appends the associations (nwifcasc) of a container, whichever end it is.
   ZNTopoAPIStatus getIfcAssocInfosByObjID(const ObjID& theIfcID,
                                           std::list<ZNRefPtr<ZNIfcAssocInfo>>& theList);
   OwnedHSRPList getHSRPsByObjIDList(const ObjIDSet& theObjIDs, ObjIDSet& theNotFoundIDs,
                                     ZNTopoAPIStatus& theStatus, bool getAllHSRPs, int aRD);
+  /// The members (hsrpaddress) of groups, by group, or of all; of those that have some.
   OwnedHSRPInfoMap getHSRPInfosByObjIDList(const std::list<ObjID>& theObjIDList,
                                            ZNTopoAPIStatus& theStatus, bool getAllHSRPs);
   OwnedIDList getHSRPObjIDsByIFAddressObjID(
@@ -350,10 +354,13 @@ class ZNTopoAPI_Impl : protected TableSet {
   /// One statement, whatever it finds. An empty clause finds nothing.
   OwnedEntityVector getEntitiesByWhereClause(std::string& theWhereClause,
                                              ZNTopoAPIStatus& theStatus, bool loadUDV);
+  /// The same of containers, with IP level 4 and no user variables. An empty clause finds all.
   OwnedEntityVector getIfcEntitiesByWhereClause(std::string& theWhereClause,
                                                 ZNTopoAPIStatus& theStatus, bool loadUDVs);
+  /// The end points of one subnet, with the nodes that contain the interfaces.
   std::list<SubnetEndPoint> getSubnetEndPoints(ZNEntity& theEntity, ZNTopoAPIStatus& theStatus);
-  /// By subnet, of those that have some. The two forms ask other tables for the node.
+  /// By subnet, of those that have some, with the nodes that the interfaces name: the two forms
+  /// ask other tables.
   OwnedEndPointMap getSubnetEndPointsByObjIDList(const std::list<ObjID>& theSubnetIDs,
                                                  ZNTopoAPIStatus& theStatus);
 

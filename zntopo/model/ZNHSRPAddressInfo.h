@@ -10,7 +10,7 @@
 namespace zntopo {
 
 /// One member of an HSRP group: an interface address with its state, priority, certainty and the
-/// interfaces that it tracks: a row of nwhsrpaddress. A plain value.
+/// interfaces that it tracks: a row of hsrpaddress. A plain value.
 class ZNTOPO_EXPORT ZNHSRPAddressInfo {
  public:
   enum HSRPState : int {
@@ -26,20 +26,27 @@ class ZNTOPO_EXPORT ZNHSRPAddressInfo {
   };
 
   ZNHSRPAddressInfo() = default;
-  /// Parses the track list: any number of groups "[interface id,priority]".
+  /// Parses the track list: any number of groups "[interface id,priority]". A group whose comma
+  /// stands behind it is left out, and what follows a group that is not closed; nothing is told.
   ZNHSRPAddressInfo(int aHSRPNumber, const ObjID& anIFID, const ObjID& anAddrID, int aHSRPPriority,
                     HSRPState aState, const std::string& aTrackInterfaceOIDList,
                     int aHSRPStateCertainty);
 
+  /// Column AddressID.
   const ObjID& getAddressID() const { return myAddrID; }
+  /// Column AddressIfObjID: a group knows its members by it.
   const ObjID& getIFObjID() const { return myIFID; }
+  /// Column HSRPNumber: the number of the group.
   int getHSRPNumber() const { return myHSRPNumber; }
+  /// Column state.
   HSRPState getHSRPState() const { return myHSRPState; }
   /// "Unknown" for Unavailable and for numbers that are no state.
   std::string getHSRPStateAsString() const;
+  /// Column HSRPPriority: 0 to 64000 where it was set through a group.
   int getHSRPPriority() const { return myPriority; }
-  /// 0 to 100.
+  /// Column HSRPStateCertainty: 0 to 100 where it was set through a group.
   int getHSRPStateCertainty() const { return myHSRPStateCertainty; }
+  /// Column TrackInterfaceList.
   const std::string& getHSRPTrackInterfaceAsString() const { return myTrackIFInfoStr; }
   const std::list<TrackInterfaceInfo>& getTrackInterfaceInfoList() const {
     return myTrackIFInfoList;

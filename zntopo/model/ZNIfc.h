@@ -12,7 +12,8 @@
 namespace zntopo {
 
 /// An interface container: a named set of interfaces across nodes, arranged by node, and its
-/// relations to other containers. The lists have no lock: they are filled before the object is
+/// relations to other containers: a row of nwifc, with those of nwifcctm and nwifcasc. What its
+/// numbers mean is the applications'. The lists have no lock: they are filled before the object is
 /// shared.
 class ZNTOPO_EXPORT ZNIfc : public ZNEntity {
  public:

@@ -32,6 +32,7 @@ class ZNTOPO_EXPORT ZNIfcAssocInfo {
   int getRightIfcType() const { return _znRightIfcType; }
   int getIfcRelationType() const { return _znIfcRelationType; }
   int getAssocState() const { return _znAssocState; }
+  /// Seconds UTC. updateState() leaves it.
   int getAssocStateTime() const { return _znAssocStateTime; }
   const std::string& getAssocDescription() const { return _znAssocDescription; }
   const std::string& getAssocExtraInfo() const { return _znAssocExtraInfo; }

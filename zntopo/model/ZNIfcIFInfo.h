@@ -9,6 +9,9 @@ namespace zntopo {
 
 /// One interface in an interface container, named by identifiers or by names. The meaning of the
 /// types is the applications'. A plain value.
+///
+/// What is read from the store, a row of nwifcctm, is named by identifiers, and has its two types
+/// the other way round: getIfcType() is ContainmentType and getContainmentType() is IFCType.
 class ZNTOPO_EXPORT ZNIfcIFInfo {
  public:
   /// By identifiers; the names stay empty.
@@ -23,6 +26,7 @@ class ZNTOPO_EXPORT ZNIfcIFInfo {
   int getIfcType() const { return _znIfcType; }
   int getContainmentType() const { return _znContainmentType; }
   const ObjID& getInterfaceObjId() const { return _znInterfaceObjId; }
+  /// Column SequenceNumber: the place in an ordered container.
   int getSeqNum() const { return _znSeqNum; }
   const std::string& getIFName() const { return _znIfName; }
   const std::string& getIfcName() const { return _znIfcName; }

@@ -9,7 +9,8 @@
 
 namespace zntopo {
 
-/// A subnet and its end points. The list has no lock: it is filled before the object is shared.
+/// A subnet, a row of nwentity, and its end points. The list has no lock: it is filled before the
+/// object is shared.
 class ZNTOPO_EXPORT ZNSubnet : public ZNEntity {
  public:
   ZNSubnet();

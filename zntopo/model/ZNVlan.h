@@ -8,9 +8,9 @@
 
 namespace zntopo {
 
-/// A VLAN: per-node summaries of which interfaces are its members. Build it after the entity's
-/// user variables are set: its number is the variable "VlanId". The lists have no lock: they are
-/// filled before the object is shared.
+/// A VLAN, a row of nwentity: per-node summaries of which interfaces are its members. Build it
+/// after the entity's user variables are set: its number is the variable "VlanId". The lists have
+/// no lock: they are filled before the object is shared.
 class ZNTOPO_EXPORT ZNVlan : public ZNEntity {
  public:
   ZNVlan();

@@ -15,6 +15,7 @@ class ZNTOPO_EXPORT ZNVlanIFInfo {
       : _IFID(aIFID), _portNum(std::move(aPortNum)), _boardNum(std::move(aBoardNum)) {}
 
   const ObjID& getIFObjID() const { return _IFID; }
+  /// Columns VendorPort and VendorCard of nwinterface.
   const std::string& getPortNumber() const { return _portNum; }
   const std::string& getBoardNumber() const { return _boardNum; }
 
