@@ -298,9 +298,27 @@ TEST_P(GroupTest, ACacheThatKeepsNoneNeverHoldsAll) {
 
 TEST_P(GroupTest, ALoneNullIdentifierEndsWithTheFailedStatementsStatus) {
   for (const Kind& kind : kKinds) {
+    SCOPED_TRACE(kind.name);
+    const StatementSpy spy;
     EXPECT_THAT(some(kind, {ObjID()}), IsEmpty());
-    EXPECT_THAT(status.getStatus(), AnyOf(ZN_API_SQL_BIND_STATEMENT_ERROR, ZN_API_SQL_EXEC_ERROR))
-        << kind.name;
+    EXPECT_THAT(status.getStatus(), AnyOf(ZN_API_SQL_BIND_STATEMENT_ERROR, ZN_API_SQL_EXEC_ERROR));
+    std::string condition = kind.condition;
+    condition.back() = ')';
+    EXPECT_THAT(spy.statements(), ElementsAre(testing::EndsWith(condition)));
+  }
+}
+
+TEST_P(GroupTest, TheWorkingTablesAreReadByTheirOwnNames) {
+  const StatementSpy spy;
+  for (const Kind& kind : kKinds) {
+    kind.ask(working, {{"a"}, false, -1, notFound, status});
+    EXPECT_TRUE(status.isOK()) << kind.name << status.getAuxMsg();
+    EXPECT_THAT(notFound, ElementsAre(ObjID("a")));
+    kind.ask(working, {{}, true, -1, notFound, status});
+    EXPECT_TRUE(status.isOK()) << kind.name << status.getAuxMsg();
+  }
+  for (const std::string& sql : spy.statements()) {
+    EXPECT_NE(sql.find("_update"), std::string::npos) << sql;
   }
 }
 
