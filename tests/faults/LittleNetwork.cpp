@@ -12,11 +12,13 @@ void addVariable(TestStore& store, const std::string& owner) {
                               {"FloatVal", 1.5}});
 }
 
+/// The first one is of IPv6, so that a walk over subnets may begin there.
 void addAlikeNode(TestStore& store, int number, const std::string& name) {
   const std::string address =
       "10.0." + std::to_string(number / 200) + "." + std::to_string(number % 200 + 1);
   store.addNode(uuid(number), name,
                 {{"QRMObjId", std::to_string(number)},
+                 {"IPLevel", number == 1 ? 6 : 4},
                  {"Description", std::string(600, 'd')},
                  {"V4ManagementAddress", address},
                  {"PubV4ManagementAdd", address},

@@ -43,6 +43,12 @@ constexpr NullEnding kEndings[] = {
     {"nwnode", "IPLevel", "getL2PathBetweenNodes", ZN_API_OBJ_NOT_EXIST},
     {"nwnode", "IPLevel", "getL2Path", ZN_API_UNKNOWN_IP},
     {"nwnode", "QRMObjId", "getNodeByQRMObjID", ZN_API_INVALID_ID},
+    {"nwnode", "ObjId", "getConnectivity", ZN_API_INVALID_ID},
+    {"nwnode", "EntityName", "getConnectivity", ZN_API_INVALID_ID},
+    {"nwnode", "IPLevel", "getConnectivity", ZN_API_INVALID_ID},
+    {"nwnode", "ObjId", "getNSubnetConnectivity", ZN_API_INVALID_ID},
+    {"nwnode", "EntityName", "getNSubnetConnectivity", ZN_API_INVALID_ID},
+    {"nwnode", "IPLevel", "getNSubnetConnectivity", ZN_API_INVALID_ID},
 
     {"nwinterface", "ObjId", "getInterfaceByObjID", ZN_API_INVALID_ID},
     {"nwinterface", "ObjId", "getInterfaceByIfName", ZN_API_OBJ_NOT_EXIST},

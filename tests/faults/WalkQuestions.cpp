@@ -1,4 +1,4 @@
-// Neighbours and layer-2 paths.
+// Neighbours, layer-2 paths and subnets within hops.
 
 #include "tests/faults/QuestionRows.h"
 
@@ -11,6 +11,17 @@ const std::vector<Ending> kPathOfAddresses = {{"select TopologyReady", ZN_API_DB
 const std::vector<Ending> kPathOfNodes = {{"a.VendorCard, a.VendorPort", ZN_API_NO_PATH},
                                           {"select a.AddressId", ZN_API_NO_PATH},
                                           {"", ZN_API_OBJ_NOT_EXIST}};
+// Only the start node has to be there: whatever else can't be read shortens the walk.
+const std::vector<Ending> kSubnetWalk = {
+    {"select TopologyReady", ZN_API_DB_NOT_READY}, {"a.VendorCard, a.VendorPort", ZN_API_SUCCESS},
+    {"select a.AddressId", ZN_API_SUCCESS},        {"EntityOID", ZN_API_SUCCESS},
+    {"a.SubnetObjID <> a.ObjID", ZN_API_SUCCESS},  {"", ZN_API_INVALID_ID}};
+
+std::size_t connectionsOf(OpenImpl& impl, Status& status, bool includeHop) {
+  std::set<ObjID> notFound;
+  return impl.getConnectivity({ObjID(kAlpha), ObjID(kBeta)}, notFound, status, includeHop, false)
+      ->size();
+}
 
 }  // namespace
 
@@ -38,6 +49,15 @@ std::vector<Question> walkQuestions() {
              ->size();
        },
        kPathOfNodes},
+      {"getConnectivity",
+       [](OpenImpl& impl, Status& status) { return connectionsOf(impl, status, true); }, kGated},
+      {"getConnectivity, between the nodes",
+       [](OpenImpl& impl, Status& status) { return connectionsOf(impl, status, false); }, kGated},
+      {"getNSubnetConnectivity",
+       [](OpenImpl& impl, Status& status) {
+         return impl.getNSubnetConnectivity(2, ObjID(kAlpha), ZNTopoFilter(), status)->size();
+       },
+       kSubnetWalk},
   };
 }
 
