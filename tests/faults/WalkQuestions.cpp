@@ -32,12 +32,6 @@ std::vector<Question> walkQuestions() {
          return impl.getNodeNeighbors("beta", status, 2, 100000)->size();
        },
        kGated},
-      {"getConnectivity",
-       [](OpenImpl& impl, Status& status) {
-         std::set<ObjID> notFound;
-         return impl.getConnectivity({ObjID(kBeta)}, notFound, status, true, false)->size();
-       },
-       kGated},
       {"getL2Path",
        [](OpenImpl& impl, Status& status) {
          return impl.getL2Path("10.1.1.2", "10.1.3.2", 9, status, ZNAddress::IPv4, true)->size();
