@@ -4,10 +4,8 @@
 #include <stdlib.h>
 #include <unistd.h>
 
-#include <dlfcn.h>
 #include <atomic>
 #include <chrono>
-
 #include <ostream>
 #include <stdexcept>
 
