@@ -11,11 +11,6 @@
 
 #include "zntopo/platform/tvdbil/TvDbil.h"
 
-// psqlODBC 13.02 loses some hundred bytes for each statement that fails.
-extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier)
-  return "leak:psqlodbc\n";
-}
 #ifdef __SANITIZE_ADDRESS__
 // A driver takes the library with it in which unixODBC keeps what it has read of its configuration,
 // and that would count as lost.
