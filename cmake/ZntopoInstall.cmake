@@ -14,6 +14,9 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/zntopo/
   PATTERN "platform" EXCLUDE
   PATTERN "store" EXCLUDE
   PATTERN "connectivity" EXCLUDE
+  PATTERN "TopoFilt*.h" EXCLUDE
+  PATTERN "XMLParseHandler.h" EXCLUDE
+  PATTERN "FilterNamespace.h" EXCLUDE
   PATTERN "TopologyGateway.h" EXCLUDE
   PATTERN "Trace.h" EXCLUDE
   PATTERN "ZNTopoAPI_Impl.h" EXCLUDE

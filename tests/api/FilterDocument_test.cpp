@@ -6,9 +6,9 @@ namespace zntopo::detail {
 namespace {
 
 constexpr const char* kDocumentHead =
-    "<filters xmlns=\"http://www.corvane.com/marlo/NetworkTopology/TopologyFilter\" "
+    "<filters xmlns=\"http://corvane.example/marlo/NetworkTopology/TopologyFilter\" "
     "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
-    "xsi:schemaLocation=\"http://www.corvane.com/marlo/NetworkTopology/TopologyFilter "
+    "xsi:schemaLocation=\"http://corvane.example/marlo/NetworkTopology/TopologyFilter "
     "TopoFilter.xsd\"> <nodeAssertion name=\"op1\"><operator oper=\"NOOP\"><attribute>";
 constexpr const char* kDocumentTail = "</attribute></operator></nodeAssertion></filters>\n";
 

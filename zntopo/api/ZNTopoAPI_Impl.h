@@ -10,6 +10,7 @@
 
 #include "zntopo/api/ZNTopoAPI.h"
 #include "zntopo/cache/ZNTopoCache.h"
+#include "zntopo/filter/TopoFiltHandler.h"
 #include "zntopo/model/TopologyAttributeType.h"
 #include "zntopo/model/UserDefVar.h"
 #include "zntopo/platform/Export.h"
@@ -365,6 +366,8 @@ class ZNTopoAPI_Impl : protected TableSet {
                                                  ZNTopoAPIStatus& theStatus);
 
   TopoDBType dbType_;
+  /// The XML filters of this instance, for one thread at a time.
+  TopoFiltHandler m_FiltHandler;
   /// Working storage of neighbour walking, for one thread at a time.
   std::map<std::string, ZNRefPtr<ZNNode>> myNodeMap;
 

@@ -4,20 +4,21 @@
 #include <cctype>
 
 #include "zntopo/core/ltos.h"
+#include "zntopo/filter/FilterNamespace.h"
 
 namespace zntopo::detail {
 
 namespace {
 
-constexpr const char* kNamespace = "http://www.corvane.com/marlo/NetworkTopology/TopologyFilter";
 constexpr const char* kSchemaInstance = "http://www.w3.org/2001/XMLSchema-instance";
 
 }  // namespace
 
 std::string nodeFilterDocument(const std::string& pattern, int rd) {
   const auto isLetter = [](unsigned char c) { return std::isalpha(c) != 0; };
-  std::string document = std::string("<filters xmlns=\"") + kNamespace + "\" xmlns:xsi=\"" +
-                         kSchemaInstance + "\" xsi:schemaLocation=\"" + kNamespace +
+  std::string document = std::string("<filters xmlns=\"") + kTopologyFilterNamespace +
+                         "\" xmlns:xsi=\"" + kSchemaInstance + "\" xsi:schemaLocation=\"" +
+                         kTopologyFilterNamespace +
                          " TopoFilter.xsd\">"
                          " <nodeAssertion name=\"op1\">"
                          "<operator oper=\"NOOP\">"
