@@ -2,13 +2,11 @@
 
 #include <fcntl.h>
 #include <grp.h>
-#include <netinet/in.h>
 #include <pwd.h>
 #include <signal.h>
 #include <stdlib.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -19,6 +17,8 @@
 #include <stdexcept>
 #include <thread>
 #include <vector>
+
+#include "tests/support/FreePort.h"
 
 namespace zntopo::test {
 namespace {
@@ -75,20 +75,6 @@ void becomeServer(const passwd* user, const char* folder, const char* log, long 
   dup2(open("/dev/null", O_RDONLY), 0);
   dup2(output, 1);
   dup2(output, 2);
-}
-
-/// A port of 127.0.0.1 that nobody listens on.
-int freePort() {
-  const int descriptor = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  auto* const any = reinterpret_cast<sockaddr*>(&address);
-  socklen_t size = sizeof address;
-  const bool isBound = bind(descriptor, any, size) == 0 && getsockname(descriptor, any, &size) == 0;
-  close(descriptor);
-  if (!isBound) throw std::runtime_error("there is no free port");
-  return ntohs(address.sin_port);
 }
 
 }  // namespace
