@@ -76,18 +76,18 @@ class EventModeFixture : public testing::TestWithParam<EventMode> {
 }  // namespace zntopo::test
 
 /// Runs the cases of a suite with each.
-#define ZNTOPO_ON_EVENT_MODES(Suite)                                                     \
-  INSTANTIATE_TEST_SUITE_P(                                                              \
-      Modes, Suite,                                                                      \
+#define ZNTOPO_ON_EVENT_MODES(Suite)                                                       \
+  INSTANTIATE_TEST_SUITE_P(                                                                \
+      Modes, Suite,                                                                        \
       testing::Values(::zntopo::test::EventMode::Loop, ::zntopo::test::EventMode::Broker), \
       ::zntopo::test::EventModeNames())
 
 /// Ends the test here if there can be no broker: skipped, or failed where engines are required.
-#define ZNTOPO_NEED_BROKER()                                                  \
-  do {                                                                        \
-    const std::string zntopoWhy = ::zntopo::test::whyBrokerIsMissing();       \
-    if (!zntopoWhy.empty()) {                                                 \
-      if (::zntopo::test::enginesAreRequired()) GTEST_FAIL() << zntopoWhy;    \
-      GTEST_SKIP() << zntopoWhy;                                              \
-    }                                                                         \
+#define ZNTOPO_NEED_BROKER()                                               \
+  do {                                                                     \
+    const std::string zntopoWhy = ::zntopo::test::whyBrokerIsMissing();    \
+    if (!zntopoWhy.empty()) {                                              \
+      if (::zntopo::test::enginesAreRequired()) GTEST_FAIL() << zntopoWhy; \
+      GTEST_SKIP() << zntopoWhy;                                           \
+    }                                                                      \
   } while (false)

@@ -244,7 +244,7 @@ class ZNTopoAPI_Impl : protected TableSet {
       const ObjID& theObjID, ZNTopoAPI::GetHSRPObjIDsByIFAddressObjID_ObjType objType,
       ZNTopoAPIStatus& theStatus);
 
-  // Attribute filters: ZNTopoAPI_ByFilter.cpp.
+  // Attribute filters.
   OwnedIDList getNodeIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
   OwnedNodeList getNodesByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
   OwnedIDList getSubnetIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
@@ -372,6 +372,10 @@ class ZNTopoAPI_Impl : protected TableSet {
   std::map<std::string, ZNRefPtr<ZNNode>> myNodeMap;
 
  private:
+  /// Has the filters' handler load definitions, and tells the status of a failure.
+  template <typename Load>
+  int loadFilters(ZNTopoAPIStatus& theStatus, const Load& load);
+
   /// What differs between the requests for VLANs, containers and HSRP groups.
   template <typename T>
   struct GroupKind;

@@ -56,6 +56,33 @@ void ZNTopoAPI_Impl::refreshCacheObject(const ObjID& /*theObjID*/, bool /*isAddr
   theStatus = notYet(__func__);
 }
 
+// ---- attribute filters ----
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNodeIDsByFilter(const ZNTopoFilter& /*theFilter*/,
+                                                               ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByFilter(const ZNTopoFilter& /*theFilter*/,
+                                                               ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedNodeList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getSubnetIDsByFilter(const ZNTopoFilter& /*theFilter*/,
+                                                                 ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getEntityIDsByFilter(const ZNTopoFilter& /*theFilter*/,
+                                                                 ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
+ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getAddressIDsByFilter(const ZNTopoFilter& /*theFilter*/,
+                                                                  ZNTopoAPIStatus& theStatus) {
+  return nothingYet<OwnedIDList>(theStatus, __func__);
+}
+
 // ---- updates of the store ----
 
 ZNTopoAPIStatus ZNTopoAPI_Impl::setHSRPAddressInfo(const ZNHSRPAddressInfo& /*anInfo*/) {
@@ -123,27 +150,6 @@ int ZNTopoAPI_Impl::get_String_Int_Map(const std::string& /*theSQL*/,
 }
 
 // ---- XML filters ----
-
-int ZNTopoAPI_Impl::ParseDefaultFile(ZNTopoAPIStatus& theStatus) {
-  theStatus = notYet(__func__);
-  return theStatus.getStatus();
-}
-
-int ZNTopoAPI_Impl::ParseXmlFile(const std::string& /*aFileName*/, ZNTopoAPIStatus& theStatus) {
-  theStatus = notYet(__func__);
-  return theStatus.getStatus();
-}
-
-int ZNTopoAPI_Impl::ParseXmlString(const std::string& /*aXmlString*/, ZNTopoAPIStatus& theStatus) {
-  theStatus = notYet(__func__);
-  return theStatus.getStatus();
-}
-
-std::map<std::string, std::pair<EntityType, std::string>> ZNTopoAPI_Impl::getDefaultFileFilterName(
-    ZNTopoAPIStatus& theStatus) {
-  theStatus = notYet(__func__);
-  return {};
-}
 
 ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNodeIDsByTopoFilter(const std::string& /*aFilter*/,
                                                                    ZNTopoAPIStatus& theStatus) {

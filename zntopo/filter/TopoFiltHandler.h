@@ -15,8 +15,6 @@
 
 namespace zntopo {
 
-class XMLUtil;
-
 /// The filters that an instance of the API knows: loads their definitions and runs them.
 ///
 /// The set only grows: nothing removes a filter, and a later one of the same name replaces an
@@ -84,7 +82,7 @@ class TopoFiltHandler : public TvXplXml::SAX::DefaultHandler_t {
  private:
   struct Input;
 
-  int parse(TvXplMsg::MessageList_t& list, const Input& input);
+  int parse(TvXplMsg::MessageList_t& list, Input&& input);
   int read(TvXplMsg::MessageList_t& list, const std::string& intermediate);
   void cleanup();
 };

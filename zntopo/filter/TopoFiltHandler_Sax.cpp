@@ -9,10 +9,8 @@ namespace zntopo {
 
 namespace {
 
-using TvXplStr::MBS_t;
+using TvXplStr::narrowed;
 using TvXplXml::SAX::Attributes_i;
-
-std::string narrowed(const char16_t* text) { return MBS_t(text).GetArray().GetData(); }
 
 /// The value of an attribute, empty if the element has none.
 std::string valueOf(const Attributes_i& attributes, const char16_t* name) {
@@ -74,9 +72,8 @@ void TopoFiltHandler::EndElement(const char16_t* /*uri*/, const char16_t* /*loca
     TopoFilt& filter = m_FiltMap[m_objName];
     filter.setWhereQueryString(text);
     filter.setFinalWhereClause(text);
-    detail::traceFilter(detail::kTraceStep, [&] {
-      return "Adding FiltMap[" + m_objName + "].Where = '" + text + "'";
-    });
+    detail::traceFilter(detail::kTraceStep,
+                        [&] { return "Adding FiltMap[" + m_objName + "].Where = '" + text + "'"; });
   }
   // The entry that stands for the parse is never popped, so there is always one left. Callers of
   // their own may end an element that never began: then the context stays.

@@ -16,7 +16,13 @@ class XSLTInputSource;
 
 namespace zntopo {
 
+class XMLParseHandler;
 class ZNMutex;
+
+namespace detail {
+struct SchemaLocation;
+class XmlDocument;
+}  // namespace detail
 
 /// The XML services of the filters: starts and stops the XML libraries, knows where the filter
 /// configuration lies, validates documents and applies stylesheets.
@@ -60,7 +66,7 @@ class ZNTOPO_EXPORT XMLUtil {
   static int getRefCount();
 
   /// Applies a stylesheet. A file is named, a text is the document itself.
-  /// @return 0 if the stylesheet was applied. If it gave nothing, result is left alone and error
+  /// @return 0 if the stylesheet was applied. If it gave nothing, result is empty and error
   /// says so.
   int transform(const char* xmlFilename, const char* xsltFilename, std::string& result,
                 std::string& error);
@@ -70,8 +76,9 @@ class ZNTOPO_EXPORT XMLUtil {
                 std::string& error);
   int transform(const char* xmlFilename, const std::string& xslt, std::string& result,
                 std::string& error);
+  /// Takes both sources as they are, untested.
   int transform(xalanc::XSLTInputSource& xmlIn, xalanc::XSLTInputSource& xsltIn,
-                std::string& result, std::string& error);
+                std::string& result, std::string& error) const;
 
   /// True for a document that is valid: its root is of the namespace of the schema, and the schema
   /// is there.
@@ -91,7 +98,22 @@ class ZNTOPO_EXPORT XMLUtil {
   static std::string escape(const char* uri);
 
  private:
+  friend class TopoFiltHandler;
+
+  // A document that was read already.
+  bool validate(detail::XmlDocument& document, const char* schemaLoc, std::string& error,
+                bool validateEmbedded) const;
+  int transform(detail::XmlDocument& document, detail::XmlDocument& stylesheet, std::string& result,
+                std::string& error) const;
+
   static ZNMutex& s_lock();
+  static detail::XmlDocument documentOf(const std::string& text);
+  std::string schemaPath(const std::string& uri) const;
+  template <typename Work>
+  bool validating(std::string& error, const Work& work) const;
+  bool validateOne(detail::XmlDocument& document, const detail::SchemaLocation& location,
+                   XMLParseHandler& handler, std::string& error) const;
+  bool validateFilesOf(const XMLParseHandler& handler, std::string& error) const;
 
   const std::string _kSCHEMA_NAMESPACE;
   const std::string _kXMLCONFIG_URI;

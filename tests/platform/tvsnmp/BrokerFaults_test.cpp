@@ -180,7 +180,8 @@ TEST_F(BrokerFaultsTest, ABrokerThatMayLoseEventsIsRefused) {
 
 TEST_F(BrokerFaultsTest, SettingsThatAreNotUnderstoodAreRefused) {
   EXPECT_FALSE(openSession(kTwo, "broker"));
-  EXPECT_EQ(std::string(TVsnmpErrString(TVsnmpErrno)).rfind("the event broker's name is not", 0), 0U);
+  EXPECT_EQ(std::string(TVsnmpErrString(TVsnmpErrno)).rfind("the event broker's name is not", 0),
+            0U);
   EXPECT_FALSE(openSession(kTwo, "mqtts://broker:notaport"));
   setEnv("TV_EVENT_CA", "/no/such/file");
   EXPECT_FALSE(openSession(kTwo, "mqtts://127.0.0.1"));
@@ -190,7 +191,8 @@ TEST_F(BrokerFaultsTest, SettingsThatAreNotUnderstoodAreRefused) {
   for (const char* const seconds : {"4", "65536", "ten", "10s", "-10"}) {
     setEnv("TV_EVENT_KEEPALIVE", seconds);
     EXPECT_FALSE(openSession(kTwo, "mqtt://127.0.0.1"));
-    EXPECT_STREQ(TVsnmpErrString(TVsnmpErrno), "TV_EVENT_KEEPALIVE is not a number from 5 to 65535");
+    EXPECT_STREQ(TVsnmpErrString(TVsnmpErrno),
+                 "TV_EVENT_KEEPALIVE is not a number from 5 to 65535");
   }
 }
 
@@ -200,9 +202,8 @@ void publish(int port, const std::string& topic, const std::vector<std::string>&
   ASSERT_EQ(mosquitto_connect(stranger, "127.0.0.1", port, 60), MOSQ_ERR_SUCCESS);
   std::size_t acknowledged = 0;
   mosquitto_user_data_set(stranger, &acknowledged);
-  mosquitto_publish_callback_set(stranger, [](mosquitto*, void* count, int) {
-    ++*static_cast<std::size_t*>(count);
-  });
+  mosquitto_publish_callback_set(
+      stranger, [](mosquitto*, void* count, int) { ++*static_cast<std::size_t*>(count); });
   for (const std::string& payload : payloads) {
     ASSERT_EQ(mosquitto_publish(stranger, nullptr, topic.c_str(), static_cast<int>(payload.size()),
                                 payload.data(), 1, false),

@@ -55,7 +55,6 @@ INSTANTIATE_TEST_SUITE_P(Names, MalformedBrokerNameTest,
                                          "mqtt://:pass@broker", "mqtt://a%4@broker",
                                          "mqtt://a%zz@broker", "mqtt://a%00@broker",
                                          "mqtt://broker/path", "mqtt://broker?x=1", "mqtt://a b",
-                                         "mqtt://[::1", "mqtt://[::1]x", "mqtt://[]",
-                                         "mqtt://%"));
+                                         "mqtt://[::1", "mqtt://[::1]x", "mqtt://[]", "mqtt://%"));
 
 }  // namespace

@@ -27,10 +27,10 @@ class SendNamedEventTest : public EventModeFixture {
     if (!pdu) return {described(pdu)};
     std::vector<std::string> all;
     for (auto* next = pdu->variables->next_variable; next != nullptr; next = next->next_variable) {
-      const std::string value =
-          next->type == 2 ? std::to_string(*next->val.integer)
-                          : std::string(reinterpret_cast<const char*>(next->val.string),
-                                        static_cast<std::size_t>(next->val_len));
+      const std::string value = next->type == 2
+                                    ? std::to_string(*next->val.integer)
+                                    : std::string(reinterpret_cast<const char*>(next->val.string),
+                                                  static_cast<std::size_t>(next->val_len));
       all.push_back(std::to_string(next->type) + " " + nameOf(*next) + ": " + value);
     }
     return all;
@@ -69,11 +69,11 @@ TEST_P(SendNamedEventTest, IntegersAndTextsTravelMixed) {
 TEST_P(SendNamedEventTest, MoreArgumentsThanRegistersHoldArrive) {
   const TVsnmpArc* const name = marloDataId;
   const int length = marloAttributesLen;
-  ASSERT_EQ(_qrmVSendNamedEvent(nullptr, session_.get(), nullptr, 60001102, name, length, 2, 1, 1,
-                                name, length, 4, "2", -1, name, length, 2, 3, 1, name, length, 4,
-                                "4", -1, name, length, 2, 5, 1, name, length, 4, "6", -1, name,
-                                length, 2, 7, 1, kEnd),
-            0);
+  ASSERT_EQ(
+      _qrmVSendNamedEvent(nullptr, session_.get(), nullptr, 60001102, name, length, 2, 1, 1, name,
+                          length, 4, "2", -1, name, length, 2, 3, 1, name, length, 4, "4", -1, name,
+                          length, 2, 5, 1, name, length, 4, "6", -1, name, length, 2, 7, 1, kEnd),
+      0);
   EXPECT_EQ(received(), (Lines{"2 data: 1", "4 data: 2", "2 data: 3", "4 data: 4", "2 data: 5",
                                "4 data: 6", "2 data: 7"}));
 }

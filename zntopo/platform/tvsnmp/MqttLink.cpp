@@ -65,18 +65,19 @@ EventError MqttLink::prepare(const BrokerSettings& settings) {
 
 EventError MqttLink::secure(const BrokerSettings& settings) {
   const char* const authorities = orNull(settings.authorities);
-  const int result = mosquitto_tls_set(client_, authorities, authorities ? nullptr : "/etc/ssl/certs",
-                                       orNull(settings.certificate), orNull(settings.key), nullptr);
+  const int result =
+      mosquitto_tls_set(client_, authorities, authorities ? nullptr : "/etc/ssl/certs",
+                        orNull(settings.certificate), orNull(settings.key), nullptr);
   return result == MOSQ_ERR_SUCCESS ? EventError::None : EventError::BadSecurity;
 }
 
 void MqttLink::setCallbacks() {
   mosquitto_connect_callback_set(
       client_, [](mosquitto*, void* link, int answer) { of(link).connected(answer); });
-  mosquitto_subscribe_callback_set(
-      client_, [](mosquitto*, void* link, int, int count, const int* granted) {
-        of(link).subscribed(count, granted);
-      });
+  mosquitto_subscribe_callback_set(client_,
+                                   [](mosquitto*, void* link, int, int count, const int* granted) {
+                                     of(link).subscribed(count, granted);
+                                   });
   mosquitto_publish_v5_callback_set(
       client_, [](mosquitto*, void* link, int, int answer, const mosquitto_property*) {
         of(link).acknowledged(answer);
@@ -98,9 +99,8 @@ void MqttLink::connected(int answer) {
   for (const unsigned event : subscription_.events) topics.push_back(topicOf(event));
   std::vector<char*> pointers;
   for (std::string& topic : topics) pointers.push_back(topic.data());
-  const int result =
-      mosquitto_subscribe_multiple(client_, nullptr, static_cast<int>(pointers.size()),
-                                   pointers.data(), kQos, 0, nullptr);
+  const int result = mosquitto_subscribe_multiple(
+      client_, nullptr, static_cast<int>(pointers.size()), pointers.data(), kQos, 0, nullptr);
   if (result != MOSQ_ERR_SUCCESS) end(EventError::Refused);
 }
 

@@ -138,7 +138,7 @@ int TVsnmpOidCompare(const TVsnmpArc* oid1, int length1, const TVsnmpArc* oid2, 
   const auto end = [](const TVsnmpArc* oid, int length) {
     return oid == nullptr || length < 0 ? oid : oid + length;
   };
-  const auto order = std::lexicographical_compare_three_way(oid1, end(oid1, length1), oid2,
-                                                            end(oid2, length2));
+  const auto order =
+      std::lexicographical_compare_three_way(oid1, end(oid1, length1), oid2, end(oid2, length2));
   return order < 0 ? -1 : order > 0 ? 1 : 0;
 }

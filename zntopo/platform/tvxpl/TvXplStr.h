@@ -45,4 +45,7 @@ class MBS_t {
   TvXplArray::CharArray_t characters_;
 };
 
+/// What MBS_t has, as a text.
+inline std::string narrowed(const char16_t* wide) { return MBS_t(wide).GetArray().GetData(); }
+
 }  // namespace TvXplStr

@@ -1,0 +1,98 @@
+#include "zntopo/filter/detail/LimitedParser.h"
+
+#include <xercesc/framework/MemBufInputSource.hpp>
+#include <xercesc/internal/XMLScanner.hpp>
+#include <xercesc/sax/Locator.hpp>
+#include <xercesc/sax/SAXParseException.hpp>
+
+#include "zntopo/filter/XMLUtil.h"
+#include "zntopo/platform/tvxpl/TvXplStr.h"
+
+namespace zntopo::detail {
+
+namespace xml = xercesc;
+
+namespace {
+
+bool isOfStylesheets(const xml::XMLScanner& scanner, unsigned int uri) {
+  return std::u16string_view(scanner.getURIText(uri)) == u"http://www.w3.org/1999/XSL/Transform";
+}
+
+}  // namespace
+
+LimitedParser::LimitedParser(XMLParseHandler& handler) : handler_(handler) {
+  setDoNamespaces(true);
+  setLoadExternalDTD(false);
+  setDisableDefaultEntityResolution(true);
+  setSecurityManager(&security_);
+  setDocumentHandler(&handler);
+  setErrorHandler(&handler);
+  // Without one the scanner does not tell of document types.
+  setDTDHandler(&handler);
+}
+
+bool LimitedParser::read(const std::string& bytes, const std::string& name) {
+  const xml::MemBufInputSource source(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(),
+                                      TvXplStr::widen(name).c_str());
+  errorTextSize_ = 0;
+  errors_ = 0;
+  depth_ = 0;
+  rootNamespace_.clear();
+  isStylesheet_ = false;
+  try {
+    parse(source);
+  } catch (const Stopped&) {
+    return false;
+  }
+  return getErrorCount() == 0;
+}
+
+void LimitedParser::doctypeDecl(const xml::DTDElementDecl&, const XMLCh*, const XMLCh*, bool,
+                                bool) {
+  stop("A document type declaration is refused: remove \"<!DOCTYPE\".");
+}
+
+void LimitedParser::startElement(const xml::XMLElementDecl& element, unsigned int uri,
+                                 const XMLCh* prefix,
+                                 const xml::RefVectorOf<xml::XMLAttr>& attributes, XMLSize_t count,
+                                 bool isEmpty, bool isRoot) {
+  if (isRoot) {
+    rootNamespace_ = getScanner().getURIText(uri);
+    isStylesheet_ = isOfStylesheets(getScanner(), uri);
+    for (XMLSize_t i = 0; i < count && !isStylesheet_; ++i) {
+      isStylesheet_ = isOfStylesheets(getScanner(), attributes.elementAt(i)->getURIId());
+    }
+  }
+  if (++depth_ > XMLUtil::kDeepest) {
+    stop("Elements are nested deeper than " + std::to_string(XMLUtil::kDeepest) + " levels.");
+  }
+  SAXParser::startElement(element, uri, prefix, attributes, count, isEmpty, isRoot);
+  // The scanner does not tell of the end of an empty element.
+  if (isEmpty) --depth_;
+}
+
+void LimitedParser::endElement(const xml::XMLElementDecl& element, unsigned int uri, bool isRoot,
+                               const XMLCh* prefix) {
+  --depth_;
+  SAXParser::endElement(element, uri, isRoot, prefix);
+}
+
+void LimitedParser::error(unsigned int code, const XMLCh* domain,
+                          xml::XMLErrorReporter::ErrTypes type, const XMLCh* text,
+                          const XMLCh* systemId, const XMLCh* publicId, XMLFileLoc line,
+                          XMLFileLoc column) {
+  SAXParser::error(code, domain, type, text, systemId, publicId, line, column);
+  errorTextSize_ += std::u16string_view(text).size();
+  if (++errors_ >= kMostErrors || errorTextSize_ > kLargestErrorText) {
+    stop("There are too many errors: what follows is not told.");
+  }
+}
+
+void LimitedParser::stop(const std::string& why) {
+  const xml::Locator* const place = getScanner().getLocator();
+  const std::u16string text = TvXplStr::widen(why);
+  handler_.fatalError(xml::SAXParseException(text.c_str(), *place));
+  throw Stopped();
+}
+
+}  // namespace zntopo::detail

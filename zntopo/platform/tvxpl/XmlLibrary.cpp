@@ -1,0 +1,57 @@
+#include "zntopo/platform/tvxpl/XmlLibrary.h"
+
+#include <mutex>
+#include <stdexcept>
+#include <string>
+#include <xercesc/util/PanicHandler.hpp>
+#include <xercesc/util/PlatformUtils.hpp>
+#include <xercesc/util/XMLException.hpp>
+#include <xercesc/util/XMLUni.hpp>
+
+#include "zntopo/platform/tvxpl/TvXplMsg.h"
+
+namespace TvXplXml {
+
+namespace {
+
+namespace xml = xercesc;
+
+class ThrowingPanicHandler : public xml::PanicHandler {
+ public:
+  void panic(const PanicReasons reason) override {
+    throw std::runtime_error(getPanicReasonString(reason));
+  }
+};
+
+[[noreturn]] void fail(const std::string& why) {
+  TvXplMsg::MessageList_t messages;
+  messages.Add(TvXplMsg::CreateError_t("The XML library can't be started: " + why));
+  throw TvXplMsg::Exception_t(messages);
+}
+
+// Never destroyed: the last user may go while the process ends.
+std::mutex& libraryMutex() {
+  static auto* const mutex = new std::mutex;
+  return *mutex;
+}
+
+}  // namespace
+
+void startXmlLibrary() {
+  static auto* const panicHandler = new ThrowingPanicHandler;
+  const std::lock_guard lock(libraryMutex());
+  try {
+    xml::XMLPlatformUtils::Initialize(xml::XMLUni::fgXercescDefaultLocale, nullptr, panicHandler);
+  } catch (const xml::XMLException&) {
+    fail("its initialisation failed");
+  } catch (const std::exception& error) {
+    fail(error.what());
+  }
+}
+
+void stopXmlLibrary() {
+  const std::lock_guard lock(libraryMutex());
+  xml::XMLPlatformUtils::Terminate();
+}
+
+}  // namespace TvXplXml

@@ -1,0 +1,27 @@
+#pragma once
+
+/// @file
+/// The life of the XML library Xerces-C in this process.
+
+namespace TvXplXml {
+
+/// Starts the library, or adds a user to those that it has; each successful start is followed by
+/// one stopXmlLibrary(). May be called by several threads at once, as the library's own calls may
+/// not. Throws TvXplMsg::Exception_t if the library can't be started.
+///
+/// The library's way to end the process when it can't work, with a text on standard error, is
+/// replaced by an exception.
+void startXmlLibrary();
+/// Takes a user away; after the last one the library is stopped.
+void stopXmlLibrary();
+
+/// A user of the library.
+class XmlLibraryUse {
+ public:
+  XmlLibraryUse() { startXmlLibrary(); }
+  ~XmlLibraryUse() { stopXmlLibrary(); }
+  XmlLibraryUse(const XmlLibraryUse&) = delete;
+  XmlLibraryUse& operator=(const XmlLibraryUse&) = delete;
+};
+
+}  // namespace TvXplXml
