@@ -17,7 +17,6 @@ class NotYetTest : public testing::Test {
   ZNTopoAPI api;
   ZNTopoAPI_Impl impl;
   ZNTopoAPIStatus status{ZN_API_NO_PATH, "of before\n"};
-  const ZNTopoFilter filter;
 };
 
 TEST_F(NotYetTest, QueriesAnswerWithEmptyContainersThatExist) {
@@ -29,11 +28,6 @@ TEST_F(NotYetTest, QueriesAnswerWithEmptyContainersThatExist) {
     EXPECT_TRUE(result->empty()) << #operation;      \
     expectNotYet(status, #operation);                \
   } while (false)
-  ZNTOPO_EXPECT_EMPTY(getNodeIDsByFilter, filter, status);
-  ZNTOPO_EXPECT_EMPTY(getNodesByFilter, filter, status);
-  ZNTOPO_EXPECT_EMPTY(getSubnetIDsByFilter, filter, status);
-  ZNTOPO_EXPECT_EMPTY(getAddressIDsByFilter, filter, status);
-  ZNTOPO_EXPECT_EMPTY(getEntityIDsByFilter, filter, status);
   ZNTOPO_EXPECT_EMPTY(getAuditTrail, 0, 0, ZNAuditAction::TypeDontCare,
                       ZNAuditTrail::ObjectTypeDontCare, status);
   ZNTOPO_EXPECT_EMPTY(getNodeIDsByTopoFilter, "f", status);
@@ -84,25 +78,6 @@ TEST_F(NotYetTest, NotificationsAreRefusedToObjects) {
     EXPECT_EQ(answer.getStatus(), ZN_API_NOT_SUPPORTED_OPERATION);
     EXPECT_EQ(answer.getAuxMsg(), "Notifications are not supported yet\n");
   }
-}
-
-TEST_F(NotYetTest, APageMakesNoDifferenceAndIsNotTouched) {
-  BatchInfo batch(10);
-  ZNTopoAPIStatus with;
-  ZNTopoAPIStatus without;
-  const auto paged = api.getNodeIDsByFilter(filter, with, &batch);
-  const auto whole = api.getNodeIDsByFilter(filter, without);
-  EXPECT_EQ(*paged, *whole);
-  EXPECT_EQ(with.getStatus(), without.getStatus());
-  EXPECT_EQ(with.getAuxMsg(), without.getAuxMsg());
-  EXPECT_FALSE(batch.hasNext());
-  EXPECT_EQ(batch.getResultSetID(), 0);
-}
-
-TEST_F(NotYetTest, ThereIsNeverANextPageOfAddresses) {
-  EXPECT_FALSE(impl.getAddressIDsByFilterNext(status));
-  EXPECT_EQ(status.getStatus(), ZN_API_NO_PATH);
-  EXPECT_EQ(status.getAuxMsg(), "of before\n");
 }
 
 TEST_F(NotYetTest, ReleaseEndsNothingAndTheCacheLivesOn) {

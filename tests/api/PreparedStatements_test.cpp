@@ -5,6 +5,7 @@
 
 #include "tests/support/ApiFixture.h"
 #include "tests/support/Statements.h"
+#include "zntopo/api/detail/AttributeFilterSql.h"
 #include "zntopo/api/detail/GroupSql.h"
 #include "zntopo/api/detail/InterfaceSql.h"
 
@@ -26,6 +27,20 @@ TEST_P(PreparedStatementsTest, EachIsAcceptedOnBothTableSets) {
 
 TEST_P(PreparedStatementsTest, GroupsCantBeAskedForByWhatTheyTrack) {
   EXPECT_FALSE(store_->accepts(hsrpsByNothingSql(TableSet())));
+}
+
+TEST_P(PreparedStatementsTest, AttributeFiltersThatEndInAFailedStatementAreRefused) {
+  EXPECT_FALSE(store_->accepts(entitiesByFilterSql(TableSet(), {})));
+  ZNTopoFilter level;
+  level.setIPLevel(ZNEntity::IPv4);
+  EXPECT_TRUE(store_->accepts(entitiesByFilterSql(TableSet(), level)));
+  EXPECT_FALSE(store_->accepts(entitiesByFilterSql(TableSet(WorkingDB), level)));
+  ZNTopoFilter capable;
+  capable.setOrCapabilityNames({ZNCapability("isCDP")});
+  EXPECT_TRUE(store_->accepts(nodesByFilterSql(TableSet(), capable)));
+  capable.setAddressType(ZNAddress::IPv4);
+  capable.setAddressStr("10.0.0.1");
+  EXPECT_FALSE(store_->accepts(nodesByFilterSql(TableSet(), capable)));
 }
 
 TEST_P(PreparedStatementsTest, AnEmptyListIsTakenOrRefusedAsTheEngineHasIt) {

@@ -50,6 +50,10 @@ constexpr NullEnding kEndings[] = {
     {"nwnode", "EntityName", "getNSubnetConnectivity", ZN_API_INVALID_ID},
     {"nwnode", "IPLevel", "getNSubnetConnectivity", ZN_API_INVALID_ID},
 
+    // No identifier, no kind that filters ask for.
+    {"nwnode", "ObjId", "getNodesByFilter", ZN_API_EMPTY_OBJID_LIST},
+    {"nwnode", "EntityType", "getNodesByFilter", ZN_API_EMPTY_OBJID_LIST},
+
     {"nwinterface", "ObjId", "getInterfaceByObjID", ZN_API_INVALID_ID},
     {"nwinterface", "ObjId", "getInterfaceByIfName", ZN_API_OBJ_NOT_EXIST},
     {"nwinterface", "ObjId", "getInterfaceByIPV4", ZN_API_INVALID_ID},

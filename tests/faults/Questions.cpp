@@ -16,8 +16,9 @@ ZNTopoStatus Question::endingOf(const std::string& statement, ZNTopoStatus own) 
 const std::vector<Question>& questions() {
   static const auto* const all = [] {
     auto* const result = new std::vector<Question>;
-    for (const auto& part : {nodeQuestions(), loaderQuestions(), interfaceQuestions(),
-                             addressQuestions(), groupQuestions(), walkQuestions()}) {
+    for (const auto& part :
+         {nodeQuestions(), loaderQuestions(), interfaceQuestions(), addressQuestions(),
+          groupQuestions(), walkQuestions(), filterQuestions()}) {
       result->insert(result->end(), part.begin(), part.end());
     }
     return result;

@@ -43,8 +43,9 @@ void PrintTo(const Cost& cost, std::ostream* stream) {
 
 std::vector<Operation> allOperations() {
   std::vector<Operation> all;
-  for (const auto family : {nodeOperations(), interfaceOperations(), addressOperations(),
-                            groupOperations(), objectOperations(), connectivityOperations()}) {
+  for (const auto family :
+       {nodeOperations(), interfaceOperations(), addressOperations(), groupOperations(),
+        filterOperations(), objectOperations(), connectivityOperations()}) {
     all.insert(all.end(), family.begin(), family.end());
   }
   return all;

@@ -86,6 +86,7 @@ std::span<const Operation> nodeOperations();
 std::span<const Operation> interfaceOperations();
 std::span<const Operation> addressOperations();
 std::span<const Operation> groupOperations();
+std::span<const Operation> filterOperations();
 std::span<const Operation> objectOperations();
 std::span<const Operation> connectivityOperations();
 std::vector<Operation> allOperations();

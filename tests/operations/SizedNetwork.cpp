@@ -88,8 +88,19 @@ class NetworkWriter {
                                {"SequenceNumber", 1}});
   }
 
-  void addGroups(int number) {
+  /// With an address of its own, which nobody but filters asks for.
+  void addSubnet(int number) {
     store_.addEntity(subnetID(number), "subnet", 7);
+    store_.insert("address", {{"AddressId", uuid(9800 + number, 'f')},
+                              {"AddressType", 2},
+                              {"ObjId", subnetID(number)},
+                              {"isSubnet", 1},
+                              {"SubnetObjId", subnetID(number)},
+                              {"V6ScopeType", 3}});
+  }
+
+  void addGroups(int number) {
+    addSubnet(number);
     store_.addEntity(vlanID(number), "vlan", 4);
     store_.addEntity(hsrpID(number), "group", 11);
     store_.insert("hsrpaddress", {{"ObjID", hsrpID(number)},

@@ -6,6 +6,7 @@
 
 #include "zntopo/api/detail/AddressSql.h"
 #include "zntopo/api/detail/AttachmentSql.h"
+#include "zntopo/api/detail/AttributeFilterSql.h"
 #include "zntopo/api/detail/EntitySql.h"
 #include "zntopo/api/detail/GroupSql.h"
 #include "zntopo/api/detail/InterfaceSql.h"
@@ -135,12 +136,54 @@ Texts groupStatements(const TableSet& tables) {
   return all;
 }
 
+/// A filter with all fields that statements know, but for an address.
+ZNTopoFilter filterOfAll() {
+  ZNTopoFilter filter;
+  filter.setIPLevel(ZNEntity::IPv4);
+  filter.MarkFieldToBeFiltered(ZNTopoFilter::F_L2DomainId);
+  filter.setRegexEntityName("net%");
+  filter.setOrCapabilityNames({ZNCapability("isCDP"), ZNCapability("isSTP")});
+  filter.setV6ScopeType(InetAddressIPv6::Global);
+  filter.setEntityType(E_Vlan);
+  filter.setPrefixAddressStr("2001:db8::");
+  filter.setPrefixLength(32);
+  return filter;
+}
+
+Texts attributeFilterStatements(const TableSet& tables) {
+  const ZNTopoFilter all = filterOfAll();
+  ZNTopoFilter named;
+  named.setRegexEntityName("net%");
+  Texts texts = {
+      nodesByFilterSql(tables, {}),     nodesByFilterSql(tables, all),
+      subnetsByFilterSql(tables, {}),   subnetsByFilterSql(tables, all),
+      addressesByFilterSql(tables, {}),
+  };
+  for (const auto type : {ZNAddress::IPv4, ZNAddress::IPv6}) {
+    ZNTopoFilter addressed = filterOfAll();
+    addressed.setAddressType(type);
+    addressed.setAddressStr("10.%");
+    texts.push_back(addressesByFilterSql(tables, addressed));
+  }
+  ZNTopoFilter owners;
+  owners.setAddressType(ZNAddress::IPv4);
+  owners.setAddressStr("10.0.0.1");
+  texts.push_back(nodesByFilterSql(tables, owners));
+  // The columns carry the name of the active table alone.
+  if (tables.nwentityTbl_ == TableSet().nwentityTbl_) {
+    texts.push_back(entitiesByFilterSql(tables, all));
+    texts.push_back(entitiesByFilterSql(tables, named));
+  }
+  return texts;
+}
+
 }  // namespace
 
 std::vector<std::string> everyStatement(const TableSet& tables) {
   Texts all;
-  for (const auto family : {stateStatements, nodeStatements, attachmentStatements,
-                            interfaceStatements, addressStatements, groupStatements}) {
+  for (const auto family :
+       {stateStatements, nodeStatements, attachmentStatements, interfaceStatements,
+        addressStatements, groupStatements, attributeFilterStatements}) {
     const Texts texts = family(tables);
     all.insert(all.end(), texts.begin(), texts.end());
   }

@@ -289,16 +289,38 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   /// @}
 
   /// @name Attribute filters
+  /// Identifiers of what has all attributes of a filter; each operation reads the fields that its
+  /// comment names and no other. Texts are patterns of the store's "like", with "%" and "_" of the
+  /// caller's own, and go into the statement as they stand: escape quotes in them. A statement that
+  /// the store does not take ends in ZN_API_SQL_BIND_STATEMENT_ERROR or ZN_API_SQL_EXEC_ERROR.
   /// Paging is not carried out: the batch is not looked at.
   /// @{
+  /// Nodes, by IP level, by name or description (the name, if it is not empty), and by the
+  /// capabilities (columns of nwnode) of which they have at least one.
+  ///
+  /// With the address type ZNAddress::IPv4 and an address that is not empty: the owners of the
+  /// interfaces with this address (address.V4Address), whatever else is set, one for each
+  /// interface. Capabilities beside an address end in a failed statement. Errors:
+  /// ZN_API_DB_NOT_READY.
   OwnedIDList getNodeIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
                                  BatchInfo* theBatch = nullptr);
+  /// The first node of getNodeIDsByFilter() and no more, in a list.
+  /// Errors: those of getNodesByObjIDList(); ZN_API_EMPTY_OBJID_LIST stands for no node and for
+  /// every failure of the filter's statement.
   OwnedNodeList getNodesByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
                                  BatchInfo* theBatch = nullptr);
+  /// Subnets that have an address of their own (address.ObjId), by IP level, by name or
+  /// description, and by the scope of that address. Does not ask for readiness.
   OwnedIDList getSubnetIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
                                    BatchInfo* theBatch = nullptr);
+  /// Addresses other than those of subnets, by scope, type, IP level, text (address.V4Address or
+  /// V6Address, as the type says) and prefix: a prefix address and a length are compared with the
+  /// bits of IPv6 addresses (address.V6AddressBS).
+  /// Errors: ZN_API_DB_NOT_READY.
   OwnedIDList getAddressIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
                                     BatchInfo* theBatch = nullptr);
+  /// Entities (nwentity), by IP level, kind and name. A filter without any of these ends in a
+  /// failed statement. Does not ask for readiness.
   OwnedIDList getEntityIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus,
                                    BatchInfo* theBatch = nullptr);
   /// @}

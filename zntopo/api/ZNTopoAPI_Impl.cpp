@@ -80,11 +80,6 @@ void ZNTopoAPI_Impl::clearCache() { cache()->clear(true); }
 
 long ZNTopoAPI_Impl::getCacheTimeStamp() const { return cache()->getTimeStamp(); }
 
-ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getAddressIDsByFilterNext(
-    ZNTopoAPIStatus& /*theStatus*/) {
-  return nullptr;
-}
-
 bool ZNTopoAPI_Impl::validate(ZNTopoAPIStatus& theStatus) {
   if (dbType_ == WorkingDB) return true;
   switch (cache()->validate(theStatus)) {

@@ -244,7 +244,7 @@ class ZNTopoAPI_Impl : protected TableSet {
       const ObjID& theObjID, ZNTopoAPI::GetHSRPObjIDsByIFAddressObjID_ObjType objType,
       ZNTopoAPIStatus& theStatus);
 
-  // Attribute filters.
+  // Attribute filters: ZNTopoAPI_ByFilter.cpp.
   OwnedIDList getNodeIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
   OwnedNodeList getNodesByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);
   OwnedIDList getSubnetIDsByFilter(const ZNTopoFilter& theFilter, ZNTopoAPIStatus& theStatus);

@@ -56,33 +56,6 @@ void ZNTopoAPI_Impl::refreshCacheObject(const ObjID& /*theObjID*/, bool /*isAddr
   theStatus = notYet(__func__);
 }
 
-// ---- attribute filters ----
-
-ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNodeIDsByFilter(const ZNTopoFilter& /*theFilter*/,
-                                                               ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedIDList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByFilter(const ZNTopoFilter& /*theFilter*/,
-                                                               ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedNodeList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getSubnetIDsByFilter(const ZNTopoFilter& /*theFilter*/,
-                                                                 ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedIDList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getEntityIDsByFilter(const ZNTopoFilter& /*theFilter*/,
-                                                                 ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedIDList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getAddressIDsByFilter(const ZNTopoFilter& /*theFilter*/,
-                                                                  ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedIDList>(theStatus, __func__);
-}
-
 // ---- updates of the store ----
 
 ZNTopoAPIStatus ZNTopoAPI_Impl::setHSRPAddressInfo(const ZNHSRPAddressInfo& /*anInfo*/) {

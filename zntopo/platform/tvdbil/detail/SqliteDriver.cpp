@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "zntopo/platform/tvdbil/detail/ErrorCodes.h"
+#include "zntopo/platform/tvdbil/detail/SqliteFunctions.h"
 #include "zntopo/platform/tvdbil/detail/Statement.h"
 #include "zntopo/platform/tvdbil/detail/StoreFile.h"
 
@@ -67,6 +68,7 @@ Database openFile(MessageList_t& messages, const std::string& path) {
 }
 
 DbilReturnCode configure(MessageList_t& messages, sqlite3* database) {
+  addSqliteFunctions(database);
   sqlite3_extended_result_codes(database, 1);
   sqlite3_busy_timeout(database, kBusyTimeoutMs);
   sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
