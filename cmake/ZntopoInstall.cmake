@@ -18,6 +18,7 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/zntopo/
   PATTERN "XMLParseHandler.h" EXCLUDE
   PATTERN "FilterNamespace.h" EXCLUDE
   PATTERN "TopologyGateway.h" EXCLUDE
+  PATTERN "CacheOwner.h" EXCLUDE
   PATTERN "Trace.h" EXCLUDE
   PATTERN "ZNTopoAPI_Impl.h" EXCLUDE
   PATTERN "ZNTopoAPIImplFactory.h" EXCLUDE)

@@ -1,0 +1,77 @@
+#include <pthread.h>
+#include <sys/mman.h>
+
+#include <algorithm>
+
+#include "tests/notify/NotifySupport.h"
+#include "tests/support/CapturedLog.h"
+#include "zntopo/notify/detail/EventChannel.h"
+#include "zntopo/notify/detail/Receiver.h"
+
+namespace zntopo::test {
+namespace {
+
+constexpr unsigned char kPaint = 0xA5;
+
+/// Runs a body on a thread with a painted stack, and gives how much of it was used, in bytes.
+std::size_t stackUsed(std::size_t size, const std::function<void()>& body) {
+  void* const stack = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  auto* const bytes = static_cast<unsigned char*>(stack);
+  std::fill_n(bytes, size, kPaint);
+  pthread_attr_t attributes;
+  pthread_attr_init(&attributes);
+  pthread_attr_setstack(&attributes, stack, size);
+  pthread_t thread{};
+  const auto run = [](void* function) -> void* {
+    (*static_cast<const std::function<void()>*>(function))();
+    return nullptr;
+  };
+  EXPECT_EQ(pthread_create(&thread, &attributes, run, const_cast<std::function<void()>*>(&body)), 0);
+  EXPECT_EQ(pthread_join(thread, nullptr), 0);
+  pthread_attr_destroy(&attributes);
+  const auto* const deepest = std::find_if(bytes, bytes + size, [](unsigned char b) { return b != kPaint; });
+  const auto used = static_cast<std::size_t>(bytes + size - deepest);
+  munmap(stack, size);
+  return used;
+}
+
+TEST(ReceivingStackTest, TheDeepestPathLeavesHalfOfTheStack) {
+  inFreshProcess([] {
+    unsetenv("TV_EVENT_BROKER");
+    const Scratch scratch;
+    setEnv("TV_TRACE", scratch.path("trace"));
+    // Every line is logged, and a file is full after a few of them.
+    const CapturedLog log(MC_VERBOSE);
+    MCLog::setLimits(3, 1);
+    FakeCacheOwner::instance().onCall([] { MCLog::log(MC_VERBOSE, "%s\n", "an update"); });
+    TopologyNotificationClient client;
+    TopologySession session(nullptr, "test", nullptr, nullptr,
+                            ".1.3.6.1.4.1.47231.2.17.1.0.60001101,60001102,60001103,60001104");
+    const OpenSession sender = openSession("");
+    std::vector<tvsnmp::EventVariable> variables;
+    for (int i = 0; i < 12; ++i) {
+      variables.push_back({{1, 3}, tvsnmp::kTextType, 0, std::string(4000, 'x')});
+    }
+    const std::size_t used = stackUsed(detail::Receiver::kStackSize, [&] {
+      detail::Receiver receiver(
+          std::shared_ptr<detail::EventChannel>(&detail::channelOf(session), [](auto*) {}));
+      for (unsigned event = 60001101; event <= 60001104; ++event) {
+        EXPECT_EQ(tvsnmp::sendEvent(sender.get(), {event, variables}), EventError::None);
+      }
+      EXPECT_EQ(sendNumber(sender, 60001104, 0), EventError::None);
+      std::thread closing([&session, &client] {
+        for (int i = 0; i < 5; ++i) client.getNextNotification();
+        session.closeSession();
+      });
+      receiver.run();
+      closing.join();
+    });
+    RecordProperty("bytes", static_cast<int>(used));
+    std::printf("stack used by receiving: %zu bytes\n", used);
+    EXPECT_LT(used, detail::Receiver::kStackSize / 2);
+    EXPECT_GT(used, 1000U);
+  });
+}
+
+}  // namespace
+}  // namespace zntopo::test

@@ -1,0 +1,9 @@
+#include "zntopo/notify/SessionManagementNotification.h"
+
+namespace zntopo {
+
+ZNTopoAPIStatus SessionManagementNotification::createAndSendNotification() {
+  return ZNTopoAPIStatus();
+}
+
+}  // namespace zntopo
