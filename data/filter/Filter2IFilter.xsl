@@ -392,7 +392,17 @@
     <xsl:param name="column"/>
     <xsl:param name="text"/>
     <xsl:param name="isPattern" select="true()"/>
+    <xsl:variable name="stars" select="substring('*', 1, $isPattern)"/>
+    <xsl:if test="$isPattern and string-length($text) &gt; 10000">
+      <xsl:call-template name="refuse">
+        <xsl:with-param name="why" select="'a text is longer than 10000 characters.'"/>
+      </xsl:call-template>
+    </xsl:if>
     <xsl:choose>
+      <!-- No column holds as much: nothing is equal. -->
+      <xsl:when test="string-length(translate($text, $stars, '')) &gt; 2000">
+        <xsl:value-of select="concat($column, ' &lt;&gt; ', $column)"/>
+      </xsl:when>
       <xsl:when test="$isPattern and (contains($text, '*') or contains($text, '?'))">
         <xsl:value-of select="concat($column, ' like ')"/>
         <xsl:call-template name="like-literal">
@@ -1144,36 +1154,41 @@
        like as a column of another table: such a text is concatenated of literals without them. -->
   <xsl:template name="literal">
     <xsl:param name="text"/>
-    <xsl:variable name="quoted">
-      <xsl:call-template name="replace">
-        <xsl:with-param name="text" select="$text"/>
-        <xsl:with-param name="what" select="&quot;'&quot;"/>
-        <xsl:with-param name="by" select="&quot;''&quot;"/>
-      </xsl:call-template>
-    </xsl:variable>
-    <xsl:variable name="isSpecial">
-      <xsl:call-template name="is-special">
-        <xsl:with-param name="text" select="$text"/>
-      </xsl:call-template>
-    </xsl:variable>
     <xsl:choose>
-      <xsl:when test="$isSpecial = ''">
-        <xsl:value-of select="concat(&quot;'&quot;, $quoted, &quot;'&quot;)"/>
+      <xsl:when test="contains($text, '#') or contains($text, ' IF.') or
+          contains($text, ' NODE.') or contains($text, ' ADDR.')">
+        <xsl:variable name="pieces">
+          <xsl:call-template name="pieces">
+            <xsl:with-param name="text" select="$text"/>
+          </xsl:call-template>
+        </xsl:variable>
+        <xsl:value-of select="concat('( ', $pieces, ' )')"/>
       </xsl:when>
       <xsl:otherwise>
-        <xsl:text>( </xsl:text>
-        <xsl:call-template name="pieces">
+        <xsl:call-template name="plain-literal">
           <xsl:with-param name="text" select="$text"/>
         </xsl:call-template>
-        <xsl:text> )</xsl:text>
       </xsl:otherwise>
     </xsl:choose>
   </xsl:template>
 
-  <xsl:template name="is-special">
+  <xsl:template name="plain-literal">
     <xsl:param name="text"/>
-    <xsl:if test="contains($text, '#') or contains($text, ' IF.') or contains($text, ' NODE.') or
-        contains($text, ' ADDR.')">x</xsl:if>
+    <xsl:choose>
+      <xsl:when test="contains($text, &quot;'&quot;)">
+        <xsl:variable name="doubled">
+          <xsl:call-template name="replace">
+            <xsl:with-param name="text" select="$text"/>
+            <xsl:with-param name="what" select="&quot;'&quot;"/>
+            <xsl:with-param name="by" select="&quot;''&quot;"/>
+          </xsl:call-template>
+        </xsl:variable>
+        <xsl:value-of select="concat(&quot;'&quot;, $doubled, &quot;'&quot;)"/>
+      </xsl:when>
+      <xsl:otherwise>
+        <xsl:value-of select="concat(&quot;'&quot;, $text, &quot;'&quot;)"/>
+      </xsl:otherwise>
+    </xsl:choose>
   </xsl:template>
 
   <!-- A concatenation. Long texts are cut before a character of ASCII near "at", never within one
@@ -1181,14 +1196,11 @@
   <xsl:template name="pieces">
     <xsl:param name="text"/>
     <xsl:param name="at" select="ceiling(string-length($text) div 2)"/>
-    <xsl:variable name="isSpecial">
-      <xsl:call-template name="is-special">
-        <xsl:with-param name="text" select="$text"/>
-      </xsl:call-template>
-    </xsl:variable>
+    <xsl:variable name="isSpecial" select="contains($text, '#') or contains($text, ' IF.') or
+        contains($text, ' NODE.') or contains($text, ' ADDR.')"/>
     <xsl:choose>
-      <xsl:when test="$isSpecial = ''">
-        <xsl:call-template name="literal">
+      <xsl:when test="not($isSpecial)">
+        <xsl:call-template name="plain-literal">
           <xsl:with-param name="text" select="$text"/>
         </xsl:call-template>
       </xsl:when>
@@ -1202,15 +1214,17 @@
         <xsl:variable name="cut" select="$at + string-length(substring-before($marked, 'x'))"/>
         <xsl:choose>
           <xsl:when test="contains($marked, 'x') and $cut &gt; 1">
-            <xsl:text>( </xsl:text>
-            <xsl:call-template name="pieces">
-              <xsl:with-param name="text" select="substring($text, 1, $cut - 1)"/>
-            </xsl:call-template>
-            <xsl:text> ) || ( </xsl:text>
-            <xsl:call-template name="pieces">
-              <xsl:with-param name="text" select="substring($text, $cut)"/>
-            </xsl:call-template>
-            <xsl:text> )</xsl:text>
+            <xsl:variable name="left">
+              <xsl:call-template name="pieces">
+                <xsl:with-param name="text" select="substring($text, 1, $cut - 1)"/>
+              </xsl:call-template>
+            </xsl:variable>
+            <xsl:variable name="right">
+              <xsl:call-template name="pieces">
+                <xsl:with-param name="text" select="substring($text, $cut)"/>
+              </xsl:call-template>
+            </xsl:variable>
+            <xsl:value-of select="concat('( ', $left, ' ) || ( ', $right, ' )')"/>
           </xsl:when>
           <xsl:otherwise>
             <xsl:call-template name="pieces">
@@ -1258,7 +1272,7 @@
         </xsl:call-template>
       </xsl:when>
       <xsl:otherwise>
-        <xsl:call-template name="literal">
+        <xsl:call-template name="plain-literal">
           <xsl:with-param name="text" select="$text"/>
         </xsl:call-template>
       </xsl:otherwise>
@@ -1296,17 +1310,23 @@
         </xsl:call-template>
       </xsl:when>
       <xsl:otherwise>
+        <!-- Joined by concat: what grows piece by piece is copied with each of them. -->
         <xsl:variable name="half" select="floor($length div 2)"/>
-        <xsl:call-template name="replace">
-          <xsl:with-param name="text" select="substring($text, 1, $half)"/>
-          <xsl:with-param name="what" select="$what"/>
-          <xsl:with-param name="by" select="$by"/>
-        </xsl:call-template>
-        <xsl:call-template name="replace">
-          <xsl:with-param name="text" select="substring($text, $half + 1)"/>
-          <xsl:with-param name="what" select="$what"/>
-          <xsl:with-param name="by" select="$by"/>
-        </xsl:call-template>
+        <xsl:variable name="left">
+          <xsl:call-template name="replace">
+            <xsl:with-param name="text" select="substring($text, 1, $half)"/>
+            <xsl:with-param name="what" select="$what"/>
+            <xsl:with-param name="by" select="$by"/>
+          </xsl:call-template>
+        </xsl:variable>
+        <xsl:variable name="right">
+          <xsl:call-template name="replace">
+            <xsl:with-param name="text" select="substring($text, $half + 1)"/>
+            <xsl:with-param name="what" select="$what"/>
+            <xsl:with-param name="by" select="$by"/>
+          </xsl:call-template>
+        </xsl:variable>
+        <xsl:value-of select="concat($left, $right)"/>
       </xsl:otherwise>
     </xsl:choose>
   </xsl:template>
