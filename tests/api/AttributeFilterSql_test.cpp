@@ -17,7 +17,8 @@ std::vector<ZNCapability> capabilities(std::initializer_list<const char*> names)
 // ---- nodes ------------------------------------------------------------------------------------
 
 TEST(NodesByFilterSqlTest, AFreshFilterAsksForAllNodes) {
-  EXPECT_EQ(nodesByFilterSql(kActive, {}), " select nwnode.objid from nwnode where entitytype = 1 ");
+  EXPECT_EQ(nodesByFilterSql(kActive, {}),
+            " select nwnode.objid from nwnode where entitytype = 1 ");
   EXPECT_EQ(nodesByFilterSql(kWorking, {}),
             " select nwnode_update.objid from nwnode_update where entitytype = 1 ");
 }
@@ -131,9 +132,9 @@ TEST(SubnetsByFilterSqlTest, LevelNameAndScopeComeInThisOrder) {
 TEST(SubnetsByFilterSqlTest, AnEmptyNameIsCompared) {
   ZNTopoFilter filter;
   filter.setRegexEntityName("");
-  EXPECT_EQ(subnetsByFilterSql(kActive, filter),
-            subnetsByFilterSql(kActive, {}) +
-                "and (a.EntityName like '' or a.Description like '') ");
+  EXPECT_EQ(
+      subnetsByFilterSql(kActive, filter),
+      subnetsByFilterSql(kActive, {}) + "and (a.EntityName like '' or a.Description like '') ");
 }
 
 TEST(SubnetsByFilterSqlTest, FieldsOfOtherOperationsChangeNothing) {
@@ -164,8 +165,9 @@ TEST(EntitiesByFilterSqlTest, TermsAreJoinedFromTheSecondOn) {
             select + " nwentity.EntityType = 4 and   (nwentity.EntityName like 'v%') ");
   filter.setIPLevel(ZNEntity::IPv4);
   EXPECT_EQ(entitiesByFilterSql(kActive, filter),
-            select + " nwentity.IPLevel = 4 and  nwentity.EntityType = 4 and   "
-                     "(nwentity.EntityName like 'v%') ");
+            select +
+                " nwentity.IPLevel = 4 and  nwentity.EntityType = 4 and   "
+                "(nwentity.EntityName like 'v%') ");
 }
 
 TEST(EntitiesByFilterSqlTest, TheColumnsKeepTheNameOfTheActiveTable) {

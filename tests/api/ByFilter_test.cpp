@@ -17,7 +17,9 @@ using testing::SizeIs;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
-std::vector<std::string> idsOf(const ZNTopoAPI::OwnedIDList& ids) { return {ids->begin(), ids->end()}; }
+std::vector<std::string> idsOf(const ZNTopoAPI::OwnedIDList& ids) {
+  return {ids->begin(), ids->end()};
+}
 
 ZNTopoFilter named(const std::string& name) {
   ZNTopoFilter filter;
@@ -312,11 +314,9 @@ TEST_P(ByFilterTest, AddressesOfSubnetsAreLeftOut) {
 TEST_P(ByFilterTest, AddressesHaveATypeATextALevelAndAScope) {
   store->addAddress("a4", "i", "n", "10.0.0.1", {{"IPLevel", 4}});
   store->addAddress("b4", "i", "n", "10.0.1.1", {{"IPLevel", 4}});
-  store->addAddress("a6", "i", "n", "",
-                    {{"AddressType", 2},
-                     {"IPLevel", 6},
-                     {"V6Address", "2001:db8::1"},
-                     {"V6ScopeType", 3}});
+  store->addAddress(
+      "a6", "i", "n", "",
+      {{"AddressType", 2}, {"IPLevel", 6}, {"V6Address", "2001:db8::1"}, {"V6ScopeType", 3}});
   EXPECT_THAT(addresses(withAddress("10.0.0.%", ZNAddress::IPv4)), ElementsAre("a4"));
   EXPECT_THAT(addresses(withAddress("10.0.0", ZNAddress::IPv4)), IsEmpty());
   EXPECT_THAT(addresses(withAddress("2001:db8:%", ZNAddress::IPv6)), ElementsAre("a6"));
@@ -345,8 +345,7 @@ TEST_P(ByFilterTest, APrefixSelectsTheAddressesThatBeginWithItsBits) {
   filter.setPrefixLength(32);
   EXPECT_THAT(addresses(filter), UnorderedElementsAre("in", "near"));
   filter.setPrefixLength(0);
-  EXPECT_THAT(addresses(filter), UnorderedElementsAre("in", "near", "out"))
-      << "all that have bits";
+  EXPECT_THAT(addresses(filter), UnorderedElementsAre("in", "near", "out")) << "all that have bits";
   EXPECT_TRUE(status.isOK());
 }
 
@@ -446,8 +445,7 @@ TEST_P(ByFilterTest, NodesAndAddressesWaitForAReadyStoreTheOthersDoNot) {
   for (const IDOperation& operation : kOperations) {
     const auto ids = (impl.*operation.run)(levelOfAll(), status);
     EXPECT_EQ(ids->empty(), operation.asksForReadiness) << operation.name;
-    EXPECT_EQ(status.getStatus(),
-              operation.asksForReadiness ? ZN_API_DB_NOT_READY : ZN_API_SUCCESS)
+    EXPECT_EQ(status.getStatus(), operation.asksForReadiness ? ZN_API_DB_NOT_READY : ZN_API_SUCCESS)
         << operation.name;
   }
 }
@@ -457,8 +455,8 @@ TEST_P(ByFilterTest, TheLogShowsEachStatementAsItGoesToTheStore) {
     const CapturedLog log(MC_INFO);
     const StatementSpy spy;
     (impl.*operation.run)(levelOfAll(), status);
-    EXPECT_THAT(log.lines(), Contains(std::string(operation.name) + " SQL String: " +
-                                      spy.statements().back() + " \n"));
+    EXPECT_THAT(log.lines(), Contains(std::string(operation.name) +
+                                      " SQL String: " + spy.statements().back() + " \n"));
     const bool saysExecuting = operation.name == std::string("getNodeIDsByFilter") ||
                                operation.name == std::string("getEntityIDsByFilter");
     const auto lines = log.lines();

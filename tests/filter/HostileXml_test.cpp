@@ -21,8 +21,8 @@ class HostileXmlTest : public FilterTest {
  protected:
   HostileXmlTest() {
     secret = configuration.write("../secret.txt", kSecret);
-    secretXml = configuration.write("../secret.xml", std::string("<secret>") + kSecret +
-                                                         "</secret>");
+    secretXml =
+        configuration.write("../secret.xml", std::string("<secret>") + kSecret + "</secret>");
   }
 
   bool isValid(const std::string& text) {
@@ -47,8 +47,8 @@ class HostileXmlTest : public FilterTest {
                         "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>" +
                             top + "<xsl:template match='/'>" + body +
                             "</xsl:template></xsl:stylesheet>");
-    return util.xml.transform(filterDocument(""),
-                              configuration.path("Filter2IFilter.xsl").c_str(), result, error);
+    return util.xml.transform(filterDocument(""), configuration.path("Filter2IFilter.xsl").c_str(),
+                              result, error);
   }
 
   std::string secret;
@@ -126,9 +126,9 @@ TEST_F(HostileXmlTest, ASchemaCanNotBringInAnother) {
                       std::string("<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema' "
                                   "targetNamespace='") +
                           kFilterNamespace + "'><xs:element name='more'/></xs:schema>");
-  configuration.write("TopoFilter.xsd", schema.substr(0, at) +
-                                            "<xs:include schemaLocation='more.xsd'/>" +
-                                            schema.substr(at));
+  configuration.write(
+      "TopoFilter.xsd",
+      schema.substr(0, at) + "<xs:include schemaLocation='more.xsd'/>" + schema.substr(at));
   EXPECT_FALSE(isValid("<more xmlns='" + std::string(kFilterNamespace) + "'/>"));
 }
 
@@ -151,7 +151,7 @@ TEST_F(HostileXmlTest, DocumentsOutsideTheDirectoryAreNotRead) {
 TEST_F(HostileXmlTest, DocumentsInsideTheDirectoryAreRead) {
   configuration.write("inside.xml", "<a>within</a>");
   for (const std::string& name : {std::string("inside.xml"), configuration.path("inside.xml"),
-                                 "file://" + configuration.path("inside.xml")}) {
+                                  "file://" + configuration.path("inside.xml")}) {
     EXPECT_EQ(apply("<xsl:value-of select=\"document('" + name + "')\"/>"), 0) << error;
     EXPECT_THAT(result, HasSubstr("within"));
   }
@@ -164,7 +164,7 @@ TEST_F(HostileXmlTest, AStylesheetCanNotIncludeWhatLiesOutside) {
                   "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'><xsl:template name='t'>") +
           kSecret + "</xsl:template></xsl:stylesheet>");
   for (const std::string& name : {outside, "file://" + outside, std::string("../outside.xsl"),
-                                 std::string("http://127.0.0.1:9/x.xsl")}) {
+                                  std::string("http://127.0.0.1:9/x.xsl")}) {
     for (const std::string how : {"include", "import"}) {
       error.clear();
       result.clear();
@@ -199,8 +199,8 @@ TEST_F(HostileXmlTest, ALargeDocumentIsRefusedUnread) {
 
 TEST_F(HostileXmlTest, ADocumentOfTheLargestSizeIsRead) {
   const std::string head = filterDocument("<!---->");
-  const std::string filled = filterDocument(
-      "<!--" + std::string(XMLUtil::kLargestDocument - head.size(), 'x') + "-->");
+  const std::string filled =
+      filterDocument("<!--" + std::string(XMLUtil::kLargestDocument - head.size(), 'x') + "-->");
   EXPECT_EQ(filled.size(), XMLUtil::kLargestDocument);
   EXPECT_TRUE(isValid(filled)) << error;
   EXPECT_FALSE(isValid(filled + "\n"));
@@ -213,7 +213,8 @@ TEST_F(HostileXmlTest, WhatIsNoRegularFileIsRefusedAndNothingWaits) {
        {pipe, std::string("/dev/zero"), std::string("/dev/tty"), configuration.folder().string()}) {
     EXPECT_FALSE(util.xml.validate(path.c_str(), location.c_str(), error, true)) << path;
     EXPECT_THAT(error, testing::AnyOf(HasSubstr("It is not a regular file."),
-                                      HasSubstr("The file can't be read"))) << path;
+                                      HasSubstr("The file can't be read")))
+        << path;
   }
 }
 

@@ -29,10 +29,11 @@ class SaxWalkTest : public testing::Test {
 };
 
 TEST_F(SaxWalkTest, FiltersAndAssertionsAreReadAlike) {
-  read("<iFilters>"
-       "<iFilter objectType='Node' name='n'><whereQueryStr> NODE.x = 1 </whereQueryStr></iFilter>"
-       "<iAssertion objectType='Address' name='a'><whereQueryStr> ADDR.x = 1 </whereQueryStr>"
-       "</iAssertion></iFilters>");
+  read(
+      "<iFilters>"
+      "<iFilter objectType='Node' name='n'><whereQueryStr> NODE.x = 1 </whereQueryStr></iFilter>"
+      "<iAssertion objectType='Address' name='a'><whereQueryStr> ADDR.x = 1 </whereQueryStr>"
+      "</iAssertion></iFilters>");
   EXPECT_THAT(handler.m_FiltMap, UnorderedElementsAre(Key("n"), Key("a")));
   EXPECT_EQ(whereOf("n"), " NODE.x = 1 ");
   EXPECT_EQ(handler.finalOf("n"), " NODE.x = 1 ");
@@ -57,8 +58,9 @@ TEST_F(SaxWalkTest, AnUnknownElementAroundThemChangesNothing) {
 }
 
 TEST_F(SaxWalkTest, AnElementInAFilterLeavesItsPlaceAsItIs) {
-  read("<iFilters><iFilter name='a'><more><whereQueryStr>w</whereQueryStr></more></iFilter>"
-       "</iFilters>");
+  read(
+      "<iFilters><iFilter name='a'><more><whereQueryStr>w</whereQueryStr></more></iFilter>"
+      "</iFilters>");
   EXPECT_EQ(whereOf("a"), "w") << "the element in between changes nothing";
 }
 
@@ -75,8 +77,9 @@ TEST_F(SaxWalkTest, AFilterWithoutAConditionStaysEmpty) {
 }
 
 TEST_F(SaxWalkTest, AnObjectTypeThatIsNoneLoadsAsUnknown) {
-  read("<iFilters><iFilter objectType='Vlan' name='a'><whereQueryStr>w</whereQueryStr></iFilter>"
-       "</iFilters>");
+  read(
+      "<iFilters><iFilter objectType='Vlan' name='a'><whereQueryStr>w</whereQueryStr></iFilter>"
+      "</iFilters>");
   EXPECT_EQ(handler.m_FiltMap.at("a").getObjType(), E_Unknown);
   EXPECT_EQ(whereOf("a"), "w");
 }
@@ -88,8 +91,9 @@ TEST_F(SaxWalkTest, AttributesThatAreNotThereAreEmpty) {
 }
 
 TEST_F(SaxWalkTest, ALaterFilterOfTheNameReplacesTheEarlierOne) {
-  read("<iFilters><iFilter objectType='Node' name='a'><whereQueryStr>w</whereQueryStr></iFilter>"
-       "</iFilters>");
+  read(
+      "<iFilters><iFilter objectType='Node' name='a'><whereQueryStr>w</whereQueryStr></iFilter>"
+      "</iFilters>");
   read("<iFilters><iFilter objectType='Address' name='a'/></iFilters>");
   EXPECT_EQ(handler.m_FiltMap.at("a").getObjType(), E_Address);
   EXPECT_EQ(whereOf("a"), "");
@@ -103,8 +107,9 @@ TEST_F(SaxWalkTest, TextComesWholeHoweverTheReaderCutsIt) {
 }
 
 TEST_F(SaxWalkTest, WhitespaceIsTrimmedOutsideQuotes) {
-  read("<iFilters><iFilter name='a'><whereQueryStr> x\t=\n   'a  b' </whereQueryStr></iFilter>"
-       "</iFilters>");
+  read(
+      "<iFilters><iFilter name='a'><whereQueryStr> x\t=\n   'a  b' </whereQueryStr></iFilter>"
+      "</iFilters>");
   EXPECT_EQ(whereOf("a"), " x= 'a  b' ");
 }
 
@@ -132,11 +137,13 @@ TEST_F(SaxWalkTest, AnEndWithoutABeginningIsHarmless) {
 }
 
 TEST_F(SaxWalkTest, EveryNameIsToldWithTheSameValue) {
-  read("<iFilters><iFilter objectType='Address' name='a'><whereQueryStr>w</whereQueryStr>"
-       "</iFilter><iFilter objectType='Node' name='b'/></iFilters>");
+  read(
+      "<iFilters><iFilter objectType='Address' name='a'><whereQueryStr>w</whereQueryStr>"
+      "</iFilter><iFilter objectType='Node' name='b'/></iFilters>");
   const auto names = handler.getFilterNameDesc();
   EXPECT_THAT(names, UnorderedElementsAre(Key("a"), Key("b")));
-  for (const auto& [name, value] : names) EXPECT_EQ(value, std::pair(E_Node, std::string())) << name;
+  for (const auto& [name, value] : names)
+    EXPECT_EQ(value, std::pair(E_Node, std::string())) << name;
 }
 
 TEST_F(SaxWalkTest, TheTypeIsToldOfAFilterThatIsThere) {

@@ -132,9 +132,9 @@ void defineDoubling(OpenHandler& handler, int links, const std::string& end) {
 TEST_F(SubstitutionTest, AConditionThatGrowsBeyondTheLimitIsNamed) {
   defineDoubling(handler, 40, "0123456789");
   EXPECT_EQ(expand(), ZN_API_XML_FILTER_SUBSTITUTION_ERROR);
-  EXPECT_THAT(textOf(list), testing::MatchesRegex(
-                                "The condition of filter \\[f10[0-9]+\\] has more than 1000000 "
-                                "characters with its references expanded.\n"));
+  EXPECT_THAT(textOf(list),
+              testing::MatchesRegex("The condition of filter \\[f10[0-9]+\\] has more than 1000000 "
+                                    "characters with its references expanded.\n"));
   for (const auto& [name, filter] : handler.m_FiltMap) {
     EXPECT_LE(filter.getFinalWhereClause().size(), TopoFiltHandler::kLargestCondition) << name;
   }
@@ -238,7 +238,9 @@ TEST_F(SubstitutionTest, RandomFiltersComeOutAsTheRuleReads) {
     ++met[expected];
     ASSERT_EQ(some.SubstituteStringFiltMap(list, "#"), expected) << round;
     for (const auto& [name, text] : texts) {
-      if (!name.empty()) { ASSERT_EQ(some.finalOf(name), text) << round << " " << name; }
+      if (!name.empty()) {
+        ASSERT_EQ(some.finalOf(name), text) << round << " " << name;
+      }
     }
   }
   EXPECT_GT(met[0], 500);

@@ -22,7 +22,8 @@ Notification statusChange(EntityType type) {
 }
 
 TEST(ApplyToCacheTest, AStatusChangesTheObject) {
-  EXPECT_THAT(calls(statusChange(E_Subnet)), ElementsAre("updateCacheObjectStatus(x, 7, 5, 99, 3)"));
+  EXPECT_THAT(calls(statusChange(E_Subnet)),
+              ElementsAre("updateCacheObjectStatus(x, 7, 5, 99, 3)"));
   EXPECT_THAT(calls(statusChange(E_HSRP)), ElementsAre("updateCacheObjectStatus(x, 11, 5, 99, 3)"));
 }
 
@@ -31,10 +32,10 @@ TEST(ApplyToCacheTest, AStatusOfAnAddressDoesNotTouchTheCache) {
 }
 
 TEST(ApplyToCacheTest, AnAttributeChangesTheObject) {
-  EXPECT_THAT(calls(new TopologyAttrChangeNotification(E_HSRP, AttributeChangeNotif, ObjID("g"),
-                                                       HSRP_Priority, E_Integer, 110, "",
-                                                       ObjID("a"), 0)),
-              ElementsAre("updateCacheObjectAttribute(g, 11, 6, 110, a)"));
+  EXPECT_THAT(
+      calls(new TopologyAttrChangeNotification(E_HSRP, AttributeChangeNotif, ObjID("g"),
+                                               HSRP_Priority, E_Integer, 110, "", ObjID("a"), 0)),
+      ElementsAre("updateCacheObjectAttribute(g, 11, 6, 110, a)"));
 }
 
 TEST(ApplyToCacheTest, AReadyTopologyClearsTheCacheAndNoOtherStateDoes) {

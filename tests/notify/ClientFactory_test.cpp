@@ -53,10 +53,10 @@ TEST_P(ClientFactoryTest, TheFirstFilterHoldsForTheLifeOfTheProcess) {
     ZNTopoAPIStatus status;
     clientFactory().createNotificationClient(ALL, status);
     ASSERT_EQ(consumer.send(attributeChange(1)), ZN_API_SUCCESS);
-    ASSERT_EQ(consumer.send(new TopologyStateNotification(E_Unknown, TopologyStateNotif, ObjID(),
-                                                          TOPOLOGY_READ_ONLY, 0, 0, 0,
-                                                          Full_Discovery)),
-              ZN_API_SUCCESS);
+    ASSERT_EQ(
+        consumer.send(new TopologyStateNotification(E_Unknown, TopologyStateNotif, ObjID(),
+                                                    TOPOLOGY_READ_ONLY, 0, 0, 0, Full_Discovery)),
+        ZN_API_SUCCESS);
     EXPECT_EQ(consumer.next(), "state 1");
   });
 }

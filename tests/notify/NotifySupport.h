@@ -132,4 +132,3 @@ class Consumer {
 };
 
 }  // namespace zntopo::test
-

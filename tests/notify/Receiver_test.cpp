@@ -58,8 +58,9 @@ TEST_P(ReceiverTest, ALifeCycleEventDoesNoHarmAndReachesTheConsumer) {
   inFreshProcess([mode = GetParam()] {
     Carrier carrier(mode);
     Consumer consumer;
-    ASSERT_EQ(consumer.send(new TopologyLifeCycleNotification(E_Node, LifeCycleNotif, ObjID("n"), 9)),
-              ZN_API_SUCCESS);
+    ASSERT_EQ(
+        consumer.send(new TopologyLifeCycleNotification(E_Node, LifeCycleNotif, ObjID("n"), 9)),
+        ZN_API_SUCCESS);
     EXPECT_EQ(consumer.next(), "life cycle 9");
     EXPECT_EQ(cacheCalls(), 0U);
   });
@@ -72,8 +73,7 @@ TEST_P(ReceiverTest, ARefusedEventIsSkipped) {
     const OpenSession other = openSession("");
     const tvsnmp::EventVariable attribute{{1, 3}, tvsnmp::kIntegerType, 50, ""};
     const tvsnmp::EventVariable text{{1, 3}, tvsnmp::kTextType, 0, "x"};
-    ASSERT_EQ(tvsnmp::sendEvent(other.get(),
-                                {60001102, {text, text, text, attribute, attribute}}),
+    ASSERT_EQ(tvsnmp::sendEvent(other.get(), {60001102, {text, text, text, attribute, attribute}}),
               EventError::None);
     ASSERT_EQ(sendNumber(other, 60001103, 1), EventError::None);
     EXPECT_EQ(consumer.next(), "life cycle 0");

@@ -15,8 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr const char* kAll =
-    ".1.3.6.1.4.1.47231.2.17.1.0.60001101,60001102,60001103,60001104";
+constexpr const char* kAll = ".1.3.6.1.4.1.47231.2.17.1.0.60001101,60001102,60001103,60001104";
 
 std::string nameOf(const SNMPVarBind& variable) {
   const auto is = [&variable](const TVsnmpArc* name) {
@@ -65,9 +64,9 @@ TEST_P(SendEventTest, AStatusChangeTravelsWithTheTimeOfSending) {
     ObjectStatus current(ObjectStatus::Major);
     ObjectStatus before(ObjectStatus::Normal);
     const std::time_t start = std::time(nullptr);
-    auto lines = sent(mode, new TopologyStatusNotification(E_Interface, StatusChangeNotif,
-                                                           ObjID("if-1"), &current, &before, 17,
-                                                           ZNEntity::Overall));
+    auto lines =
+        sent(mode, new TopologyStatusNotification(E_Interface, StatusChangeNotif, ObjID("if-1"),
+                                                  &current, &before, 17, ZNEntity::Overall));
     ASSERT_EQ(lines.size(), 9U);
     const long time = std::stol(lines[4].substr(6));
     EXPECT_GE(time, start);
@@ -80,21 +79,21 @@ TEST_P(SendEventTest, AStatusChangeTravelsWithTheTimeOfSending) {
 
 TEST_P(SendEventTest, AnAttributeChangeTravels) {
   inFreshProcess([mode = GetParam()] {
-    EXPECT_THAT(sent(mode, new TopologyAttrChangeNotification(
-                               E_HSRP, AttributeChangeNotif, ObjID("g"), HSRP_Priority, E_Integer,
-                               110, "text", ObjID("a"), 3)),
-                ElementsAre("60001102", "source \"\"", "object \"g\"", "data \"marlo\"", "data 11",
-                            "data 6", "data 0", "data 110", "data \"text\"", "object \"a\"",
-                            "data 3"));
+    EXPECT_THAT(
+        sent(mode, new TopologyAttrChangeNotification(E_HSRP, AttributeChangeNotif, ObjID("g"),
+                                                      HSRP_Priority, E_Integer, 110, "text",
+                                                      ObjID("a"), 3)),
+        ElementsAre("60001102", "source \"\"", "object \"g\"", "data \"marlo\"", "data 11",
+                    "data 6", "data 0", "data 110", "data \"text\"", "object \"a\"", "data 3"));
   });
 }
 
 TEST_P(SendEventTest, TheStateOfAnAssociationTravelsAs999) {
   inFreshProcess([mode = GetParam()] {
-    const auto lines = sent(mode, new TopologyAttrChangeNotification(
-                                      E_IfC, AttributeChangeNotif, ObjID("left"),
-                                      static_cast<TopologyAttributeType>(7), E_Integer, 1, "",
-                                      ObjID("right"), 2));
+    const auto lines =
+        sent(mode, new TopologyAttrChangeNotification(E_IfC, AttributeChangeNotif, ObjID("left"),
+                                                      static_cast<TopologyAttributeType>(7),
+                                                      E_Integer, 1, "", ObjID("right"), 2));
     ASSERT_EQ(lines.size(), 11U);
     EXPECT_EQ(lines[5], "data 999");
   });
@@ -102,9 +101,10 @@ TEST_P(SendEventTest, TheStateOfAnAssociationTravelsAs999) {
 
 TEST_P(SendEventTest, ALifeCycleEventTravels) {
   inFreshProcess([mode = GetParam()] {
-    EXPECT_THAT(sent(mode, new TopologyLifeCycleNotification(E_Node, LifeCycleNotif, ObjID("n"), 7)),
-                ElementsAre("60001103", "source \"\"", "object \"n\"", "data \"marlo\"", "data 1",
-                            "data 7"));
+    EXPECT_THAT(
+        sent(mode, new TopologyLifeCycleNotification(E_Node, LifeCycleNotif, ObjID("n"), 7)),
+        ElementsAre("60001103", "source \"\"", "object \"n\"", "data \"marlo\"", "data 1",
+                    "data 7"));
   });
 }
 
@@ -125,8 +125,7 @@ TEST_P(SendEventTest, ANullIdentifierTravelsAsAnEmptyTextAndComesBackNull) {
     Consumer consumer;
     ObjectStatus status;
     ASSERT_EQ(consumer.send(new TopologyStatusNotification(E_Node, StatusChangeNotif, ObjID(),
-                                                           &status, &status, 0,
-                                                           ZNEntity::Overall)),
+                                                           &status, &status, 0, ZNEntity::Overall)),
               ZN_API_SUCCESS);
     EXPECT_EQ(receivedLines(listener).at(2), "object \"\"");
     const Notification back = consumer.client().getNextNotification();
@@ -137,9 +136,9 @@ TEST_P(SendEventTest, ANullIdentifierTravelsAsAnEmptyTextAndComesBackNull) {
 
 TEST_P(SendEventTest, AStatusChangeWithoutStatusesTellsOfNone) {
   inFreshProcess([mode = GetParam()] {
-    const auto lines = sent(mode, new TopologyStatusNotification(E_Node, StatusChangeNotif,
-                                                                 ObjID("n"), nullptr, nullptr, 0,
-                                                                 ZNEntity::Overall));
+    const auto lines =
+        sent(mode, new TopologyStatusNotification(E_Node, StatusChangeNotif, ObjID("n"), nullptr,
+                                                  nullptr, 0, ZNEntity::Overall));
     ASSERT_EQ(lines.size(), 9U);
     EXPECT_EQ(lines[6], "data 0");
     EXPECT_EQ(lines[7], "data 0");
@@ -249,15 +248,14 @@ TEST(EventTraceTest, TellsTheStepsOfASend) {
     attributeChange(1)->createAndSendNotification();
     EXPECT_THAT(
         tracedTexts(scratch.read("trace"), 1),
-        ElementsAre("Creating TopoNotificationClientFactory",
-                    "Creating TopoNotificationClientFactory", "Opening a SNMP Session",
-                    "Creating TopologyNotificationClient", "Creating TopoNotificationClientFactory",
-                    "EntityType: Node", "PreviousStatus: 1", "newStatus: 5",
-                    "Status Change Event Successfully Generated",
-                    "Creating TopoNotificationClientFactory",
-                    "Status Change Event Successfully Generated",
-                    "Creating TopoNotificationClientFactory",
-                    "Attribute Change Event Successfully Generated"));
+        ElementsAre(
+            "Creating TopoNotificationClientFactory", "Creating TopoNotificationClientFactory",
+            "Opening a SNMP Session", "Creating TopologyNotificationClient",
+            "Creating TopoNotificationClientFactory", "EntityType: Node", "PreviousStatus: 1",
+            "newStatus: 5", "Status Change Event Successfully Generated",
+            "Creating TopoNotificationClientFactory", "Status Change Event Successfully Generated",
+            "Creating TopoNotificationClientFactory",
+            "Attribute Change Event Successfully Generated"));
   });
 }
 

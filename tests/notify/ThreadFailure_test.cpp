@@ -18,8 +18,8 @@ extern "C" {
 int __real_pthread_create(pthread_t*, const pthread_attr_t*, void* (*)(void*), void*);
 int __real_pthread_detach(pthread_t);
 
-int __wrap_pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
-                          void* (*body)(void*), void* argument) {
+int __wrap_pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*body)(void*),
+                          void* argument) {
   if (createResult != 0) return createResult;
   return __real_pthread_create(thread, attributes, body, argument);
 }

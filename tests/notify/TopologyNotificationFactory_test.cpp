@@ -14,10 +14,10 @@ using testing::IsEmpty;
 
 /// A variable to send: a number or a text.
 struct Value {
-  Value(int number) : variable{{1, 3}, 2, number, ""} {}                          // NOLINT
-  Value(long number) : variable{{1, 3}, 2, number, ""} {}                         // NOLINT
-  Value(const char* text) : variable{{1, 3}, 4, 0, text} {}                       // NOLINT
-  Value(std::string text) : variable{{1, 3}, 4, 0, std::move(text)} {}            // NOLINT
+  Value(int number) : variable{{1, 3}, 2, number, ""} {}                // NOLINT
+  Value(long number) : variable{{1, 3}, 2, number, ""} {}               // NOLINT
+  Value(const char* text) : variable{{1, 3}, 4, 0, text} {}             // NOLINT
+  Value(std::string text) : variable{{1, 3}, 4, 0, std::move(text)} {}  // NOLINT
   tvsnmp::EventVariable variable;
 };
 
@@ -98,8 +98,7 @@ TEST_F(TopologyNotificationFactoryTest, AnAttributeChangeHasItsFields) {
 }
 
 TEST_F(TopologyNotificationFactoryTest, AnAttributeChangeOfAnAddressKeepsItsType) {
-  const Notification read =
-      notificationOf(60001102, {"", "a", "marlo", 25, 4, 0, 2, "", "", 0});
+  const Notification read = notificationOf(60001102, {"", "a", "marlo", 25, 4, 0, 2, "", "", 0});
   EXPECT_EQ(read->getSrcEntityType(), E_Address);
 }
 
@@ -122,8 +121,7 @@ TEST_F(TopologyNotificationFactoryTest, TheStateOfAnAssociationComesAsTheNumberB
 TEST_F(TopologyNotificationFactoryTest, AnAttributeThatThereIsNotIsRefusedWithALineInTheLog) {
   for (const int number : {7, 8, -1, 1000, 2000000000}) {
     const CapturedLog log;
-    EXPECT_TRUE(
-        notificationOf(60001102, {"", "n", "marlo", 1, number, 0, 1, "", "", 0}).isNull());
+    EXPECT_TRUE(notificationOf(60001102, {"", "n", "marlo", 1, number, 0, 1, "", "", 0}).isNull());
     EXPECT_THAT(log.lines(), ElementsAre("An event of the attribute " + std::to_string(number) +
                                          ", which there is not, is skipped\n"));
   }
@@ -210,8 +208,7 @@ TEST_F(TopologyNotificationFactoryTest, WhatIsTooMuchIsIgnored) {
 }
 
 TEST_F(TopologyNotificationFactoryTest, AVariableOfAnotherTypeCountsAsMissing) {
-  const Notification status =
-      notificationOf(60001101, {1, 2, 3, 4, "one", "6", "three", "4"});
+  const Notification status = notificationOf(60001101, {1, 2, 3, 4, "one", "6", "three", "4"});
   EXPECT_TRUE(status->getSrcID().isNull());
   EXPECT_EQ(status->getSrcEntityType(), E_Unknown);
   EXPECT_EQ(described(status), "status NoStatus to NoStatus");
@@ -222,8 +219,7 @@ TEST_F(TopologyNotificationFactoryTest, OfAnIntegerTheLow32BitsCount) {
   SNMPVarBind* last = pdu->variables;
   while (last->next_variable != nullptr) last = last->next_variable;
   *last->val.integer = (5L << 32) + 17;
-  EXPECT_EQ(described(TopologyNotificationFactory::createNotification(pdu.get())),
-            "life cycle 17");
+  EXPECT_EQ(described(TopologyNotificationFactory::createNotification(pdu.get())), "life cycle 17");
 }
 
 TEST_F(TopologyNotificationFactoryTest, AVariableWithoutAValueCountsAsMissing) {
@@ -265,8 +261,8 @@ TEST_F(TopologyNotificationFactoryTest, WhatIsNoNotificationGivesNothing) {
 
 std::string formatted(std::string text, int destSize, int srcLen) {
   char buffer[16] = "###############";
-  TopologyNotificationFactory::formatString(
-      buffer, destSize, reinterpret_cast<unsigned char*>(text.data()), srcLen);
+  TopologyNotificationFactory::formatString(buffer, destSize,
+                                            reinterpret_cast<unsigned char*>(text.data()), srcLen);
   return buffer;
 }
 

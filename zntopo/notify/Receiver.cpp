@@ -49,10 +49,9 @@ void traceFailedReceipt() {
 void applyStatus(const TopologyStatusNotification& change, ZNTopoAPIStatus& status) {
   // Statuses of addresses do not touch the cache.
   if (change.getSrcEntityType() == E_Address || change.getStatus() == nullptr) return;
-  cacheOwner().updateCacheObjectStatus(change.getSrcID(), change.getSrcEntityType(),
-                                       change.getStatus()->getStatusAsInt(),
-                                       change.getStatusChangeTime(), change.getv6StatusType(),
-                                       status);
+  cacheOwner().updateCacheObjectStatus(
+      change.getSrcID(), change.getSrcEntityType(), change.getStatus()->getStatusAsInt(),
+      change.getStatusChangeTime(), change.getv6StatusType(), status);
 }
 
 void applyAttribute(const TopologyAttrChangeNotification& change, ZNTopoAPIStatus& status) {

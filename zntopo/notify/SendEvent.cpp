@@ -46,9 +46,8 @@ ZNTopoAPIStatus sendValues(const Sending& sending, const WireValues& values) {
   if (sending.trace != nullptr) sending.trace(values);
   if (session.isNull()) return noSession();
   const char* error = "";
-  const int result = sendOn(*session, [&](SNMPSession* open) {
-    return sending.call(open, &error, values);
-  });
+  const int result =
+      sendOn(*session, [&](SNMPSession* open) { return sending.call(open, &error, values); });
   ZNTopoAPIStatus status;
   if (result == 0) {
     traceLine(kTraceEvent, sending.success);
@@ -82,9 +81,8 @@ void traceStatusChange(const WireValues& values) {
     const auto type = static_cast<EntityType>(values.integer(Slot::EntityType));
     return "EntityType: " + getEntityTypeAsString(type);
   });
-  traceLine(kTraceEvent, [&] {
-    return "PreviousStatus: " + std::to_string(values.integer(Slot::PrevStatus));
-  });
+  traceLine(kTraceEvent,
+            [&] { return "PreviousStatus: " + std::to_string(values.integer(Slot::PrevStatus)); });
   traceLine(kTraceEvent,
             [&] { return "newStatus: " + std::to_string(values.integer(Slot::NewStatus)); });
 }

@@ -44,8 +44,7 @@ constexpr std::array kReaders{
 };
 
 bool isEvent(const SNMPPdu& pdu, int number) {
-  const TVsnmpArc oid[] = {
-      1, 3, 6, 1, 4, 1, 47231, 2, 17, 1, 0, static_cast<TVsnmpArc>(number)};
+  const TVsnmpArc oid[] = {1, 3, 6, 1, 4, 1, 47231, 2, 17, 1, 0, static_cast<TVsnmpArc>(number)};
   return TVsnmpOidCompare(pdu.notify_oid, pdu.notify_oid_length, oid, 12) == 0;
 }
 
@@ -137,8 +136,7 @@ Notification TopologyNotificationFactory::createTopologyStateNotif(SNMPPdu* pdu)
   auto notification = std::make_unique<TopologyStateNotification>(
       entityTypeOf(values), TopologyStateNotif, values.text(Slot::SrcID), state,
       values.integer(Slot::DiscoStart), values.integer(Slot::DiscoEnd),
-      values.integer(Slot::PrevDiscoEnd),
-      static_cast<DiscoType>(values.integer(Slot::DiscoFlag)));
+      values.integer(Slot::PrevDiscoEnd), static_cast<DiscoType>(values.integer(Slot::DiscoFlag)));
   detail::traceLine(detail::kTraceEvent, [&] { return described(*notification); });
   return notification.release();
 }

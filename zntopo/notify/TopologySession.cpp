@@ -57,13 +57,11 @@ ZNTopoAPIStatus failed(ZNTopoStatus code) {
 TopologySession::TopologySession(const char* removeTVMgrHostname, const char* applName,
                                  Callback callback, void* data, const char* filter) {
   detail::traceLine(detail::kTraceEvent, "Opening a SNMP Session");
-  SNMPSession* const session =
-      openGuarded(removeTVMgrHostname, applName, callback, data, filter);
+  SNMPSession* const session = openGuarded(removeTVMgrHostname, applName, callback, data, filter);
   channel_ = std::make_shared<detail::EventChannel>(session);
   if (session != nullptr) return;
   theStatus.setStatus(ZN_API_NOTIFCHANNEL_CREATION_ERROR);
-  detail::traceLine(detail::kTraceEventFailure,
-                    "A Session with the Kvd could not be established");
+  detail::traceLine(detail::kTraceEventFailure, "A Session with the Kvd could not be established");
 }
 
 TopologySession::~TopologySession() { closeSession(); }

@@ -25,7 +25,8 @@ class ZNTOPO_EXPORT TopologySession : public TvSnmpObject {
  public:
   using Callback = void (*)(int, SNMPSession*, SNMPPdu*, void*);
 
-  /// Opens the session; a failure is in getSessionStatus(). Waits for the broker 10 seconds at most.
+  /// Opens the session; a failure is in getSessionStatus(). Waits for the broker 10 seconds at
+  /// most.
   /// @param removeTVMgrHostname the broker, as TV_EVENT_BROKER names it; null for what that names.
   /// @param applName what the broker knows this session as.
   /// @param callback, data kept by the platform; may be null.
@@ -49,9 +50,9 @@ class ZNTOPO_EXPORT TopologySession : public TvSnmpObject {
   SNMPSession* getSession() const;
   /// ZN_API_NOTIFCHANNEL_CREATION_ERROR if the session could not be opened.
   ZNTopoAPIStatus getSessionStatus() const { return theStatus; }
-  /// Closes the session, once: waits 5 seconds at most until the broker has what was sent, and wakes
-  /// the receiving threads, which take it for a lost one. Does not take the guard of the event
-  /// sessions.
+  /// Closes the session, once: waits 5 seconds at most until the broker has what was sent, and
+  /// wakes the receiving threads, which take it for a lost one. Does not take the guard of the
+  /// event sessions.
   void closeSession();
 
  private:

@@ -114,8 +114,10 @@ std::string addressesByFilterSql(const TableSet& tables, const ZNTopoFilter& fil
   if (has(filter, Filter::F_PrefixLength) && has(filter, Filter::F_PrefixAddress)) {
     add(prefixTerm(filter));
   }
-  if (hasAddressOf(filter, ZNAddress::IPv4)) add(" V4Address like '" + filter.getAddressStr() + "'");
-  if (hasAddressOf(filter, ZNAddress::IPv6)) add(" V6Address like '" + filter.getAddressStr() + "'");
+  if (hasAddressOf(filter, ZNAddress::IPv4))
+    add(" V4Address like '" + filter.getAddressStr() + "'");
+  if (hasAddressOf(filter, ZNAddress::IPv6))
+    add(" V6Address like '" + filter.getAddressStr() + "'");
   if (has(filter, Filter::F_IPLevel)) add(" IPLevel = " + ltos(filter.getIPLevel()));
   return sql;
 }

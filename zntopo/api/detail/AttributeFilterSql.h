@@ -6,8 +6,8 @@
 #include "zntopo/store/TableSet.h"
 
 /// @file
-/// The statements of the attribute filters, as texts. Blanks are part of them. The values of a filter
-/// go in as they stand: they are patterns of "like", and nothing is escaped.
+/// The statements of the attribute filters, as texts. Blanks are part of them. The values of a
+/// filter go in as they stand: they are patterns of "like", and nothing is escaped.
 
 namespace zntopo::detail {
 

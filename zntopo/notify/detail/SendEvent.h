@@ -65,8 +65,7 @@ struct Sending {
 ZNTopoAPIStatus sendValues(const Sending& sending, const WireValues& values);
 
 template <const auto& Event>
-ZNTopoAPIStatus sendEvent(const WireValues& values,
-                          void (*trace)(const WireValues&) = nullptr) {
+ZNTopoAPIStatus sendEvent(const WireValues& values, void (*trace)(const WireValues&) = nullptr) {
   const auto call = [](SNMPSession* session, const char** error, const WireValues& sent) {
     return callSend<Event>(session, error, sent,
                            std::make_index_sequence<Event.positions.size()>());

@@ -1,0 +1,111 @@
+#include "tests/filterlanguage/LanguageTest.h"
+#include "tests/support/ApiFixture.h"
+
+/// @file
+/// Lists of hosts in files of their own.
+
+namespace zntopo::test {
+namespace {
+
+class HostIDFileTest : public LanguageTest {
+ protected:
+  void SetUp() override {
+    LanguageTest::SetUp();
+    if (!store_) return;
+    store_->addNode(uuid(1), "core-1");
+    store_->addNode(uuid(2), "core-2", {{"PubV4ManagementAdd", "10.0.0.2"}});
+    store_->addNode(uuid(3), "edge-1");
+    store_->addNode(uuid(4), "edge-2");
+    store_->addNode(uuid(5), "o'hara #1");
+    store_->addInterface(uuid(1, 'b'), uuid(4), "eth0");
+    store_->addAddress(uuid(1, 'c'), uuid(1, 'b'), uuid(4), "10.0.0.4");
+    store_->addAddress(uuid(2, 'c'), uuid(1, 'b'), uuid(4), "",
+                       {{"V4Address", nullptr},
+                        {"PubV4Address", nullptr},
+                        {"V6Address", "2001:db8::4"},
+                        {"V6AddressBS", nullptr}});
+  }
+
+  void writeHosts(const std::string& name, const std::string& hosts) {
+    config_.write(name,
+                  "<hosts xmlns=\"http://corvane.example/marlo/NetworkTopology/TopologyFilter\">" +
+                      hosts + "</hosts>");
+  }
+  Ids listed(const std::string& hosts) {
+    writeHosts("hosts.xml", hosts);
+    return nodes("<HostIDFile>hosts.xml</HostIDFile>");
+  }
+};
+
+ZNTOPO_ON_ENGINES(HostIDFileTest, kMainEngines);
+
+TEST_P(HostIDFileTest, HostsAreNamesPatternsAddressesAndIdentifiers) {
+  EXPECT_EQ(listed("<name>core-1</name><name>edge-2</name>"), (Ids{uuid(1), uuid(4)}));
+  EXPECT_EQ(listed("<name>core-*</name>"), (Ids{uuid(1), uuid(2)}));
+  EXPECT_EQ(listed("<name>o'hara #1</name><name>nobody</name>"), Ids{uuid(5)});
+  EXPECT_EQ(listed("<objectID>" + uuid(3) + "</objectID>"), Ids{uuid(3)});
+  EXPECT_EQ(listed("<address>10.0.0.2</address>"), Ids{uuid(2)});
+  EXPECT_EQ(listed("<address>10.0.*</address>"), (Ids{uuid(2), uuid(4)}));
+  EXPECT_EQ(listed("<address>2001:DB8::4</address>"), Ids{uuid(4)});
+  EXPECT_EQ(listed("<name>core-1</name><name>*-1</name><address>10.0.0.4</address><objectID>" +
+                   uuid(2) + "</objectID>"),
+            (Ids{uuid(1), uuid(2), uuid(3), uuid(4)}));
+}
+
+TEST_P(HostIDFileTest, ManyHostsAreWithinWhatEnginesTake) {
+  std::string hosts;
+  for (int i = 0; i < 3000; ++i) {
+    const std::string number = std::to_string(i);
+    hosts += "<name>core-" + number + "</name>";
+    if (i < 300)
+      hosts += "<name>edge-" + number + "?</name><address>10.9.*." + number + "</address>";
+  }
+  EXPECT_EQ(listed(hosts), (Ids{uuid(1), uuid(2)}));
+}
+
+TEST_P(HostIDFileTest, AListIsATestLikeAnyOther) {
+  writeHosts("hosts.xml", "<name>core-1</name>");
+  EXPECT_EQ(selectedBy(document("<nodeAssertion name=\"f\"><operator oper=\"NOT\"><attribute>"
+                                "<HostIDFile>hosts.xml</HostIDFile></attribute></operator>"
+                                "</nodeAssertion>")),
+            (Ids{uuid(2), uuid(3), uuid(4), uuid(5)}));
+  writeHosts("more.xml", "<name>edge-2</name>");
+  EXPECT_EQ(interfaces("<node><operator oper=\"OR\">"
+                       "<attribute><HostIDFile>hosts.xml</HostIDFile></attribute>"
+                       "<attribute><HostIDFile>more.xml</HostIDFile></attribute>"
+                       "</operator></node>"),
+            Ids{uuid(1, 'b')});
+}
+
+TEST_P(HostIDFileTest, AFileThatIsNoListOfHostsIsRefused) {
+  const std::string xml = document(nodeFilter("<HostIDFile>hosts.xml</HostIDFile>"));
+  EXPECT_EQ(refusal(xml), ZN_API_XML_FILTER_VALIDATION_ERROR);
+  for (const std::string& hosts : std::vector<std::string>{
+           "", "<host>core-1</host>", "<name>" + std::string(2001, 'a') + "</name>"}) {
+    writeHosts("hosts.xml", hosts);
+    EXPECT_EQ(refusal(xml), ZN_API_XML_FILTER_VALIDATION_ERROR) << hosts.substr(0, 100);
+  }
+  config_.write("hosts.xml", document(""));
+  EXPECT_EQ(refusal(xml), ZN_API_XML_FILTER_VALIDATION_ERROR);
+}
+
+TEST_P(HostIDFileTest, OnlyAPlainNameOfAFileIsTaken) {
+  for (const char* name :
+       {"", "/etc/passwd", "../hosts.xml", "..", ".", ".hidden", " hosts.xml", "hosts.xml ", "a/b",
+        "a%2fb", "a:b", "a b", "http://127.0.0.1/hosts.xml", "file:///etc/passwd", "a#b", "a?b"}) {
+    EXPECT_EQ(refusal(document(nodeFilter(std::string("<HostIDFile>") + name + "</HostIDFile>"))),
+              ZN_API_XML_FILTER_VALIDATION_ERROR)
+        << name;
+  }
+}
+
+TEST_P(HostIDFileTest, ANameThatACommentCutsIsRefused) {
+  writeHosts("ho", "<name>core-1</name>");
+  writeHosts("hosts.xml", "<name>core-2</name>");
+  std::string told;
+  EXPECT_NE(refusal(document(nodeFilter("<HostIDFile>ho<!-- cut -->sts.xml</HostIDFile>")), &told),
+            ZN_API_SUCCESS);
+}
+
+}  // namespace
+}  // namespace zntopo::test

@@ -1,0 +1,145 @@
+#include "tests/filterlanguage/LanguageTest.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "tests/filterlanguage/XmlTree.h"
+#include "tools/network/StoreStatement.h"
+#include "zntopo/filter/XMLUtil.h"
+
+namespace zntopo::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kFolder = "conf/qrmrz/topology/filter";
+constexpr const char* kNamespace = "http://corvane.example/marlo/NetworkTopology/TopologyFilter";
+
+std::string assertion(const std::string& kind, const std::string& name, const std::string& test) {
+  return "<" + kind + "Assertion name=\"" + name + "\"><operator oper=\"NOOP\"><attribute>" + test +
+         "</attribute></operator></" + kind + "Assertion>";
+}
+
+}  // namespace
+
+FilterConfig::FilterConfig() {
+  const fs::path folder = scratch_.folder() / kFolder;
+  fs::create_directories(folder);
+  for (const fs::directory_entry& file : fs::directory_iterator(ZNTOPO_SOURCE_DIR "/data/filter")) {
+    if (file.path().filename() != "CMakeLists.txt") {
+      fs::copy_file(file.path(), folder / file.path().filename());
+    }
+  }
+  setEnv("TV_ETC_PATH", scratch_.folder().string());
+}
+
+FilterConfig::~FilterConfig() { unsetenv("TV_ETC_PATH"); }
+
+void FilterConfig::write(const std::string& name, const std::string& text) const {
+  scratch_.write(std::string(kFolder) + "/" + name, text);
+}
+
+std::string languageFile(const std::string& name) {
+  return std::string(ZNTOPO_SOURCE_DIR "/data/filter/") + name;
+}
+
+std::string document(const std::string& filters) {
+  return std::string("<filters xmlns=\"") + kNamespace + "\">" + filters + "</filters>";
+}
+
+std::string nodeFilter(const std::string& test, const std::string& name) {
+  return assertion("node", name, test);
+}
+std::string interfaceFilter(const std::string& test, const std::string& name) {
+  return assertion("interface", name, test);
+}
+std::string addressFilter(const std::string& test, const std::string& name) {
+  return assertion("address", name, test);
+}
+
+std::string escaped(const std::string& text) {
+  std::string result;
+  for (const char c : text) {
+    switch (c) {
+      case '<':
+        result += "&lt;";
+        break;
+      case '>':
+        result += "&gt;";
+        break;
+      case '&':
+        result += "&amp;";
+        break;
+      case '\r':
+        result += "&#13;";
+        break;
+      default:
+        result += c;
+    }
+  }
+  return result;
+}
+
+std::string intermediate(const std::string& xml) {
+  bool isStarted = false;
+  std::string error;
+  std::string result;
+  XMLUtil util(isStarted, error);
+  EXPECT_TRUE(isStarted) << error;
+  const std::string stylesheet = util.getTopologyXMLConfigPath() + "Filter2IFilter.xsl";
+  EXPECT_EQ(util.transform(xml, stylesheet.c_str(), result, error), 0) << error;
+  EXPECT_NO_THROW(readXml(result, languageFile("IntermediateTopoFilter.xsd"))) << result;
+  return result;
+}
+
+void LanguageTest::SetUp() {
+  StoreTest::SetUp();
+  if (store_) store_->setReady();
+}
+
+void LanguageTest::parse(const std::string& xml) {
+  TvXplMsg::MessageList_t messages;
+  ASSERT_EQ(filters_.ParseXmlString(messages, xml), ZN_API_SUCCESS)
+      << messages.Format(TvXplMsg::fRecurse_k).substr(0, 4000);
+  intermediate(xml);
+}
+
+int LanguageTest::refusal(const std::string& xml, std::string* told) {
+  TvXplMsg::MessageList_t messages;
+  OpenFilters filters;
+  const int status = filters.ParseXmlString(messages, xml);
+  if (told) *told = messages.Format(TvXplMsg::fRecurse_k);
+  return status;
+}
+
+Ids LanguageTest::selected(const std::string& name) {
+  EntityType type = E_Unknown;
+  EXPECT_EQ(filters_.getFilterObjType(name, type), 0) << name;
+  Ids ids = rows((type == E_Node        ? "select NODE.objid from nwnode NODE where"
+                  : type == E_Interface ? "select IF.objid from nwinterface IF where"
+                                        : "select ADDR.addressid from address ADDR where") +
+                 filters_.condition(name));
+  std::sort(ids.begin(), ids.end());
+  EXPECT_EQ(std::adjacent_find(ids.begin(), ids.end()), ids.end()) << name << " gives one twice";
+  return ids;
+}
+
+Ids LanguageTest::selectedBy(const std::string& xml) {
+  parse(xml);
+  return HasFatalFailure() ? Ids() : selected("f");
+}
+
+Ids LanguageTest::rows(const std::string& sql) {
+  TvXplMsg::MessageList_t messages;
+  const TvDbil::DbSource_t source(messages, store_->engine().store());
+  TvDbil::DbConnection_t connection(messages, &source);
+  Ids ids;
+  for (const tools::TextRow& row : tools::selectTexts(connection, sql, 1, {})) {
+    ids.push_back(row[0]);
+  }
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
+
+}  // namespace zntopo::test

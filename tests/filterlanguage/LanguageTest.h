@@ -1,0 +1,87 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/support/Scratch.h"
+#include "tests/support/TestStore.h"
+#include "zntopo/filter/TopoFiltHandler.h"
+
+/// @file
+/// The language of filters on a store: documents go through the library, and what they select is
+/// held against statements that are written by hand.
+
+namespace zntopo::test {
+
+/// A place for the filter configuration with the project's own files in it, for the life of this
+/// object: TV_ETC_PATH names it.
+class FilterConfig {
+ public:
+  FilterConfig();
+  ~FilterConfig();
+  FilterConfig(const FilterConfig&) = delete;
+  FilterConfig& operator=(const FilterConfig&) = delete;
+
+  /// Adds a file beside the schema.
+  void write(const std::string& name, const std::string& text) const;
+
+ private:
+  Scratch scratch_;
+};
+
+/// A handler whose conditions can be seen.
+class OpenFilters : public TopoFiltHandler {
+ public:
+  /// The condition of a filter, references expanded.
+  std::string condition(const std::string& name) const {
+    return m_FiltMap.at(name).getFinalWhereClause();
+  }
+};
+
+/// A file of the filter configuration in the source tree.
+std::string languageFile(const std::string& name);
+
+/// Filters in the root element.
+std::string document(const std::string& filters);
+/// Filters in a document of their own; tests are elements such as <name>...</name>.
+std::string nodeFilter(const std::string& test, const std::string& name = "f");
+std::string interfaceFilter(const std::string& test, const std::string& name = "f");
+std::string addressFilter(const std::string& test, const std::string& name = "f");
+/// A text as it stands in XML.
+std::string escaped(const std::string& text);
+/// What the stylesheet makes of a document, which has to be valid by the schema of the intermediate
+/// vocabulary; fails the test if not.
+std::string intermediate(const std::string& xml);
+
+using Ids = std::vector<std::string>;
+
+class LanguageTest : public StoreTest {
+ protected:
+  void SetUp() override;
+
+  /// Reads a document with a handler, which has to succeed. What the stylesheet makes of it is
+  /// held against the schema of the intermediate vocabulary, too.
+  void parse(const std::string& xml);
+  /// The status of a document that must not succeed, and what is told.
+  int refusal(const std::string& xml, std::string* told = nullptr);
+  /// What a filter of the documents read selects, sorted: identifiers of nodes, interfaces or
+  /// addresses. Fails the test if one comes twice.
+  Ids selected(const std::string& name);
+  /// The same of a document with one filter "f".
+  Ids selectedBy(const std::string& xml);
+  /// The nodes, interfaces, addresses that pass a test.
+  Ids nodes(const std::string& test) { return selectedBy(document(nodeFilter(test))); }
+  Ids interfaces(const std::string& test) { return selectedBy(document(interfaceFilter(test))); }
+  Ids addresses(const std::string& test) { return selectedBy(document(addressFilter(test))); }
+  /// The first column of the rows of a statement, sorted.
+  Ids rows(const std::string& sql);
+
+  FilterConfig config_;
+  OpenFilters filters_;
+};
+
+}  // namespace zntopo::test
