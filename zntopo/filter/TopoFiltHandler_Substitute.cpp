@@ -40,9 +40,13 @@ class OpenCondition {
   /// Puts a text in the place of a reference, whose name has a length.
   void replaceReference(std::size_t nameLength, const std::string& text) {
     rest_.resize(rest_.size() - nameLength - 2);
-    rest_ += ' ';
-    rest_.append(text.rbegin(), text.rend());
-    rest_ += ' ';
+    if (text.find(delimiter_) == std::string::npos) {
+      settled_ += ' ' + text + ' ';
+    } else {
+      rest_ += ' ';
+      rest_.append(text.rbegin(), text.rend());
+      rest_ += ' ';
+    }
     settle();
   }
 
