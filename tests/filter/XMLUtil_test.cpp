@@ -14,10 +14,7 @@ namespace zntopo::test {
 namespace {
 
 using testing::AllOf;
-using testing::Contains;
-using testing::EndsWith;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 /// Whose protected operation a test may call.

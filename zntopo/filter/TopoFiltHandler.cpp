@@ -35,12 +35,12 @@ struct TopoFiltHandler::Input {
   const char* validationError;
 };
 
-// Not cleanup() of a derived class: what this one holds goes with it.
 TopoFiltHandler::~TopoFiltHandler() { cleanup(); }
 
 void TopoFiltHandler::cleanup() {
-  const TvXplTrc::BlockTrace_t trace(topoSvcProcObj, "TopoFiltHandler::cleanup", detail::kTraceStep,
-                                     __FILE__, __LINE__);
+  static constexpr detail::TracedBlock kBlock("TopoFiltHandler::cleanup");
+  const TvXplTrc::BlockTrace_t trace(topoSvcProcObj, kBlock.name, detail::kTraceStep, kBlock.file,
+                                     kBlock.line);
 }
 
 int TopoFiltHandler::ParseDefaultFile(MessageList_t& list) {

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <source_location>
 #include <string>
+#include <string_view>
 
 #include "zntopo/core/Trace.h"
+#include "zntopo/core/detail/OperationScope.h"
 
 namespace zntopo::detail {
 
@@ -13,14 +14,23 @@ inline constexpr int kTraceStep = 9;
 inline constexpr int kTraceStart = 12;
 inline constexpr int kTraceDetail = 25;
 
+/// A category, and the place that the trace quotes: that of the call.
+struct TracedCategory {
+  consteval TracedCategory(int category,  // NOLINT(google-explicit-constructor)
+                           std::string_view path = __builtin_FILE(), int line = __builtin_LINE())
+      : number(category), place("", path, line) {}
+
+  int number;
+  TracedBlock place;
+};
+
 /// Traces what `text` gives, which is only called if somebody listens.
 template <typename Text>
-void traceFilter(int category, const Text& text,
-                 const std::source_location& place = std::source_location::current()) {
+void traceFilter(const TracedCategory& category, const Text& text) {
   const TvXplTrc::TraceObj_t& trace = topoSvcProcObj;
-  if (!trace.IsActive(category)) return;
-  trace.DoTrace(category, std::string(text()).c_str(), place.file_name(),
-                static_cast<int>(place.line()));
+  if (!trace.IsActive(category.number)) return;
+  trace.DoTrace(category.number, std::string(text()).c_str(), category.place.file,
+                category.place.line);
 }
 
 }  // namespace zntopo::detail
