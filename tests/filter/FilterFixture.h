@@ -23,7 +23,6 @@ class OpenHandler : public TopoFiltHandler {
   using TopoFiltHandler::m_StateStack;
   using TopoFiltHandler::m_WhereClause;
   using TopoFiltHandler::SubstituteStringFiltMap;
-  using Place = Context;
 
   /// Puts a filter of nodes in, as a definition does.
   void define(const std::string& name, const std::string& condition) {

@@ -117,7 +117,7 @@ TEST_F(SaxWalkTest, TheStackGrowsByOneEntryAReading) {
   for (std::size_t i = 1; i <= 3; ++i) {
     read("<iFilters><iFilter name='a'/></iFilters>");
     EXPECT_EQ(handler.m_StateStack.size(), i);
-    EXPECT_EQ(handler.m_Context, OpenHandler::Place{});
+    EXPECT_EQ(handler.m_Context, TopoFiltHandler::Unset);
   }
 }
 
@@ -131,7 +131,7 @@ TEST_F(SaxWalkTest, AfterABrokenDocumentTheHandlerStaysWhereItStopped) {
 
 TEST_F(SaxWalkTest, AnEndWithoutABeginningIsHarmless) {
   handler.EndElement(u"", u"", u"iFilters");
-  EXPECT_EQ(handler.m_Context, OpenHandler::Place{});
+  EXPECT_EQ(handler.m_Context, TopoFiltHandler::Unset);
   read("<iFilters><iFilter name='a'/></iFilters>");
   EXPECT_THAT(handler.m_FiltMap, UnorderedElementsAre(Key("a")));
 }

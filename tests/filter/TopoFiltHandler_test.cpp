@@ -149,11 +149,10 @@ TEST_F(TopoFiltHandlerTest, AStylesheetThatFailsIsToldWithTheFilesName) {
                       "<xsl:message terminate='yes'>enough</xsl:message></xsl:template>"
                       "</xsl:stylesheet>");
   EXPECT_EQ(handler.ParseDefaultFile(list), ZN_API_XML_FILTER_TRANSFORMATION_ERROR);
-  EXPECT_THAT(message(0),
-              AllOf(StartsWith("XML file being transformed:\n" +
-                               configuration.path("TopoFilters.xml") +
-                               "\nXML filter transformation error.\n"),
-                    HasSubstr("enough")));
+  EXPECT_THAT(message(0), AllOf(StartsWith("XML file being transformed:\n" +
+                                           configuration.path("TopoFilters.xml") +
+                                           "\nXML filter transformation error.\n"),
+                                HasSubstr("enough")));
   EXPECT_THAT(handler.m_FiltMap, IsEmpty());
 }
 
@@ -168,7 +167,9 @@ TEST_F(TopoFiltHandlerTest, AStylesheetThatIsNoneFailsTheTransformation) {
 TEST_F(TopoFiltHandlerTest, AnIntermediateFormThatIsBrokenGivesTwoMessages) {
   EXPECT_EQ(parse(raw("<iFilters><iFilter name='a'>")), ZN_API_XML_PARSE_ERROR);
   ASSERT_EQ(list.GetMessageCount(), 2) << textOf(list);
-  EXPECT_THAT(message(0), HasSubstr("input ended before all started tags were ended"));
+  EXPECT_EQ(message(0),
+            "line 1, char 67: input ended before all started tags were ended; last tag started is "
+            "'iFilter'");
   EXPECT_EQ(message(1),
             "TvXplMsg exception when parsing xml [\n"
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?><iFilters><iFilter name='a'>\n]");

@@ -98,7 +98,8 @@ int TopoFiltHandler::read(MessageList_t& list, const std::string& intermediate) 
     return ZN_API_SUCCESS;
   } catch (const TvXplMsg::Exception_t& exception) {
     TvXplLog::Log(exception.GetMessages());
-    const std::string text = exception.GetMessages().Format(TvXplMsg::fNone_k);
+    std::string text = exception.GetMessages().Format(TvXplMsg::fNone_k);
+    if (!text.empty()) text.pop_back();  // the end of the last line
     fail(list, ZN_API_XML_PARSE_ERROR, text);
     list.Add(TvXplMsg::CreateError_t("TvXplMsg " + complaint));
   } catch (...) {

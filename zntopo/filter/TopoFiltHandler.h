@@ -27,6 +27,16 @@ class TopoFiltHandler : public TvXplXml::SAX::DefaultHandler_t {
   /// Bytes that expanding may put into all conditions together in one parse.
   static constexpr std::size_t kLargestExpansion = 100'000'000;
 
+  /// Where the walk over the intermediate form stands.
+  enum Context : int {
+    Unset = 0,
+    Document = 1,
+    Filters = 2,
+    Filter = 3,
+    Assertion = 4,
+    WhereQueryString = 5
+  };
+
   TopoFiltHandler() = default;
   ~TopoFiltHandler() override;
   TopoFiltHandler(const TopoFiltHandler&) = delete;
@@ -59,16 +69,6 @@ class TopoFiltHandler : public TvXplXml::SAX::DefaultHandler_t {
   void Characters(const char16_t* chars, int start, int length) override;
 
  protected:
-  /// Where the walk over the intermediate form stands.
-  enum Context : int {
-    Unset = 0,
-    Document = 1,
-    Filters = 2,
-    Filter = 3,
-    Assertion = 4,
-    WhereQueryString = 5
-  };
-
   int SubstituteStringFiltMap(TvXplMsg::MessageList_t& list, const std::string& delimiter);
 
   Context m_Context = Unset;

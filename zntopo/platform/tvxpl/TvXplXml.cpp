@@ -56,7 +56,7 @@ class Source : public xml::InputSource {
   TvXplIo::InputStream_t& stream_;
 };
 
-class AttributesView : public SAX::Attributes_i {
+class AttributesView final : public SAX::Attributes_i {
  public:
   explicit AttributesView(const xml::Attributes& attributes) : attributes_(attributes) {}
 
@@ -89,7 +89,7 @@ class AttributesView : public SAX::Attributes_i {
   const xml::Attributes& attributes_;
 };
 
-class LocatorView : public SAX::Locator_i {
+class LocatorView final : public SAX::Locator_i {
  public:
   void set(const xml::Locator* locator) { locator_ = locator; }
   long GetLineNumber() const override {

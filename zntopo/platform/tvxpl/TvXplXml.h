@@ -27,15 +27,16 @@ class InputSource_t {
 /// Where the reader is. Lines and columns begin with 1.
 class Locator_i {
  public:
-  virtual ~Locator_i() = default;
   virtual long GetLineNumber() const = 0;
   virtual long GetColumnNumber() const = 0;
+
+ protected:
+  ~Locator_i() = default;
 };
 
 /// The attributes of an element, from 0 on. What is not there is null, and -1 as an index.
 class Attributes_i {
  public:
-  virtual ~Attributes_i() = default;
   virtual int GetLength() const = 0;
   virtual const char16_t* GetURI(int index) const = 0;
   virtual const char16_t* GetLocalName(int index) const = 0;
@@ -46,26 +47,32 @@ class Attributes_i {
   virtual const char16_t* GetValue(const char16_t* qName) const = 0;
   virtual const char16_t* GetValue(const char16_t* uri, const char16_t* localName) const = 0;
   virtual int GetIndex(const char16_t* qName) const = 0;
+
+ protected:
+  ~Attributes_i() = default;
 };
 
 class EntityResolver_i {
  public:
-  virtual ~EntityResolver_i() = default;
   virtual InputSource_t* ResolveEntity(const char16_t* publicId, const char16_t* systemId) = 0;
+
+ protected:
+  ~EntityResolver_i() = default;
 };
 
 class DTDHandler_i {
  public:
-  virtual ~DTDHandler_i() = default;
   virtual void NotationDecl(const char16_t* name, const char16_t* publicId,
                             const char16_t* systemId) = 0;
   virtual void UnparsedEntityDecl(const char16_t* name, const char16_t* publicId,
                                   const char16_t* systemId, const char16_t* notationName) = 0;
+
+ protected:
+  ~DTDHandler_i() = default;
 };
 
 class ContentHandler_i {
  public:
-  virtual ~ContentHandler_i() = default;
   virtual void SetDocumentLocator(const Locator_i* locator) = 0;
   virtual void StartDocument() = 0;
   virtual void EndDocument() = 0;
@@ -80,14 +87,19 @@ class ContentHandler_i {
   virtual void IgnorableWhitespace(const char16_t* chars, int start, int length) = 0;
   virtual void ProcessingInstruction(const char16_t* target, const char16_t* data) = 0;
   virtual void SkippedEntity(const char16_t* name) = 0;
+
+ protected:
+  ~ContentHandler_i() = default;
 };
 
 class ErrorHandler_i {
  public:
-  virtual ~ErrorHandler_i() = default;
   virtual void Warning(const TvXplMsg::Exception_t& exception) = 0;
   virtual void Error(const TvXplMsg::Exception_t& exception) = 0;
   virtual void FatalError(const TvXplMsg::Exception_t& exception) = 0;
+
+ protected:
+  ~ErrorHandler_i() = default;
 };
 
 /// Listens to everything and does nothing.
@@ -96,6 +108,7 @@ class DefaultHandler_t : public EntityResolver_i,
                          public ContentHandler_i,
                          public ErrorHandler_i {
  public:
+  virtual ~DefaultHandler_t() = default;
   InputSource_t* ResolveEntity(const char16_t*, const char16_t*) override { return nullptr; }
   void NotationDecl(const char16_t*, const char16_t*, const char16_t*) override {}
   void UnparsedEntityDecl(const char16_t*, const char16_t*, const char16_t*,
