@@ -24,9 +24,10 @@ class OpenHandler : public TopoFiltHandler {
   using TopoFiltHandler::m_WhereClause;
   using TopoFiltHandler::SubstituteStringFiltMap;
 
-  /// Puts a filter of nodes in, as a definition does.
-  void define(const std::string& name, const std::string& condition) {
-    TopoFilt& filter = m_FiltMap[name] = TopoFilt(name, "Node", condition);
+  /// Puts a filter in, as a definition does.
+  void define(const std::string& name, const std::string& condition,
+              const std::string& kind = "Node") {
+    TopoFilt& filter = m_FiltMap[name] = TopoFilt(name, kind, condition);
     filter.setFinalWhereClause(condition);
   }
   std::string finalOf(const std::string& name) { return m_FiltMap.at(name).getFinalWhereClause(); }

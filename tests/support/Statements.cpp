@@ -11,6 +11,7 @@
 #include "zntopo/api/detail/GroupSql.h"
 #include "zntopo/api/detail/InterfaceSql.h"
 #include "zntopo/api/detail/NodeSql.h"
+#include "zntopo/filter/detail/TopoFiltSql.h"
 #include "zntopo/store/detail/QuotedList.h"
 
 namespace zntopo::test {
@@ -177,13 +178,32 @@ Texts attributeFilterStatements(const TableSet& tables) {
   return texts;
 }
 
+/// These name their tables themselves, whatever the set.
+Texts topoFilterStatements(const TableSet& /*tables*/) {
+  const auto filterOf = [](const char* kind, const char* condition) {
+    TopoFilt filter("f", kind, "");
+    filter.setFinalWhereClause(condition);
+    return filter;
+  };
+  Texts texts;
+  for (const char* kind : {"Node", "Interface", "Address"}) {
+    for (const char* condition : {" NODE.iplevel = 4 ", " IF.iplevel = 4 ", " ADDR.iplevel = 4 ",
+                                  " NODE.iplevel = 4 and IF.iplevel = 4 and ADDR.iplevel = 4 "}) {
+      texts.push_back(objectsOfTopoFiltSql(filterOf(kind, condition)));
+    }
+  }
+  texts.push_back(addressesOfTopoFiltSql(filterOf("Address", " ADDR.iplevel = 4 ")));
+  return texts;
+}
+
 }  // namespace
 
 std::vector<std::string> everyStatement(const TableSet& tables) {
   Texts all;
   for (const auto family :
        {stateStatements, nodeStatements, attachmentStatements, interfaceStatements,
-        addressStatements, groupStatements, attributeFilterStatements}) {
+        addressStatements, groupStatements, attributeFilterStatements,
+        topoFilterStatements}) {
     const Texts texts = family(tables);
     all.insert(all.end(), texts.begin(), texts.end());
   }

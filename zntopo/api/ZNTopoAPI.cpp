@@ -425,6 +425,16 @@ ZNTopoAPI::OwnedAddressVector ZNTopoAPI::ParseAndGetAddressesByTopoFilter(
   return _impl->ParseAndGetAddressesByTopoFilter(aXmlString, aFilter, theStatus);
 }
 
+ZNTopoAPI::OwnedIDList ZNTopoAPI::getAddressIDsOfTopoFilter(const std::string& aFilter,
+                                                            ZNTopoAPIStatus& theStatus) {
+  return _impl->getAddressIDsOfTopoFilter(aFilter, theStatus);
+}
+
+ZNTopoAPI::OwnedAddressVector ZNTopoAPI::getAddressesOfTopoFilter(const std::string& aFilter,
+                                                                  ZNTopoAPIStatus& theStatus) {
+  return _impl->getAddressesOfTopoFilter(aFilter, theStatus);
+}
+
 }  // namespace zntopo
 
 const char* _TVgetURL_OS() { return "NT"; }

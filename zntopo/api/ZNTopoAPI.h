@@ -376,7 +376,10 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   /// @}
 
   /// @name XML filters
-  /// The int results are numbers of ZNTopoStatus.
+  /// A facade knows the filters of all documents that it has parsed; one of a name that is known
+  /// already replaces the other in silence. Parsing is for one thread at a time, and no query of a
+  /// filter may run on the facade meanwhile; else threads may share it, if they ask for filters that
+  /// are there. Every query runs its filter on the active tables, whatever the facade's set.
   /// @{
   /// Load the filters of a document, which stay as long as this instance: of the default file
   /// TopoFilters.xml of the filter configuration directory, of a file, of a text. A filter of a
@@ -389,15 +392,31 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   /// The names of the filters loaded from any document. Every name comes with (E_Node, "").
   std::map<std::string, std::pair<EntityType, std::string>> getDefaultFileFilterName(
       ZNTopoAPIStatus& theStatus);
+  /// The identifiers of the nodes or interfaces that a filter selects, or of the owners of the
+  /// addresses (address.ObjId). The four do the same: none looks at what the filter selects, or at
+  /// the store's readiness.
+  /// Errors: ZN_API_XML_FILTER_NAME_NOT_FOUND_ERROR, ZN_API_INTERNAL_ERROR without a connection,
+  /// ZN_API_SQL_BIND_STATEMENT_ERROR, ZN_API_SQL_BIND_COLUMN_ERROR, ZN_API_SQL_EXEC_ERROR.
   OwnedIDList getNodeIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
   OwnedIDList getInterfaceIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
   OwnedIDList getAddresseIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
   OwnedIDList getObjIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  /// The nodes or interfaces that a filter selects, as getNodesByObjIDList() and
+  /// getInterfacesByObjIDList() give them: with some of them in the cache and some not, those in the
+  /// cache are missing.
+  /// Errors: those of the identifiers; ZN_API_EMPTY_OBJID_LIST if nothing is selected;
+  /// ZN_API_XML_FILTER_OBJECT_TYPE_MISMATCH_ERROR for a filter that selects something else, which
+  /// is told after it ran.
   OwnedNodeList getNodesByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
   OwnedInterfaceList getInterfacesByTopoFilter(const std::string& aFilter,
                                                ZNTopoAPIStatus& theStatus);
+  /// Finds nothing, on any store whose identifiers are unique: it asks for addresses by the
+  /// identifiers of their owners. Take getAddressesOfTopoFilter().
+  /// Errors: as for nodes.
   OwnedAddressVector getAddressesByTopoFilter(const std::string& aFilter,
                                               ZNTopoAPIStatus& theStatus);
+  /// The same of a filter in a document, which is parsed first, as by ParseXmlString(). What the
+  /// filter selects is not looked at.
   OwnedNodeList ParseAndGetNodesByTopoFilter(const std::string& aXmlString,
                                              const std::string& aFilter,
                                              ZNTopoAPIStatus& theStatus);
@@ -407,6 +426,15 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   OwnedAddressVector ParseAndGetAddressesByTopoFilter(const std::string& aXmlString,
                                                       const std::string& aFilter,
                                                       ZNTopoAPIStatus& theStatus);
+  /// The identifiers of the addresses that a filter selects (address.AddressId), each once and in
+  /// their order.
+  /// Errors: ZN_API_DB_NOT_READY, ZN_API_XML_FILTER_OBJECT_TYPE_MISMATCH_ERROR for a filter that does
+  /// not select addresses, and those of getObjIDsByTopoFilter().
+  OwnedIDList getAddressIDsOfTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  /// The addresses that a filter selects; an empty list, without an error, if it selects none.
+  /// Errors: those of getAddressIDsOfTopoFilter() and getAddrsByObjIDs().
+  OwnedAddressVector getAddressesOfTopoFilter(const std::string& aFilter,
+                                              ZNTopoAPIStatus& theStatus);
   /// @}
 
  protected:

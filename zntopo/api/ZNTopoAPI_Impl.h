@@ -274,7 +274,7 @@ class ZNTopoAPI_Impl : protected TableSet {
   int get_String_Int_Map(const std::string& theSQL, std::map<std::string, int>& theMap,
                          ZNTopoAPIStatus& theStatus);
 
-  // XML filters.
+  // XML filters: ZNTopoAPI_ByTopoFilter.cpp.
   int ParseDefaultFile(ZNTopoAPIStatus& theStatus);
   int ParseXmlFile(const std::string& aFileName, ZNTopoAPIStatus& theStatus);
   int ParseXmlString(const std::string& aXmlString, ZNTopoAPIStatus& theStatus);
@@ -298,6 +298,9 @@ class ZNTopoAPI_Impl : protected TableSet {
   OwnedAddressVector ParseAndGetAddressesByTopoFilter(const std::string& aXmlString,
                                                       const std::string& aFilter,
                                                       ZNTopoAPIStatus& theStatus);
+  OwnedIDList getAddressIDsOfTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  OwnedAddressVector getAddressesOfTopoFilter(const std::string& aFilter,
+                                              ZNTopoAPIStatus& theStatus);
 
  protected:
   /// The gate that query operations pass first: false, with the status set, if the active
@@ -400,6 +403,11 @@ class ZNTopoAPI_Impl : protected TableSet {
   void readInterfaces(const std::list<ObjID>& missing, const ObjIDSet& theIFIDs,
                       std::list<ZNRefPtr<ZNInterface>>& theList, ObjIDSet& theNotFoundIDs,
                       ZNTopoAPIStatus& theStatus, bool isQRMID);
+  /// What an XML filter selects, with a complaint unless it is of the kind.
+  OwnedIDList idsOfKind(EntityType theType, const std::string& aFilter, ZNTopoAPIStatus& theStatus);
+  /// What a filter selects once a document was parsed.
+  OwnedIDList idsOfDocument(const std::string& aXmlString, const std::string& aFilter,
+                            ZNTopoAPIStatus& theStatus);
   ZNRefPtr<ZNSubnet> singleSubnet(const ObjID& theID, bool isQRMID, ZNTopoAPIStatus& theStatus);
 };
 

@@ -57,11 +57,23 @@ class TopoFiltHandler : public TvXplXml::SAX::DefaultHandler_t {
   /// 0, with the filter's type, if there is such a filter, else 1.
   int getFilterObjType(const std::string& name, EntityType& type) const;
 
-  /// Runs a filter on the store.
-  /// @return the identifiers found; never null, and empty after a failure
+  /// Runs a filter on the store, on the active tables: gives the identifiers of nodes and interfaces,
+  /// and for a filter of addresses those of the addresses' owners (address.ObjId).
+  ///
+  /// A name that is not known joins the map as an empty filter, so threads may share a handler that
+  /// nobody parses with as long as they ask for filters that are there.
+  /// Errors: ZN_API_XML_FILTER_NAME_NOT_FOUND_ERROR, ZN_API_INTERNAL_ERROR without a connection,
+  /// ZN_API_SQL_BIND_STATEMENT_ERROR, ZN_API_SQL_BIND_COLUMN_ERROR, ZN_API_SQL_EXEC_ERROR.
+  /// @param list gathers what went wrong
+  /// @return the identifiers found, as often as the statement gives them; never null
   std::unique_ptr<std::list<ObjID>> ExecFilter(TvXplMsg::MessageList_t& list,
                                                const std::string& filterName,
                                                ZNTopoAPIStatus& status);
+  /// The same for a filter of addresses, with the identifiers of the addresses (address.AddressId).
+  /// A filter of another kind ends in a failed statement.
+  std::unique_ptr<std::list<ObjID>> ExecAddressFilter(TvXplMsg::MessageList_t& list,
+                                                      const std::string& filterName,
+                                                      ZNTopoAPIStatus& status);
 
   void StartElement(const char16_t* uri, const char16_t* localName, const char16_t* qName,
                     const TvXplXml::SAX::Attributes_i& attributes) override;
@@ -84,6 +96,9 @@ class TopoFiltHandler : public TvXplXml::SAX::DefaultHandler_t {
 
   int parse(TvXplMsg::MessageList_t& list, Input&& input);
   int read(TvXplMsg::MessageList_t& list, const std::string& intermediate);
+  std::unique_ptr<std::list<ObjID>> run(std::string (*sqlOf)(const TopoFilt&),
+                                        TvXplMsg::MessageList_t& list,
+                                        const std::string& filterName, ZNTopoAPIStatus& status);
   void cleanup();
 };
 

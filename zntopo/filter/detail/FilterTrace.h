@@ -9,6 +9,7 @@
 namespace zntopo::detail {
 
 /// The trace's categories that the filters use.
+inline constexpr int kTraceStatement = 1;
 inline constexpr int kTraceFailure = 4;
 inline constexpr int kTraceStep = 9;
 inline constexpr int kTraceStart = 12;
