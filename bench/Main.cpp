@@ -69,6 +69,7 @@ void registerSubjects(const Setting& setting) {
     zntopo::bench::registerBulkRead(setting);
     zntopo::bench::registerGroupRead(setting);
     zntopo::bench::registerMemory(setting);
+    zntopo::bench::registerFilters(setting);
   }
   if (setting.isWarmWanted) {
     zntopo::bench::registerWarmLookup(setting);

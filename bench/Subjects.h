@@ -12,6 +12,7 @@
 namespace zntopo::bench {
 
 void registerBulkRead(const Setting& setting);
+void registerFilters(const Setting& setting);
 void registerGroupRead(const Setting& setting);
 void registerLog(const Setting& setting);
 void registerMemory(const Setting& setting);

@@ -203,9 +203,9 @@ TEST_P(ByTopoFilterTest, AFilterOfAddressesFindsNoneAndSaysNothing) {
   EXPECT_THAT(*impl.getAddressesByTopoFilter("f", status), IsEmpty());
   EXPECT_TRUE(status.isOK());
   EXPECT_EQ(status.getAuxMsg(), "");
-  EXPECT_THAT(*impl.ParseAndGetAddressesByTopoFilter(document("Address", kFirstAddress), "f",
-                                                     status),
-              IsEmpty());
+  EXPECT_THAT(
+      *impl.ParseAndGetAddressesByTopoFilter(document("Address", kFirstAddress), "f", status),
+      IsEmpty());
   EXPECT_TRUE(status.isOK());
 }
 
@@ -256,8 +256,8 @@ TEST_P(ByTopoFilterTest, AFilterOfAnotherKindIsToldAfterItRan) {
   load("Node", kFirstNode);
   {
     const StatementSpy spy;
-    expectMismatch(impl.getInterfacesByTopoFilter("f", status),
-                   "Node vs expected type : Interface", spy);
+    expectMismatch(impl.getInterfacesByTopoFilter("f", status), "Node vs expected type : Interface",
+                   spy);
   }
   load("Address", kFirstAddress);
   const StatementSpy spy;
@@ -307,8 +307,8 @@ TEST_P(ByTopoFilterTest, ADocumentIsParsedAndItsFilterRunAtOnce) {
   EXPECT_THAT(idsOf(*impl.ParseAndGetNodesByTopoFilter(document("Node", kFirstNode), "f", status)),
               ElementsAre(uuid(1)));
   EXPECT_TRUE(status.isOK());
-  EXPECT_THAT(idsOf(*impl.ParseAndGetInterfacesByTopoFilter(
-                  document("Interface", kFirstInterface), "f", status)),
+  EXPECT_THAT(idsOf(*impl.ParseAndGetInterfacesByTopoFilter(document("Interface", kFirstInterface),
+                                                            "f", status)),
               ElementsAre(uuid(1, 'b')));
   EXPECT_TRUE(status.isOK());
 }
@@ -320,9 +320,9 @@ TEST_P(ByTopoFilterTest, AParsedDocumentStays) {
 
 TEST_P(ByTopoFilterTest, ParseAndGetLooksAtNoKind) {
   const CapturedLog log(MC_CRITICAL);
-  EXPECT_THAT(*impl.ParseAndGetNodesByTopoFilter(document("Interface", kFirstInterface), "f",
-                                                 status),
-              IsEmpty());
+  EXPECT_THAT(
+      *impl.ParseAndGetNodesByTopoFilter(document("Interface", kFirstInterface), "f", status),
+      IsEmpty());
   EXPECT_TRUE(status.isOK()) << "an interface's identifier is that of no node";
   EXPECT_THAT(log.text(), Not(HasSubstr("vs expected type")));
 }

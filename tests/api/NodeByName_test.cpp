@@ -8,8 +8,6 @@ using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 class NodeByNameTest : public ApiTest {
  protected:
@@ -166,31 +164,6 @@ TEST_P(NodeByNameTest, TheRoadOfANameIsLogged) {
                                  Contains("ObjID for node [nobody] not found.\n"),
                                  Contains("SQL : select objID from nwnode where entityname  like "
                                           "'edge%' \n")));
-}
-
-// ---- patterns ---------------------------------------------------------------------------------
-
-TEST_P(NodeByNameTest, AnEmptyPatternIsRefused) {
-  EXPECT_THAT(*impl.getNodesByRXName("", status, -1), IsEmpty());
-  expectFailure(ZN_API_ILLEGAL_INPUT, "Null Node Name");
-}
-
-TEST_P(NodeByNameTest, AnIdentifierAsAPatternIsThatNode) {
-  store->addNode(uuid(1), "edge");
-  const auto nodes = impl.getNodesByRXName(uuid(1), status, 5);
-  ASSERT_THAT(*nodes, SizeIs(1));
-  EXPECT_EQ(nodes->front()->getName(), "edge");
-  EXPECT_THAT(*impl.getNodesByRXName(uuid(2), status, 5), IsEmpty());
-  EXPECT_TRUE(status.isOK());
-}
-
-TEST_P(NodeByNameTest, APatternBecomesAFilterDocument) {
-  const CapturedLog log(MC_INFO);
-  EXPECT_THAT(*impl.getNodesByRXName("ed*", status, 5), IsEmpty());
-  expectFailure(ZN_API_NOT_SUPPORTED_OPERATION,
-                "ParseAndGetNodesByTopoFilter is not supported yet");
-  EXPECT_THAT(log.lines(),
-              Contains(AllOf(HasSubstr("Filter is <filters "), HasSubstr("<string>ed*</string>"))));
 }
 
 // ---- lists of identifiers ---------------------------------------------------------------------

@@ -30,16 +30,6 @@ TEST_F(NotYetTest, QueriesAnswerWithEmptyContainersThatExist) {
   } while (false)
   ZNTOPO_EXPECT_EMPTY(getAuditTrail, 0, 0, ZNAuditAction::TypeDontCare,
                       ZNAuditTrail::ObjectTypeDontCare, status);
-  ZNTOPO_EXPECT_EMPTY(getNodeIDsByTopoFilter, "f", status);
-  ZNTOPO_EXPECT_EMPTY(getInterfaceIDsByTopoFilter, "f", status);
-  ZNTOPO_EXPECT_EMPTY(getAddresseIDsByTopoFilter, "f", status);
-  ZNTOPO_EXPECT_EMPTY(getObjIDsByTopoFilter, "f", status);
-  ZNTOPO_EXPECT_EMPTY(getNodesByTopoFilter, "f", status);
-  ZNTOPO_EXPECT_EMPTY(getInterfacesByTopoFilter, "f", status);
-  ZNTOPO_EXPECT_EMPTY(getAddressesByTopoFilter, "f", status);
-  ZNTOPO_EXPECT_EMPTY(ParseAndGetNodesByTopoFilter, "<x/>", "f", status);
-  ZNTOPO_EXPECT_EMPTY(ParseAndGetInterfacesByTopoFilter, "<x/>", "f", status);
-  ZNTOPO_EXPECT_EMPTY(ParseAndGetAddressesByTopoFilter, "<x/>", "f", status);
 #undef ZNTOPO_EXPECT_EMPTY
 }
 

@@ -1,6 +1,7 @@
-// Attribute filters.
+// Attribute filters and XML filters.
 
 #include "tests/faults/QuestionRows.h"
+#include "tests/support/FilterConfiguration.h"
 
 namespace zntopo::test {
 namespace {
@@ -21,7 +22,86 @@ ZNTopoFilter withAddress(const std::string& address) {
   return filter;
 }
 
+constexpr char kJoined[] = " NODE.iplevel = 4 and IF.iplevel = 4 and ADDR.iplevel = 4 ";
+
+std::string documentOfFilters() {
+  return filterDocument(conditionElement("nodes", "Node", " NODE.iplevel = 4 ") +
+                        conditionElement("interfaces", "Interface", " IF.iplevel = 4 ") +
+                        conditionElement("addresses", "Address", " ADDR.iplevel = 4 ") +
+                        conditionElement("joined nodes", "Node", kJoined) +
+                        conditionElement("joined interfaces", "Interface", kJoined) +
+                        conditionElement("joined addresses", "Address", kJoined));
+}
+
+/// A facade that knows the filters. Parsing takes longer than all that is asked here, so it is done
+/// once.
+OpenImpl& filtered() {
+  static auto* const impl = [] {
+    const FilterConfiguration configuration;
+    auto* const made = new OpenImpl;
+    Status status;
+    EXPECT_EQ(made->ParseXmlString(documentOfFilters(), status), ZN_API_SUCCESS)
+        << status.getAuxMsg();
+    return made;
+  }();
+  return *impl;
+}
+
 }  // namespace
+
+// Of the questions of XML filters those which do not ask for readiness first have no other
+// statement in front that would tell of a connection.
+std::vector<Question> topoFilterQuestions() {
+  return {
+      {.name = "getNodeIDsByTopoFilter",
+       .ask =
+           [](OpenImpl&, Status& status) {
+             return filtered().getNodeIDsByTopoFilter("joined nodes", status)->size();
+           },
+       .hidesConnection = true},
+      {.name = "getInterfaceIDsByTopoFilter",
+       .ask =
+           [](OpenImpl&, Status& status) {
+             return filtered().getInterfaceIDsByTopoFilter("joined interfaces", status)->size();
+           },
+       .hidesConnection = true},
+      {.name = "getAddresseIDsByTopoFilter",
+       .ask =
+           [](OpenImpl&, Status& status) {
+             return filtered().getAddresseIDsByTopoFilter("joined addresses", status)->size();
+           },
+       .hidesConnection = true},
+      {.name = "getNodesByTopoFilter",
+       .ask =
+           [](OpenImpl&, Status& status) {
+             return filtered().getNodesByTopoFilter("nodes", status)->size();
+           },
+       .endings = kGated,
+       .hidesConnection = true},
+      {.name = "getInterfacesByTopoFilter",
+       .ask =
+           [](OpenImpl&, Status& status) {
+             return filtered().getInterfacesByTopoFilter("interfaces", status)->size();
+           },
+       .endings = kGated,
+       .hidesConnection = true},
+      {.name = "getAddressesByTopoFilter",
+       .ask =
+           [](OpenImpl&, Status& status) {
+             return filtered().getAddressesByTopoFilter("addresses", status)->size();
+           },
+       .endings = kGated,
+       .finds = Finds::Nothing,
+       .hidesConnection = true},
+      {.name = "getAddressesOfTopoFilter",
+       .ask =
+           [](OpenImpl&, Status& status) {
+             return filtered().getAddressesOfTopoFilter("addresses", status)->size();
+           },
+       .endings = kGated,
+       .hidesConnection = true},
+  };
+}
 
 std::vector<Question> filterQuestions() {
   return {

@@ -54,6 +54,14 @@ constexpr NullEnding kEndings[] = {
     {"nwnode", "ObjId", "getNodesByFilter", ZN_API_EMPTY_OBJID_LIST},
     {"nwnode", "EntityType", "getNodesByFilter", ZN_API_EMPTY_OBJID_LIST},
 
+    // Filters of levels select nothing.
+    {"nwnode", "ObjId", "getNodesByTopoFilter", ZN_API_EMPTY_OBJID_LIST},
+    {"nwnode", "IPLevel", "getNodesByTopoFilter", ZN_API_EMPTY_OBJID_LIST},
+    {"nwinterface", "ObjId", "getInterfacesByTopoFilter", ZN_API_EMPTY_OBJID_LIST},
+    {"nwinterface", "IPLevel", "getInterfacesByTopoFilter", ZN_API_EMPTY_OBJID_LIST},
+    {"address", "ObjId", "getAddressesByTopoFilter", ZN_API_EMPTY_OBJID_LIST},
+    {"address", "IPLevel", "getAddressesByTopoFilter", ZN_API_EMPTY_OBJID_LIST},
+
     {"nwinterface", "ObjId", "getInterfaceByObjID", ZN_API_INVALID_ID},
     {"nwinterface", "ObjId", "getInterfaceByIfName", ZN_API_OBJ_NOT_EXIST},
     {"nwinterface", "ObjId", "getInterfaceByIPV4", ZN_API_INVALID_ID},

@@ -17,6 +17,7 @@ std::vector<Question> addressQuestions();
 std::vector<Question> groupQuestions();
 std::vector<Question> walkQuestions();
 std::vector<Question> filterQuestions();
+std::vector<Question> topoFilterQuestions();
 
 using Status = ZNTopoAPIStatus;
 

@@ -18,7 +18,7 @@ const std::vector<Question>& questions() {
     auto* const result = new std::vector<Question>;
     for (const auto& part :
          {nodeQuestions(), loaderQuestions(), interfaceQuestions(), addressQuestions(),
-          groupQuestions(), walkQuestions(), filterQuestions()}) {
+          groupQuestions(), walkQuestions(), filterQuestions(), topoFilterQuestions()}) {
       result->insert(result->end(), part.begin(), part.end());
     }
     return result;

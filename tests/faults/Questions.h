@@ -46,6 +46,8 @@ struct Question {
   /// On a store without a fault.
   Finds finds = Finds::Something;
   Tells tells = Tells::First;
+  /// Where no connection can be had it tells of an internal error.
+  bool hidesConnection = false;
 
   /// What the question tells of a failed statement.
   ZNTopoStatus endingOf(const std::string& statement, ZNTopoStatus own) const;

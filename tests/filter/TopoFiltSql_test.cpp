@@ -26,12 +26,14 @@ TEST(TopoFiltSqlTest, AFilterMayUseItsOwnAliasWithoutAJoin) {
 }
 
 TEST(TopoFiltSqlTest, NodesJoinInterfacesAndAddressesByTheirNode) {
-  EXPECT_EQ(sqlOf("Node", " IF.status = 1"),
-            "select NODE.objid from nwnode NODE , nwinterface IF where NODE.objid = IF.nodeobjid AND "
-            " IF.status = 1");
-  EXPECT_EQ(sqlOf("Node", " ADDR.iplevel = 4"),
-            "select NODE.objid from nwnode NODE , address ADDR where NODE.objid = ADDR.nodeobjid AND "
-            " ADDR.iplevel = 4");
+  EXPECT_EQ(
+      sqlOf("Node", " IF.status = 1"),
+      "select NODE.objid from nwnode NODE , nwinterface IF where NODE.objid = IF.nodeobjid AND "
+      " IF.status = 1");
+  EXPECT_EQ(
+      sqlOf("Node", " ADDR.iplevel = 4"),
+      "select NODE.objid from nwnode NODE , address ADDR where NODE.objid = ADDR.nodeobjid AND "
+      " ADDR.iplevel = 4");
   EXPECT_EQ(sqlOf("Node", " ADDR.iplevel = 4 and IF.status = 1"),
             "select NODE.objid from nwnode NODE , nwinterface IF , address ADDR where "
             "NODE.objid = IF.nodeobjid AND NODE.objid = ADDR.nodeobjid AND "
@@ -56,9 +58,10 @@ TEST(TopoFiltSqlTest, AddressesJoinInterfacesByTheirOwnerAndNodesByTheirNode) {
   EXPECT_EQ(sqlOf("Address", " IF.status = 1"),
             "select ADDR.objid from address ADDR , nwinterface IF where ADDR.objid = IF.objid AND "
             " IF.status = 1");
-  EXPECT_EQ(sqlOf("Address", " NODE.iplevel = 4"),
-            "select ADDR.objid from address ADDR , nwnode NODE where NODE.objid = ADDR.nodeobjid AND "
-            " NODE.iplevel = 4");
+  EXPECT_EQ(
+      sqlOf("Address", " NODE.iplevel = 4"),
+      "select ADDR.objid from address ADDR , nwnode NODE where NODE.objid = ADDR.nodeobjid AND "
+      " NODE.iplevel = 4");
   EXPECT_EQ(sqlOf("Address", " NODE.iplevel = 4 and IF.status = 1"),
             "select ADDR.objid from address ADDR , nwinterface IF , nwnode NODE where "
             "ADDR.objid = IF.objid AND NODE.objid = ADDR.nodeobjid AND "
@@ -70,9 +73,10 @@ TEST(TopoFiltSqlTest, AnAliasWithoutABlankBeforeItIsNotSeen) {
             "select NODE.objid from nwnode NODE where IF.status = 1");
   EXPECT_EQ(sqlOf("Node", "(IF.status = 1)"),
             "select NODE.objid from nwnode NODE where (IF.status = 1)");
-  EXPECT_EQ(sqlOf("Node", "IF.status = 1 or IF.status = 2"),
-            "select NODE.objid from nwnode NODE , nwinterface IF where NODE.objid = IF.nodeobjid AND "
-            "IF.status = 1 or IF.status = 2")
+  EXPECT_EQ(
+      sqlOf("Node", "IF.status = 1 or IF.status = 2"),
+      "select NODE.objid from nwnode NODE , nwinterface IF where NODE.objid = IF.nodeobjid AND "
+      "IF.status = 1 or IF.status = 2")
       << "one blank anywhere is enough";
   EXPECT_EQ(sqlOf("Node", " if.status = 1"),
             "select NODE.objid from nwnode NODE where  if.status = 1")
@@ -80,9 +84,10 @@ TEST(TopoFiltSqlTest, AnAliasWithoutABlankBeforeItIsNotSeen) {
 }
 
 TEST(TopoFiltSqlTest, AnAliasInALiteralBringsItsTableInAsWell) {
-  EXPECT_EQ(sqlOf("Node", " NODE.description = 'see IF.status'"),
-            "select NODE.objid from nwnode NODE , nwinterface IF where NODE.objid = IF.nodeobjid AND "
-            " NODE.description = 'see IF.status'");
+  EXPECT_EQ(
+      sqlOf("Node", " NODE.description = 'see IF.status'"),
+      "select NODE.objid from nwnode NODE , nwinterface IF where NODE.objid = IF.nodeobjid AND "
+      " NODE.description = 'see IF.status'");
 }
 
 TEST(TopoFiltSqlTest, AnEmptyConditionEndsInWhere) {

@@ -187,11 +187,12 @@ Texts topoFilterStatements(const TableSet& /*tables*/) {
   };
   Texts texts;
   for (const char* kind : {"Node", "Interface", "Address"}) {
-    for (const char* condition : {" NODE.iplevel = 4 ", " IF.iplevel = 4 ", " ADDR.iplevel = 4 ",
-                                  " NODE.iplevel = 4 and IF.iplevel = 4 and ADDR.iplevel = 4 "}) {
-      texts.push_back(objectsOfTopoFiltSql(filterOf(kind, condition)));
-    }
+    texts.push_back(objectsOfTopoFiltSql(
+        filterOf(kind, " NODE.iplevel = 4 and IF.iplevel = 4 and ADDR.iplevel = 4 ")));
   }
+  texts.push_back(objectsOfTopoFiltSql(filterOf("Node", " NODE.iplevel = 4 ")));
+  texts.push_back(objectsOfTopoFiltSql(filterOf("Interface", " IF.iplevel = 4 ")));
+  texts.push_back(objectsOfTopoFiltSql(filterOf("Address", " ADDR.iplevel = 4 ")));
   texts.push_back(addressesOfTopoFiltSql(filterOf("Address", " ADDR.iplevel = 4 ")));
   return texts;
 }
@@ -202,8 +203,7 @@ std::vector<std::string> everyStatement(const TableSet& tables) {
   Texts all;
   for (const auto family :
        {stateStatements, nodeStatements, attachmentStatements, interfaceStatements,
-        addressStatements, groupStatements, attributeFilterStatements,
-        topoFilterStatements}) {
+        addressStatements, groupStatements, attributeFilterStatements, topoFilterStatements}) {
     const Texts texts = family(tables);
     all.insert(all.end(), texts.begin(), texts.end());
   }

@@ -48,9 +48,8 @@ class ZNTopoAPI_Impl;
 /// Containers belong to the caller; the objects in them are shared with the cache and with
 /// other callers. A route distinguisher of -1 means none.
 ///
-/// Several threads may query one instance at once. The operations with XML filters (Parse...,
-/// ...ByTopoFilter, getNodesByRXName, getDefaultFileFilterName) keep their filters in the
-/// instance and are for one thread at a time.
+/// Several threads may query one instance at once. XML filters are kept in the instance: while one
+/// thread parses (Parse..., getNodesByRXName), no other may parse or use a filter there.
 class ZNTOPO_EXPORT ZNTopoAPI {
  public:
   using ObjIDSet = std::set<ObjID>;
@@ -160,8 +159,12 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   /// statements unescaped. Errors: ZN_API_ILLEGAL_INPUT for an empty text,
   /// ZN_API_OBJ_NOT_EXIST, ZN_API_NONUNIQUE_NAME.
   ZNRefPtr<ZNNode> getNodeByName(const std::string& theName, ZNTopoAPIStatus& theStatus, int theRD);
-  /// The nodes of an identifier, or of a pattern of names or IPv4 addresses.
-  /// Errors: ZN_API_ILLEGAL_INPUT for an empty text, ZN_API_OBJ_NOT_EXIST.
+  /// The nodes of an identifier, or of a pattern of names or IPv4 addresses, with "*" and "?": a
+  /// text with a letter in it is one of names. It goes into a filter document as it stands, which
+  /// is parsed as by ParseXmlString(), with the name "op1"; so "<" and "&" have to be escaped.
+  /// @param theRD the route distinguisher of addresses, unless it is below 0.
+  /// Errors: ZN_API_ILLEGAL_INPUT for an empty text, ZN_API_EMPTY_OBJID_LIST if nothing fits,
+  /// ZN_API_OBJ_NOT_EXIST if what fits can't be read, and those of ParseAndGetNodesByTopoFilter().
   OwnedNodeList getNodesByRXName(const std::string& theName, ZNTopoAPIStatus& theStatus, int theRD);
   /// A null handle, always; use getNodeByName(). The status stays as it is.
   ZNRefPtr<ZNNode> getNodeByMmgtAddr(const std::string& theIP, int theRD,
@@ -378,8 +381,8 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   /// @name XML filters
   /// A facade knows the filters of all documents that it has parsed; one of a name that is known
   /// already replaces the other in silence. Parsing is for one thread at a time, and no query of a
-  /// filter may run on the facade meanwhile; else threads may share it, if they ask for filters that
-  /// are there. Every query runs its filter on the active tables, whatever the facade's set.
+  /// filter may run on the facade meanwhile; else threads may share it, if they ask for filters
+  /// that are there. Every query runs its filter on the active tables, whatever the facade's set.
   /// @{
   /// Load the filters of a document, which stay as long as this instance: of the default file
   /// TopoFilters.xml of the filter configuration directory, of a file, of a text. A filter of a
@@ -402,11 +405,10 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   OwnedIDList getAddresseIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
   OwnedIDList getObjIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
   /// The nodes or interfaces that a filter selects, as getNodesByObjIDList() and
-  /// getInterfacesByObjIDList() give them: with some of them in the cache and some not, those in the
-  /// cache are missing.
-  /// Errors: those of the identifiers; ZN_API_EMPTY_OBJID_LIST if nothing is selected;
-  /// ZN_API_XML_FILTER_OBJECT_TYPE_MISMATCH_ERROR for a filter that selects something else, which
-  /// is told after it ran.
+  /// getInterfacesByObjIDList() give them: with some of them in the cache and some not, those in
+  /// the cache are missing. Errors: those of the identifiers; ZN_API_EMPTY_OBJID_LIST if nothing is
+  /// selected; ZN_API_XML_FILTER_OBJECT_TYPE_MISMATCH_ERROR for a filter that selects something
+  /// else, which is told after it ran.
   OwnedNodeList getNodesByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
   OwnedInterfaceList getInterfacesByTopoFilter(const std::string& aFilter,
                                                ZNTopoAPIStatus& theStatus);
@@ -428,8 +430,8 @@ class ZNTOPO_EXPORT ZNTopoAPI {
                                                       ZNTopoAPIStatus& theStatus);
   /// The identifiers of the addresses that a filter selects (address.AddressId), each once and in
   /// their order.
-  /// Errors: ZN_API_DB_NOT_READY, ZN_API_XML_FILTER_OBJECT_TYPE_MISMATCH_ERROR for a filter that does
-  /// not select addresses, and those of getObjIDsByTopoFilter().
+  /// Errors: ZN_API_DB_NOT_READY, ZN_API_XML_FILTER_OBJECT_TYPE_MISMATCH_ERROR for a filter that
+  /// does not select addresses, and those of getObjIDsByTopoFilter().
   OwnedIDList getAddressIDsOfTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
   /// The addresses that a filter selects; an empty list, without an error, if it selects none.
   /// Errors: those of getAddressIDsOfTopoFilter() and getAddrsByObjIDs().

@@ -40,8 +40,7 @@ ZNTopoAPI_Impl::OwnedAddressVector addressesOf(ZNTopoAPI_Impl& api, const IDs& i
 template <typename Owned>
 Owned loaded(Owned (*load)(ZNTopoAPI_Impl&, const IDs&, ZNTopoAPIStatus&), ZNTopoAPI_Impl& api,
              const ZNTopoAPI_Impl::OwnedIDList& ids, ZNTopoAPIStatus& status) {
-  return status.isOK() ? load(api, *ids, status)
-                       : std::make_unique<typename Owned::element_type>();
+  return status.isOK() ? load(api, *ids, status) : std::make_unique<typename Owned::element_type>();
 }
 
 /// Complains if a filter is known to select something else.
@@ -170,7 +169,8 @@ ZNTopoAPI_Impl::OwnedAddressVector ZNTopoAPI_Impl::getAddressesOfTopoFilter(
     const std::string& aFilter, ZNTopoAPIStatus& theStatus) {
   const OperationScope scope("getAddressesOfTopoFilter");
   const OwnedIDList ids = getAddressIDsOfTopoFilter(aFilter, theStatus);
-  if (!theStatus.isOK() || ids->empty()) return std::make_unique<OwnedAddressVector::element_type>();
+  if (!theStatus.isOK() || ids->empty())
+    return std::make_unique<OwnedAddressVector::element_type>();
   return addressesOf(*this, *ids, theStatus);
 }
 

@@ -122,58 +122,6 @@ int ZNTopoAPI_Impl::get_String_Int_Map(const std::string& /*theSQL*/,
   return 0;
 }
 
-// ---- XML filters ----
-
-ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getNodeIDsByTopoFilter(const std::string& /*aFilter*/,
-                                                                   ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedIDList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getInterfaceIDsByTopoFilter(
-    const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedIDList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getAddresseIDsByTopoFilter(
-    const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedIDList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedIDList ZNTopoAPI_Impl::getObjIDsByTopoFilter(const std::string& /*aFilter*/,
-                                                                  ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedIDList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::getNodesByTopoFilter(const std::string& /*aFilter*/,
-                                                                   ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedNodeList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::getInterfacesByTopoFilter(
-    const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedInterfaceList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedAddressVector ZNTopoAPI_Impl::getAddressesByTopoFilter(
-    const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedAddressVector>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedNodeList ZNTopoAPI_Impl::ParseAndGetNodesByTopoFilter(
-    const std::string& /*aXmlString*/, const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedNodeList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedInterfaceList ZNTopoAPI_Impl::ParseAndGetInterfacesByTopoFilter(
-    const std::string& /*aXmlString*/, const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedInterfaceList>(theStatus, __func__);
-}
-
-ZNTopoAPI_Impl::OwnedAddressVector ZNTopoAPI_Impl::ParseAndGetAddressesByTopoFilter(
-    const std::string& /*aXmlString*/, const std::string& /*aFilter*/, ZNTopoAPIStatus& theStatus) {
-  return nothingYet<OwnedAddressVector>(theStatus, __func__);
-}
-
 // There is no notification side yet that could be ended.
 void ZNTopoAPI_Impl::release() {}
 

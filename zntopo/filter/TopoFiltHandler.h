@@ -57,8 +57,8 @@ class TopoFiltHandler : public TvXplXml::SAX::DefaultHandler_t {
   /// 0, with the filter's type, if there is such a filter, else 1.
   int getFilterObjType(const std::string& name, EntityType& type) const;
 
-  /// Runs a filter on the store, on the active tables: gives the identifiers of nodes and interfaces,
-  /// and for a filter of addresses those of the addresses' owners (address.ObjId).
+  /// Runs a filter on the store, on the active tables: gives the identifiers of nodes and
+  /// interfaces, and for a filter of addresses those of the addresses' owners (address.ObjId).
   ///
   /// A name that is not known joins the map as an empty filter, so threads may share a handler that
   /// nobody parses with as long as they ask for filters that are there.

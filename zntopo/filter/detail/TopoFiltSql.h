@@ -10,9 +10,9 @@
 
 namespace zntopo::detail {
 
-/// The identifiers of what a filter selects: nodes, interfaces, or the owners of addresses. Where the
-/// condition has a blank, another alias and a dot anywhere in its text, that table is joined. The
-/// bare condition for a filter of an unknown kind.
+/// The identifiers of what a filter selects: nodes, interfaces, or the owners of addresses. Where
+/// the condition has a blank, another alias and a dot anywhere in its text, that table is joined.
+/// The bare condition for a filter of an unknown kind.
 std::string objectsOfTopoFiltSql(const TopoFilt& filter);
 /// The same of a filter of addresses, with the identifiers of the addresses themselves.
 std::string addressesOfTopoFiltSql(const TopoFilt& filter);
