@@ -405,10 +405,11 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   OwnedIDList getAddresseIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
   OwnedIDList getObjIDsByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
   /// The nodes or interfaces that a filter selects, as getNodesByObjIDList() and
-  /// getInterfacesByObjIDList() give them: with some of them in the cache and some not, those in
-  /// the cache are missing. Errors: those of the identifiers; ZN_API_EMPTY_OBJID_LIST if nothing is
-  /// selected; ZN_API_XML_FILTER_OBJECT_TYPE_MISMATCH_ERROR for a filter that selects something
-  /// else, which is told after it ran.
+  /// getInterfacesByObjIDList() give them: of nodes, if the cache has some and not all, those in
+  /// the cache are missing.
+  /// Errors: those of the identifiers; ZN_API_EMPTY_OBJID_LIST if nothing is selected;
+  /// ZN_API_XML_FILTER_OBJECT_TYPE_MISMATCH_ERROR for a filter that selects something else, which
+  /// is told after it ran.
   OwnedNodeList getNodesByTopoFilter(const std::string& aFilter, ZNTopoAPIStatus& theStatus);
   OwnedInterfaceList getInterfacesByTopoFilter(const std::string& aFilter,
                                                ZNTopoAPIStatus& theStatus);
