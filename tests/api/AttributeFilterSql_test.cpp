@@ -4,15 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/AttributeFilters.h"
+
 namespace zntopo::detail {
 namespace {
 
+using test::capabilities;
+using test::ofLevel;
+
 const TableSet kActive;
 const TableSet kWorking(WorkingDB);
-
-std::vector<ZNCapability> capabilities(std::initializer_list<const char*> names) {
-  return std::vector<ZNCapability>(names.begin(), names.end());
-}
 
 // ---- nodes ------------------------------------------------------------------------------------
 
@@ -24,8 +25,7 @@ TEST(NodesByFilterSqlTest, AFreshFilterAsksForAllNodes) {
 }
 
 TEST(NodesByFilterSqlTest, ALevelAloneBringsNoConditionOnAnAddress) {
-  ZNTopoFilter filter;
-  filter.setIPLevel(ZNEntity::IPv4);
+  const ZNTopoFilter filter = ofLevel(ZNEntity::IPv4);
   EXPECT_EQ(nodesByFilterSql(kActive, filter),
             " select nwnode.objid from nwnode where entitytype = 1  and nwnode.IPLevel = 4");
 }
@@ -171,8 +171,7 @@ TEST(EntitiesByFilterSqlTest, TermsAreJoinedFromTheSecondOn) {
 }
 
 TEST(EntitiesByFilterSqlTest, TheColumnsKeepTheNameOfTheActiveTable) {
-  ZNTopoFilter filter;
-  filter.setIPLevel(ZNEntity::IPv4);
+  const ZNTopoFilter filter = ofLevel(ZNEntity::IPv4);
   EXPECT_EQ(entitiesByFilterSql(kWorking, filter),
             " select nwentity_update.objid from nwentity_update where  nwentity.IPLevel = 4");
 }

@@ -1,6 +1,7 @@
 // Nodes, subnets, entities and addresses by attribute filters.
 
 #include "tests/support/ApiFixture.h"
+#include "tests/support/AttributeFilters.h"
 #include "tests/support/CapturedLog.h"
 #include "zntopo/model/IPv6AddrToBin.h"
 
@@ -19,26 +20,6 @@ using testing::UnorderedElementsAre;
 
 std::vector<std::string> idsOf(const ZNTopoAPI::OwnedIDList& ids) {
   return {ids->begin(), ids->end()};
-}
-
-ZNTopoFilter named(const std::string& name) {
-  ZNTopoFilter filter;
-  filter.setRegexEntityName(name);
-  return filter;
-}
-ZNTopoFilter ofLevel(ZNEntity::IPLevel level) {
-  ZNTopoFilter filter;
-  filter.setIPLevel(level);
-  return filter;
-}
-ZNTopoFilter withAddress(const std::string& address, ZNAddress::AddressType type) {
-  ZNTopoFilter filter;
-  filter.setAddressStr(address);
-  filter.setAddressType(type);
-  return filter;
-}
-std::vector<ZNCapability> capabilities(std::initializer_list<const char*> names) {
-  return std::vector<ZNCapability>(names.begin(), names.end());
 }
 
 /// One of the operations that give identifiers.
@@ -179,8 +160,7 @@ TEST_P(ByFilterTest, AnAddressAndCapabilitiesEndInAFailedStatement) {
 
 TEST_P(ByFilterTest, OneOfTheCapabilitiesIsEnough) {
   addThreeNodes();
-  ZNTopoFilter filter;
-  filter.setOrCapabilityNames(capabilities({"isCDP", "isSTP"}));
+  ZNTopoFilter filter = ableTo({"isCDP", "isSTP"});
   EXPECT_THAT(nodes(filter), UnorderedElementsAre("n1", "n2"));
   filter.setIPLevel(ZNEntity::IPv6);
   EXPECT_THAT(nodes(filter), ElementsAre("n2"));
@@ -234,9 +214,7 @@ TEST_P(ByFilterTest, AFilterThatNoNodePassesTellsOfAnEmptyList) {
 
 TEST_P(ByFilterTest, ANodeObjectsFailedStatementIsToldAsAnEmptyList) {
   addThreeNodes();
-  ZNTopoFilter filter;
-  filter.setOrCapabilityNames(capabilities({"isNothing"}));
-  EXPECT_THAT(*impl.getNodesByFilter(filter, status), IsEmpty());
+  EXPECT_THAT(*impl.getNodesByFilter(ableTo({"isNothing"}), status), IsEmpty());
   EXPECT_EQ(status.getStatus(), ZN_API_EMPTY_OBJID_LIST);
 }
 
@@ -283,8 +261,7 @@ TEST_P(ByFilterTest, EntitiesHaveALevelAKindAndAName) {
   store->addEntity("s6", "net6", 7, {{"IPLevel", 6}});
   store->addEntity("v", "net", 4, {{"IPLevel", 4}, {"Description", "office"}});
   EXPECT_THAT(entities(ofLevel(ZNEntity::IPv6)), ElementsAre("s6"));
-  ZNTopoFilter filter;
-  filter.setEntityType(E_Vlan);
+  ZNTopoFilter filter = ofKind(E_Vlan);
   EXPECT_THAT(entities(filter), ElementsAre("v"));
   filter.setRegexEntityName("net%");
   EXPECT_THAT(entities(filter), ElementsAre("v"));
@@ -381,15 +358,13 @@ ZNTopoFilter levelOfAll() { return ofLevel(ZNEntity::IPv4); }
 TEST_P(ByFilterTest, ATextThatClosesItsQuoteAddsNoStatement) {
   addThreeNodes();
   const std::string smuggled = "x'; delete from nwnode; --";
-  ZNTopoFilter capable;
-  capable.setOrCapabilityNames(capabilities({"isCDP = 1); delete from nwnode; --"}));
   const struct {
     ZNTopoAPI::OwnedIDList (ZNTopoAPI_Impl::*run)(const ZNTopoFilter&, ZNTopoAPIStatus&);
     ZNTopoFilter filter;
   } attempts[] = {
       {&ZNTopoAPI_Impl::getNodeIDsByFilter, named(smuggled)},
       {&ZNTopoAPI_Impl::getNodeIDsByFilter, withAddress(smuggled, ZNAddress::IPv4)},
-      {&ZNTopoAPI_Impl::getNodeIDsByFilter, capable},
+      {&ZNTopoAPI_Impl::getNodeIDsByFilter, ableTo({"isCDP = 1); delete from nwnode; --"})},
       {&ZNTopoAPI_Impl::getSubnetIDsByFilter, named(smuggled)},
       {&ZNTopoAPI_Impl::getEntityIDsByFilter, named(smuggled)},
       {&ZNTopoAPI_Impl::getAddressIDsByFilter, withAddress(smuggled, ZNAddress::IPv4)},

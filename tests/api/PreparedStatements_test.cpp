@@ -4,6 +4,7 @@
 #include <regex>
 
 #include "tests/support/ApiFixture.h"
+#include "tests/support/AttributeFilters.h"
 #include "tests/support/Statements.h"
 #include "zntopo/api/detail/AttributeFilterSql.h"
 #include "zntopo/api/detail/GroupSql.h"
@@ -31,12 +32,10 @@ TEST_P(PreparedStatementsTest, GroupsCantBeAskedForByWhatTheyTrack) {
 
 TEST_P(PreparedStatementsTest, AttributeFiltersThatEndInAFailedStatementAreRefused) {
   EXPECT_FALSE(store_->accepts(entitiesByFilterSql(TableSet(), {})));
-  ZNTopoFilter level;
-  level.setIPLevel(ZNEntity::IPv4);
+  const ZNTopoFilter level = ofLevel(ZNEntity::IPv4);
   EXPECT_TRUE(store_->accepts(entitiesByFilterSql(TableSet(), level)));
   EXPECT_FALSE(store_->accepts(entitiesByFilterSql(TableSet(WorkingDB), level)));
-  ZNTopoFilter capable;
-  capable.setOrCapabilityNames({ZNCapability("isCDP")});
+  ZNTopoFilter capable = ableTo({"isCDP"});
   EXPECT_TRUE(store_->accepts(nodesByFilterSql(TableSet(), capable)));
   capable.setAddressType(ZNAddress::IPv4);
   capable.setAddressStr("10.0.0.1");

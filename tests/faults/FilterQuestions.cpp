@@ -1,6 +1,7 @@
 // Attribute filters and XML filters.
 
 #include "tests/faults/QuestionRows.h"
+#include "tests/support/AttributeFilters.h"
 #include "tests/support/FilterConfiguration.h"
 
 namespace zntopo::test {
@@ -9,18 +10,6 @@ namespace {
 // A request for no node follows the filter's failure.
 const std::vector<Ending> kNodeObjects = {{"select TopologyReady", ZN_API_DB_NOT_READY},
                                           {"select nwnode.objid", ZN_API_EMPTY_OBJID_LIST}};
-
-ZNTopoFilter named(const std::string& pattern) {
-  ZNTopoFilter filter;
-  filter.setRegexEntityName(pattern);
-  return filter;
-}
-ZNTopoFilter withAddress(const std::string& address) {
-  ZNTopoFilter filter;
-  filter.setAddressType(ZNAddress::IPv4);
-  filter.setAddressStr(address);
-  return filter;
-}
 
 constexpr char kJoined[] = " NODE.iplevel = 4 and IF.iplevel = 4 and ADDR.iplevel = 4 ";
 

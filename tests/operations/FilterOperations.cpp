@@ -1,4 +1,5 @@
 #include "tests/operations/Costs.h"
+#include "tests/support/AttributeFilters.h"
 #include "zntopo/filter/FilterNamespace.h"
 
 namespace zntopo::test {
@@ -10,23 +11,6 @@ Answer idsBy(const Desk& desk, IDQuery query, const ZNTopoFilter& filter) {
   ZNTopoAPIStatus status;
   const auto ids = (desk.impl.*query)(filter, status);
   return sorted(status, {ids->begin(), ids->end()});
-}
-
-ZNTopoFilter named(const std::string& pattern) {
-  ZNTopoFilter filter;
-  filter.setRegexEntityName(pattern);
-  return filter;
-}
-ZNTopoFilter ofKind(EntityType kind) {
-  ZNTopoFilter filter;
-  filter.setEntityType(kind);
-  return filter;
-}
-ZNTopoFilter withAddress(const std::string& pattern) {
-  ZNTopoFilter filter;
-  filter.setAddressType(ZNAddress::IPv4);
-  filter.setAddressStr(pattern);
-  return filter;
 }
 
 /// The leaves, the hub's interfaces towards them and the addresses of these.

@@ -4,6 +4,7 @@
 #include <regex>
 #include <set>
 
+#include "tests/support/AttributeFilters.h"
 #include "zntopo/api/detail/AddressSql.h"
 #include "zntopo/api/detail/AttachmentSql.h"
 #include "zntopo/api/detail/AttributeFilterSql.h"
@@ -139,11 +140,10 @@ Texts groupStatements(const TableSet& tables) {
 
 /// A filter with all fields that statements know, but for an address.
 ZNTopoFilter filterOfAll() {
-  ZNTopoFilter filter;
+  ZNTopoFilter filter = ableTo({"isCDP", "isSTP"});
   filter.setIPLevel(ZNEntity::IPv4);
   filter.MarkFieldToBeFiltered(ZNTopoFilter::F_L2DomainId);
   filter.setRegexEntityName("net%");
-  filter.setOrCapabilityNames({ZNCapability("isCDP"), ZNCapability("isSTP")});
   filter.setV6ScopeType(InetAddressIPv6::Global);
   filter.setEntityType(E_Vlan);
   filter.setPrefixAddressStr("2001:db8::");
@@ -153,27 +153,22 @@ ZNTopoFilter filterOfAll() {
 
 Texts attributeFilterStatements(const TableSet& tables) {
   const ZNTopoFilter all = filterOfAll();
-  ZNTopoFilter named;
-  named.setRegexEntityName("net%");
   Texts texts = {
       nodesByFilterSql(tables, {}),     nodesByFilterSql(tables, all),
       subnetsByFilterSql(tables, {}),   subnetsByFilterSql(tables, all),
       addressesByFilterSql(tables, {}),
   };
   for (const auto type : {ZNAddress::IPv4, ZNAddress::IPv6}) {
-    ZNTopoFilter addressed = filterOfAll();
+    ZNTopoFilter addressed = all;
     addressed.setAddressType(type);
     addressed.setAddressStr("10.%");
     texts.push_back(addressesByFilterSql(tables, addressed));
   }
-  ZNTopoFilter owners;
-  owners.setAddressType(ZNAddress::IPv4);
-  owners.setAddressStr("10.0.0.1");
-  texts.push_back(nodesByFilterSql(tables, owners));
+  texts.push_back(nodesByFilterSql(tables, withAddress("10.0.0.1")));
   // The columns carry the name of the active table alone.
   if (tables.nwentityTbl_ == TableSet().nwentityTbl_) {
     texts.push_back(entitiesByFilterSql(tables, all));
-    texts.push_back(entitiesByFilterSql(tables, named));
+    texts.push_back(entitiesByFilterSql(tables, named("net%")));
   }
   return texts;
 }
