@@ -56,7 +56,7 @@ class ByTopoFilterTest : public ApiTest {
 ZNTOPO_ON_ENGINES(ByTopoFilterTest, kEngines);
 
 constexpr char kFirstNode[] = " NODE.entityname = 'node-1' ";
-constexpr char kFirstInterface[] = " NODE.entityname = 'node-1' and IF.ifname is null ";
+constexpr char kFirstInterface[] = " NODE.entityname = 'node-1' and IF.ifname = 'eth' ";
 constexpr char kFirstAddress[] = " ADDR.v4address = '10.0.0.1' ";
 constexpr char kNothing[] = " NODE.entityname = 'nobody' ";
 
@@ -412,6 +412,7 @@ TEST_P(ByTopoFilterTest, AddressesOfAFilterThatFailsAreToldWithTheReason) {
   EXPECT_THAT(*impl.getAddressesOfTopoFilter("f", status), IsEmpty());
   EXPECT_TRUE(isStatementFailure());
   store->execute("update state set TopologyReady = 0");
+  ZNTopoAPI_Impl::cache()->clear(true);
   EXPECT_THAT(*impl.getAddressIDsOfTopoFilter("f", status), IsEmpty());
   EXPECT_EQ(status.getStatus(), ZN_API_DB_NOT_READY);
 }
