@@ -1,10 +1,8 @@
 #include "tools/import/XmlDocument.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <memory>
-#include <xercesc/framework/XMLFormatter.hpp>
 #include <xercesc/sax/InputSource.hpp>
 #include <xercesc/sax/Locator.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
@@ -14,72 +12,32 @@
 #include <xercesc/sax2/XMLReaderFactory.hpp>
 #include <xercesc/util/BinInputStream.hpp>
 #include <xercesc/util/OutOfMemoryException.hpp>
-#include <xercesc/util/PanicHandler.hpp>
-#include <xercesc/util/PlatformUtils.hpp>
-#include <xercesc/util/TransService.hpp>
 #include <xercesc/util/XMLException.hpp>
-#include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
+
+#include "zntopo/platform/tvxpl/TvXplMsg.h"
+#include "zntopo/platform/tvxpl/TvXplStr.h"
+#include "zntopo/platform/tvxpl/XmlLibrary.h"
 
 namespace zntopo::tools {
 
 namespace {
 
 namespace xml = xercesc;
-
-/// The library's own handler writes to standard error and ends the process.
-class ThrowingPanicHandler : public xml::PanicHandler {
- public:
-  void panic(const PanicReasons reason) override {
-    throw std::runtime_error(std::string("the XML library can't work: ") +
-                             getPanicReasonString(reason));
-  }
-};
+using TvXplStr::narrowed;
 
 /// Starts the XML library once for the process, which never stops it.
 void startXml() {
   static const bool isStarted = [] {
-    static auto* const panicHandler = new ThrowingPanicHandler;
     try {
-      xml::XMLPlatformUtils::Initialize(xml::XMLUni::fgXercescDefaultLocale, nullptr, panicHandler);
-    } catch (const xml::XMLException&) {
-      throw std::runtime_error("the XML library can't be started");
+      TvXplXml::startXmlLibrary();
+    } catch (const TvXplMsg::Exception_t& exception) {
+      throw std::runtime_error(exception.GetMessages().GetMessage(0).GetText());
     }
     return true;
   }();
   static_cast<void>(isStarted);
 }
-
-/// Turns the XML library's texts into UTF-8.
-class Utf8 {
- public:
-  Utf8() {
-    xml::XMLTransService::Codes code{};
-    transcoder_.reset(xml::XMLPlatformUtils::fgTransService->makeNewTranscoderFor(
-        xml::XMLRecognizer::UTF_8, code, kBlock));
-    if (!transcoder_) throw std::runtime_error("the XML library has no UTF-8");
-  }
-
-  std::string of(const XMLCh* text) { return of(text, xml::XMLString::stringLen(text)); }
-  std::string of(const XMLCh* text, XMLSize_t size) {
-    std::string result;
-    std::array<XMLByte, kBlock> block{};
-    while (size > 0) {
-      XMLSize_t eaten = 0;
-      const XMLSize_t made = transcoder_->transcodeTo(text, size, block.data(), block.size(), eaten,
-                                                      xml::XMLTranscoder::UnRep_RepChar);
-      if (eaten == 0) break;  // half of a pair, which the parser lets nowhere else than in messages
-      result.append(reinterpret_cast<const char*>(block.data()), made);
-      text += eaten;
-      size -= eaten;
-    }
-    return result;
-  }
-
- private:
-  static constexpr XMLSize_t kBlock = 4096;
-  std::unique_ptr<xml::XMLTranscoder> transcoder_;
-};
 
 /// A file's bytes, and how far they have been read.
 class Stream : public xml::BinInputStream {
@@ -127,7 +85,7 @@ class Listener : public xml::DefaultHandler {
 
   void startElement(const XMLCh* const space, const XMLCh* const local, const XMLCh* const,
                     const xml::Attributes& attributes) override {
-    XmlElement element{{utf8_.of(space), utf8_.of(local)}, {}, place()};
+    XmlElement element{{narrowed(space), narrowed(local)}, {}, place()};
     if (++depth_ > limits_.depth) {
       throw ImportError(element.place.in(file_),
                         "is nested deeper than " + std::to_string(limits_.depth) + " levels");
@@ -135,8 +93,8 @@ class Listener : public xml::DefaultHandler {
     element.attributes.reserve(attributes.getLength());
     for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
       element.attributes.push_back(
-          {{utf8_.of(attributes.getURI(i)), utf8_.of(attributes.getLocalName(i))},
-           utf8_.of(attributes.getValue(i))});
+          {{narrowed(attributes.getURI(i)), narrowed(attributes.getLocalName(i))},
+           narrowed(attributes.getValue(i))});
     }
     handler_.startElement(element);
   }
@@ -145,7 +103,7 @@ class Listener : public xml::DefaultHandler {
     handler_.endElement();
   }
   void characters(const XMLCh* const text, const XMLSize_t size) override {
-    handler_.text(utf8_.of(text, size));
+    handler_.text(TvXplStr::narrow({text, size}));
   }
 
   /// Comes before anything of a declaration is read that goes beyond the root's name, so that
@@ -162,7 +120,7 @@ class Listener : public xml::DefaultHandler {
   void error(const xml::SAXParseException& error) override { refuse(error); }
   void warning(const xml::SAXParseException&) override {}
 
-  std::string shortText(const XMLCh* message) { return shortComplaint(utf8_.of(message)); }
+  std::string shortText(const XMLCh* message) { return shortComplaint(narrowed(message)); }
 
  private:
   XmlPlace place() const {
@@ -179,7 +137,6 @@ class Listener : public xml::DefaultHandler {
   XmlHandler& handler_;
   const xml::Locator* locator_ = nullptr;
   int depth_ = 0;
-  Utf8 utf8_;
 };
 
 std::unique_ptr<xml::SAX2XMLReader> makeReader(Listener& listener) {
