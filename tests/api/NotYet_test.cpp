@@ -60,20 +60,5 @@ TEST_F(NotYetTest, CacheUpdatesAndStatisticsSayTheSame) {
   expectNotYet(status, "getStatistic");
 }
 
-TEST_F(NotYetTest, NotificationsAreRefusedToObjects) {
-  const ZNTopoAPIStatus answers[] = {topologyGateway().ensureNotificationClient(),
-                                     topologyGateway().sendStatusNotification({}),
-                                     topologyGateway().sendAttributeNotification({})};
-  for (const ZNTopoAPIStatus& answer : answers) {
-    EXPECT_EQ(answer.getStatus(), ZN_API_NOT_SUPPORTED_OPERATION);
-    EXPECT_EQ(answer.getAuxMsg(), "Notifications are not supported yet\n");
-  }
-}
-
-TEST_F(NotYetTest, ReleaseEndsNothingAndTheCacheLivesOn) {
-  ZNTopoAPI::release();
-  EXPECT_TRUE(api.isCacheValid());
-}
-
 }  // namespace
 }  // namespace zntopo

@@ -4,7 +4,11 @@
 #include "zntopo/api/ZNTopoAPIDefaultFactory.h"
 #include "zntopo/api/ZNTopoAPIImplFactory.h"
 #include "zntopo/api/ZNTopoAPI_Impl.h"
+#include "zntopo/core/detail/Failure.h"
 #include "zntopo/model/TopologyGateway.h"
+#include "zntopo/notify/TopoNotificationClientFactory.h"
+#include "zntopo/notify/TopologyAttrChangeNotification.h"
+#include "zntopo/notify/detail/OwningStatusNotification.h"
 
 namespace zntopo {
 
@@ -65,14 +69,25 @@ class TopologyGatewayImpl : public TopologyGateway {
     return impl->setNWIfcAssocInfoState(leftIfcObjID, rightIfcObjID, assocType, state);
   }
 
-  ZNTopoAPIStatus ensureNotificationClient() override { return noNotifications(); }
-
-  ZNTopoAPIStatus sendStatusNotification(const StatusChange& /*change*/) override {
-    return noNotifications();
+  ZNTopoAPIStatus ensureNotificationClient() override {
+    auto* const factory = TopoNotificationClientFactory::instance();
+    if (factory == nullptr) return noClient();
+    ZNTopoAPIStatus status;
+    if (factory->getNotificationClient().isNull()) factory->createNotificationClient("", status);
+    return status;
   }
 
-  ZNTopoAPIStatus sendAttributeNotification(const AttributeChange& /*change*/) override {
-    return noNotifications();
+  ZNTopoAPIStatus sendStatusNotification(const StatusChange& change) override {
+    return send(new detail::OwningStatusNotification(
+        change.entityType, change.objID, change.newStatus, change.previousStatus,
+        storeTime(change.statusChangeTimeUTC), change.statusType));
+  }
+
+  ZNTopoAPIStatus sendAttributeNotification(const AttributeChange& change) override {
+    return send(new TopologyAttrChangeNotification(
+        change.entityType, AttributeChangeNotif, change.objID,
+        static_cast<TopologyAttributeType>(change.attribute), E_Integer, change.value, "",
+        change.hsrpOrIfcObjID, change.assocType));
   }
 
   std::unique_ptr<AddressVector> getAddrsByObjIDs(const std::list<ObjID>& ids,
@@ -127,10 +142,17 @@ class TopologyGatewayImpl : public TopologyGateway {
   }
 
  private:
-  static ZNTopoAPIStatus noNotifications() {
-    ZNTopoAPIStatus status(ZN_API_NOT_SUPPORTED_OPERATION, "");
-    status.addAuxMsg("Notifications are not supported yet");
+  static ZNTopoAPIStatus noClient() {
+    ZNTopoAPIStatus status;
+    detail::setFailure(status, ZN_API_INTERNAL_ERROR, "There is no notification client");
     return status;
+  }
+
+  static ZNTopoAPIStatus send(const ZNRefPtr<TopologyNotification>& notification) {
+    auto* const factory = TopoNotificationClientFactory::instance();
+    if (factory == nullptr) return noClient();
+    const auto client = factory->getNotificationClient();
+    return client.isNull() ? noClient() : client->sendNotification(notification);
   }
 };
 

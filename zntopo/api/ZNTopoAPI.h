@@ -92,7 +92,9 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   static void setCacheSize(int theNumOfNodes, int theNumOfInterfaces, int theNumOfAddresses,
                            int theNumOfSubnets, int theNumOfVlans, int theNumOfHSRPs,
                            int theNumOfIfcs);
-  /// Ends the notification side. Cache and pool live on until the process ends.
+  /// Ends the notification side for good: queues a SHUTDOWN for the consumer and closes the event
+  /// session, after the broker has what was sent; that waits for a bounded time. In a process that
+  /// never notified it opens the session first. Cache and pool live on until the process ends.
   static void release();
   /// "300".
   std::string getTopoAPIVersion() const;

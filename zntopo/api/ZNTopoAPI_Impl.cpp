@@ -2,6 +2,7 @@
 
 #include "zntopo/core/MCLog.h"
 #include "zntopo/core/detail/OperationScope.h"
+#include "zntopo/notify/TopoNotificationClientFactory.h"
 #include "zntopo/store/StoreAccess.h"
 
 namespace zntopo {
@@ -39,6 +40,10 @@ ZNTopoAPI_Impl::~ZNTopoAPI_Impl() = default;
 
 void ZNTopoAPI_Impl::setUpTblNames(TopoDBType theDBType) {
   static_cast<TableSet&>(*this) = TableSet(theDBType);
+}
+
+void ZNTopoAPI_Impl::release() {
+  if (auto* const factory = TopoNotificationClientFactory::instance()) factory->doCleanup();
 }
 
 ZNTopoCache* ZNTopoAPI_Impl::getTopoCache() const { return cache(); }

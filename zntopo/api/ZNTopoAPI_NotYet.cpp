@@ -122,7 +122,4 @@ int ZNTopoAPI_Impl::get_String_Int_Map(const std::string& /*theSQL*/,
   return 0;
 }
 
-// There is no notification side yet that could be ended.
-void ZNTopoAPI_Impl::release() {}
-
 }  // namespace zntopo

@@ -196,6 +196,78 @@ TEST_F(BrokerFaultsTest, SettingsThatAreNotUnderstoodAreRefused) {
   }
 }
 
+/// A broker that speaks TLS alone, with a certificate that it has signed itself.
+class SecureBrokerTest : public BrokerFaultsTest {
+ protected:
+  void SetUp() override {
+    BrokerFaultsTest::SetUp();
+    if (IsSkipped() || HasFatalFailure()) return;
+    makeCertificate("broker");
+    makeCertificate("other");
+  }
+  void TearDown() override {
+    for (const char* const name : {"TV_EVENT_CA", "TV_EVENT_CERT", "TV_EVENT_KEY"}) unsetenv(name);
+    BrokerFaultsTest::TearDown();
+  }
+
+  void makeCertificate(const std::string& name) const {
+    const std::string command =
+        "openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -days 2 -subj "
+        "/CN=127.0.0.1 -addext "
+        "subjectAltName=IP:127.0.0.1 -keyout " +
+        file(name + ".key") + " -out " + file(name + ".pem") + " >" + file("log") + " 2>&1";
+    ASSERT_EQ(std::system(command.c_str()), 0) << scratch_.read("log");
+  }
+  std::string file(const std::string& name) const { return scratch_.path(name); }
+  void startSecure(const std::string& more = "") {
+    startBroker("allow_anonymous true\ncertfile " + file("broker.pem") + "\nkeyfile " +
+                file("broker.key") + "\n" + more);
+    setEnv("TV_EVENT_BROKER", "mqtts://127.0.0.1:" + std::to_string(broker_->port()));
+  }
+  static std::string failureToOpen() {
+    EXPECT_FALSE(openSession(kTwo));
+    return std::string(TVsnmpErrString(TVsnmpErrno)).substr(0, 60);
+  }
+
+  const Scratch scratch_;
+};
+
+constexpr const char* kUntrusted = "the event broker and this process do not trust each other; T";
+
+TEST_F(SecureBrokerTest, CarriesEventsOfWhoTrustsIt) {
+  startSecure();
+  setEnv("TV_EVENT_CA", file("broker.pem"));
+  const OpenSession session = openSession(kTwo);
+  ASSERT_TRUE(session) << TVsnmpErrString(TVsnmpErrno);
+  for (int i = 0; i < 1000; ++i) ASSERT_EQ(sendNumber(session, 60001102, i), EventError::None);
+  for (int i = 0; i < 1000; ++i) ASSERT_EQ(next(session), "60001102: " + std::to_string(i));
+}
+
+TEST_F(SecureBrokerTest, IsNotUsedByWhoDoesNotTrustIt) {
+  startSecure();
+  EXPECT_EQ(failureToOpen(), kUntrusted);
+  setEnv("TV_EVENT_CA", file("other.pem"));
+  EXPECT_EQ(failureToOpen(), kUntrusted);
+}
+
+TEST_F(SecureBrokerTest, MayAskForACertificate) {
+  startSecure("cafile " + file("other.pem") + "\nrequire_certificate true\n");
+  setEnv("TV_EVENT_CA", file("broker.pem"));
+  EXPECT_FALSE(openSession(kTwo));
+  setEnv("TV_EVENT_CERT", file("other.pem"));
+  setEnv("TV_EVENT_KEY", file("other.key"));
+  const OpenSession session = openSession(kTwo);
+  ASSERT_TRUE(session) << TVsnmpErrString(TVsnmpErrno);
+  ASSERT_EQ(sendNumber(session, 60001102, 3), EventError::None);
+  EXPECT_EQ(next(session), "60001102: 3");
+}
+
+TEST_F(SecureBrokerTest, IsNotSpokenToInTheClear) {
+  startSecure();
+  setEnv("TV_EVENT_BROKER", broker_->name());
+  EXPECT_FALSE(openSession(kTwo));
+}
+
 /// Publishes bytes that no session of ours would.
 void publish(int port, const std::string& topic, const std::vector<std::string>& payloads) {
   mosquitto* const stranger = mosquitto_new(nullptr, true, nullptr);

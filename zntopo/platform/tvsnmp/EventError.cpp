@@ -36,6 +36,9 @@ constexpr std::array kTexts{
     ErrorText{EventError::BadEvent, "the event cannot be encoded"},
     ErrorText{EventError::TooLarge, "the event is too large"},
     ErrorText{EventError::Stalled, "the event broker does not take what was sent before"},
+    ErrorText{EventError::Untrusted,
+              "the event broker and this process do not trust each other; TV_EVENT_CA names the "
+              "authority of the broker's certificate, TV_EVENT_CERT and TV_EVENT_KEY one's own"},
 };
 
 }  // namespace

@@ -140,7 +140,9 @@ void MqttLink::received(const mosquitto_message& message) {
 void MqttLink::serve() {
   const BrokerName& name = settings_.name;
   int result = mosquitto_connect(client_, name.host.c_str(), name.port, settings_.keepalive);
-  if (result != MOSQ_ERR_SUCCESS) return end(EventError::Unreachable);
+  if (result != MOSQ_ERR_SUCCESS) {
+    return end(result == MOSQ_ERR_TLS ? EventError::Untrusted : EventError::Unreachable);
+  }
   while (result == MOSQ_ERR_SUCCESS) result = turn();
   end(reasonOf(result));
 }
@@ -165,6 +167,7 @@ int MqttLink::turn() {
 EventError MqttLink::reasonOf(int result) {
   const std::lock_guard hold(mutex_);
   if (phase_ == Phase::Ready) return EventError::Lost;
+  if (result == MOSQ_ERR_TLS) return EventError::Untrusted;
   return result == MOSQ_ERR_KEEPALIVE ? EventError::NoAnswer : EventError::Refused;
 }
 

@@ -19,7 +19,8 @@ enum class EventError : int {
   Closed,
   BadEvent,
   TooLarge,
-  Stalled
+  Stalled,
+  Untrusted
 };
 
 /// Writes a line to the platform's log.
