@@ -303,6 +303,17 @@ TEST_F(EmbeddedTest, AFileOutsideTheDirectoryIsRefused) {
                 configuration.folder().string() + "/.\n");
 }
 
+TEST_F(EmbeddedTest, WhatWasValidatedIsWhatIsTransformed) {
+  const std::string document = hosts(file("hosts.xml"));
+  for (const std::string before : {"one", "two"}) {
+    writeHosts("hosts.xml", "<host>" + before + "</host>");
+    EXPECT_TRUE(isValid(document)) << error;
+    writeHosts("hosts.xml", "<other/>");
+    EXPECT_EQ(util.xml.transform(document, stylesheet().c_str(), result, error), 0) << error;
+    EXPECT_THAT(result, HasSubstr("<whereQueryStr> " + before + "</whereQueryStr>"));
+  }
+}
+
 TEST_F(EmbeddedTest, ALinkWithinTheDirectoryIsFollowed) {
   std::filesystem::create_symlink(writeHosts("hosts.xml"), configuration.path("link.xml"));
   EXPECT_TRUE(isValid(hosts(file("link.xml")))) << error;

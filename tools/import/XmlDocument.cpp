@@ -7,13 +7,9 @@
 #include <xercesc/sax/Locator.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/sax2/Attributes.hpp>
-#include <xercesc/sax2/DefaultHandler.hpp>
-#include <xercesc/sax2/SAX2XMLReader.hpp>
-#include <xercesc/sax2/XMLReaderFactory.hpp>
 #include <xercesc/util/BinInputStream.hpp>
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/XMLException.hpp>
-#include <xercesc/util/XMLUni.hpp>
 
 #include "zntopo/platform/tvxpl/TvXplMsg.h"
 #include "zntopo/platform/tvxpl/TvXplStr.h"
@@ -139,21 +135,6 @@ class Listener : public xml::DefaultHandler {
   int depth_ = 0;
 };
 
-std::unique_ptr<xml::SAX2XMLReader> makeReader(Listener& listener) {
-  std::unique_ptr<xml::SAX2XMLReader> reader(xml::XMLReaderFactory::createXMLReader());
-  reader->setFeature(xml::XMLUni::fgSAX2CoreNameSpaces, true);
-  reader->setFeature(xml::XMLUni::fgSAX2CoreValidation, false);
-  reader->setFeature(xml::XMLUni::fgXercesSchema, false);
-  reader->setFeature(xml::XMLUni::fgXercesLoadSchema, false);
-  reader->setFeature(xml::XMLUni::fgXercesLoadExternalDTD, false);
-  reader->setFeature(xml::XMLUni::fgXercesDisableDefaultEntityResolution, true);
-  reader->setContentHandler(&listener);
-  reader->setLexicalHandler(&listener);
-  reader->setEntityResolver(&listener);
-  reader->setErrorHandler(&listener);
-  return reader;
-}
-
 }  // namespace
 
 std::string XmlPlace::in(const InputFile& file) const {
@@ -173,7 +154,7 @@ void readXml(const InputFile& file, XmlHandler& handler, const XmlLimits& limits
   if (file.text.empty()) throw ImportError(file.label, "is empty");
   startXml();
   Listener listener(file, limits, handler);
-  const auto reader = makeReader(listener);
+  const auto reader = TvXplXml::makeXmlReader(listener);
   try {
     reader->parse(Source(file.text, progress));
   } catch (const xml::OutOfMemoryException&) {

@@ -199,6 +199,7 @@ bool XMLUtil::validate(XmlDocument& document, const char* schemaLoc, std::string
                        bool validateEmbedded) const {
   return validating(error, [&] {
     XMLParseHandler handler;
+    embedded_.clear();
     return validateOne(document, detail::SchemaLocation::of(textOf(schemaLoc)), handler, error) &&
            (!validateEmbedded || validateFilesOf(handler, error));
   });
@@ -244,8 +245,12 @@ bool XMLUtil::validateFilesOf(const XMLParseHandler& handler, std::string& error
   for (const std::string& uri : handler.getEmbeddedURIs()) {
     XMLParseHandler embedded;
     std::string parseErrors;
-    XmlDocument file = XmlDocument::ofFileIn(_kXMLCONFIG_PATH, _kXMLCONFIG_PATH + uri);
-    if (validateOne(file, location, embedded, parseErrors)) continue;
+    const std::string path = _kXMLCONFIG_PATH + uri;
+    const auto file = std::make_shared<XmlDocument>(XmlDocument::ofFileIn(_kXMLCONFIG_PATH, path));
+    if (validateOne(*file, location, embedded, parseErrors)) {
+      embedded_.emplace(path, file);
+      continue;
+    }
     error = "XML validate failed for document " + uri + "\n" + parseErrors;
     return false;
   }
@@ -314,7 +319,7 @@ int XMLUtil::transform(xalanc::XSLTInputSource& xmlIn, xalanc::XSLTInputSource& 
   int res = kFailed;
   try {
     std::string text;
-    res = detail::applyStylesheet(xmlIn, xsltIn, _kXMLCONFIG_PATH, text, error);
+    res = detail::applyStylesheet(xmlIn, xsltIn, {_kXMLCONFIG_PATH, embedded_}, text, error);
     if (res != 0) return res;
     result = std::move(text);
     if (result.empty()) {

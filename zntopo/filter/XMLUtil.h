@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <map>
+#include <memory>
 #include <string>
 #include <xalanc/Include/PlatformDefinitions.hpp>
 #include <xercesc/util/XercesDefs.hpp>
@@ -33,7 +36,8 @@ class XmlDocument;
 /// Several threads may make instances and use one each at the same time. No exception leaves it.
 ///
 /// What it reads is taken for hostile. A document, a schema or a stylesheet is a regular file of
-/// at most kLargestDocument bytes, is read once, and is refused if it declares a document type or
+/// at most kLargestDocument bytes, is read once (an embedded file by a validation, for the
+/// transformation that follows), and is refused if it declares a document type or
 /// nests deeper than kDeepest elements. Nothing is read for the sake of a document but
 /// what lies in the filter configuration directory, links followed, whatever the document or the
 /// stylesheet names. No text of the libraries goes to standard error.
@@ -121,6 +125,9 @@ class ZNTOPO_EXPORT XMLUtil {
   const std::string _kEMBEDDED_SCHEMA_FILENAME;
   const std::string _kEMBEDDED_SCHEMA_LOCATION;
   bool isStarted_ = false;
+  /// The embedded files that were validated last, by their paths: a transformation takes the same
+  /// bytes.
+  mutable std::map<std::string, std::shared_ptr<detail::XmlDocument>> embedded_;
 };
 
 }  // namespace zntopo

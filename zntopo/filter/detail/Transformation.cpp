@@ -12,7 +12,6 @@
 #include <xercesc/util/XMLResourceIdentifier.hpp>
 
 #include "zntopo/filter/XMLUtil.h"
-#include "zntopo/filter/detail/XmlDocument.h"
 #include "zntopo/platform/tvxpl/TvXplStr.h"
 
 namespace zntopo::detail {
@@ -49,14 +48,16 @@ class BoundedBuffer : public std::streambuf {
 /// Serves a stylesheet the files of one folder.
 class FolderResolver : public xml::XMLEntityResolver {
  public:
-  explicit FolderResolver(const std::string& folder) : folder_(folder) {}
+  explicit FolderResolver(const StylesheetFiles& files) : files_(files) {}
 
   /// The caller deletes what it gets.
   xml::InputSource* resolveEntity(xml::XMLResourceIdentifier* entity) override {
     const std::string name = narrowed(entity->getSystemId());
     const std::string path = pathOf(name);
     if (path.empty()) refuse("\"" + name + "\" is no file, and is not read.");
-    XmlDocument document = XmlDocument::ofFileIn(folder_, path);
+    const auto known = files_.known.find(path);
+    XmlDocument document =
+        known == files_.known.end() ? XmlDocument::ofFileIn(files_.folder, path) : *known->second;
     if (!document.refusal().empty()) refuse(document.refusal());
     const std::string& bytes = document.bytes();
     auto* const copy = new XMLByte[bytes.size() + 1];
@@ -72,16 +73,16 @@ class FolderResolver : public xml::XMLEntityResolver {
   /// A name without a scheme is that of a file in the folder, to the letter, as it is where
   /// embedded files are validated. Empty for what is no file.
   std::string pathOf(const std::string& name) const {
-    if (const std::string path = pathOfUrl(name); !path.empty()) return path;
+    if (std::string path = pathOfUrl(name); !path.empty()) return path;
     if (name.empty() || name.find(':') < name.find('/')) return {};
-    return name.front() == '/' ? name : folder_ + name;
+    return name.front() == '/' ? name : files_.folder + name;
   }
   [[noreturn]] void refuse(const std::string& why) {
     refusal_ = why;
     throw xml::SAXException(TvXplStr::widen(why).c_str());
   }
 
-  const std::string& folder_;
+  const StylesheetFiles& files_;
   std::string refusal_;
 };
 
@@ -94,9 +95,9 @@ class EndAtError : public xml::HandlerBase {
 }  // namespace
 
 int applyStylesheet(const xalanc::XSLTInputSource& xml, const xalanc::XSLTInputSource& stylesheet,
-                    const std::string& folder, std::string& text, std::string& error) {
+                    const StylesheetFiles& files, std::string& text, std::string& error) {
   xalanc::XalanTransformer transformer;
-  FolderResolver resolver(folder);
+  FolderResolver resolver(files);
   EndAtError errors;
   transformer.setXMLEntityResolver(&resolver);
   transformer.setErrorHandler(&errors);

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <map>
+#include <memory>
 #include <string>
 #include <xalanc/Include/PlatformDefinitions.hpp>
+
+#include "zntopo/filter/detail/XmlDocument.h"
 
 namespace XALAN_CPP_NAMESPACE {
 class XSLTInputSource;
@@ -9,11 +13,18 @@ class XSLTInputSource;
 
 namespace zntopo::detail {
 
-/// Applies a stylesheet. The name of the folder ends with a slash. Nothing else is read but regular
-/// XML files in a folder, links followed; a stylesheet that names another fails. What the libraries
-/// throw passes to the caller.
+/// What a stylesheet may read beside its document.
+struct StylesheetFiles {
+  /// Regular XML files in it, links followed. Its name ends with a slash.
+  const std::string& folder;
+  /// Those of them that were read already, by their paths.
+  const std::map<std::string, std::shared_ptr<XmlDocument>>& known;
+};
+
+/// Applies a stylesheet; one that names another file fails. What the libraries throw passes to the
+/// caller.
 /// @return 0 for success, with the text; otherwise the error
 int applyStylesheet(const xalanc::XSLTInputSource& xml, const xalanc::XSLTInputSource& stylesheet,
-                    const std::string& folder, std::string& text, std::string& error);
+                    const StylesheetFiles& files, std::string& text, std::string& error);
 
 }  // namespace zntopo::detail

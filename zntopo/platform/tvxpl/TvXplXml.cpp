@@ -7,11 +7,9 @@
 #include <xercesc/sax2/Attributes.hpp>
 #include <xercesc/sax2/DefaultHandler.hpp>
 #include <xercesc/sax2/SAX2XMLReader.hpp>
-#include <xercesc/sax2/XMLReaderFactory.hpp>
 #include <xercesc/util/BinInputStream.hpp>
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/XMLException.hpp>
-#include <xercesc/util/XMLUni.hpp>
 
 #include "zntopo/platform/tvxpl/TvXplStr.h"
 #include "zntopo/platform/tvxpl/XmlLibrary.h"
@@ -168,21 +166,6 @@ class Relay : public xml::DefaultHandler {
   std::u16string text_;
 };
 
-std::unique_ptr<xml::SAX2XMLReader> makeReader(Relay& relay) {
-  std::unique_ptr<xml::SAX2XMLReader> reader(xml::XMLReaderFactory::createXMLReader());
-  reader->setFeature(xml::XMLUni::fgSAX2CoreNameSpaces, true);
-  reader->setFeature(xml::XMLUni::fgSAX2CoreValidation, false);
-  reader->setFeature(xml::XMLUni::fgXercesSchema, false);
-  reader->setFeature(xml::XMLUni::fgXercesLoadSchema, false);
-  reader->setFeature(xml::XMLUni::fgXercesLoadExternalDTD, false);
-  reader->setFeature(xml::XMLUni::fgXercesDisableDefaultEntityResolution, true);
-  reader->setContentHandler(&relay);
-  reader->setLexicalHandler(&relay);
-  reader->setEntityResolver(&relay);
-  reader->setErrorHandler(&relay);
-  return reader;
-}
-
 }  // namespace
 
 SAXParser_t::SAXParser_t() { startXmlLibrary(); }
@@ -192,7 +175,7 @@ SAXParser_t::~SAXParser_t() { stopXmlLibrary(); }
 void SAXParser_t::Parse(const SAX::InputSource_t& source) {
   Relay relay(handler_);
   try {
-    const auto reader = makeReader(relay);
+    const auto reader = makeXmlReader(relay);
     reader->parse(Source(source.GetStream()));
   } catch (const xml::SAXException& error) {
     fail(TvXplStr::narrow(error.getMessage()));

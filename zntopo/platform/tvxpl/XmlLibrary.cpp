@@ -3,6 +3,7 @@
 #include <mutex>
 #include <stdexcept>
 #include <string>
+#include <xercesc/sax2/XMLReaderFactory.hpp>
 #include <xercesc/util/PanicHandler.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLException.hpp>
@@ -52,6 +53,21 @@ void startXmlLibrary() {
 void stopXmlLibrary() {
   const std::lock_guard lock(libraryMutex());
   xml::XMLPlatformUtils::Terminate();
+}
+
+std::unique_ptr<xml::SAX2XMLReader> makeXmlReader(xml::DefaultHandler& listener) {
+  std::unique_ptr<xml::SAX2XMLReader> reader(xml::XMLReaderFactory::createXMLReader());
+  reader->setFeature(xml::XMLUni::fgSAX2CoreNameSpaces, true);
+  reader->setFeature(xml::XMLUni::fgSAX2CoreValidation, false);
+  reader->setFeature(xml::XMLUni::fgXercesSchema, false);
+  reader->setFeature(xml::XMLUni::fgXercesLoadSchema, false);
+  reader->setFeature(xml::XMLUni::fgXercesLoadExternalDTD, false);
+  reader->setFeature(xml::XMLUni::fgXercesDisableDefaultEntityResolution, true);
+  reader->setContentHandler(&listener);
+  reader->setLexicalHandler(&listener);
+  reader->setEntityResolver(&listener);
+  reader->setErrorHandler(&listener);
+  return reader;
 }
 
 }  // namespace TvXplXml

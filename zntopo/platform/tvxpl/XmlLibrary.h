@@ -1,5 +1,9 @@
 #pragma once
 
+#include <memory>
+#include <xercesc/sax2/DefaultHandler.hpp>
+#include <xercesc/sax2/SAX2XMLReader.hpp>
+
 /// @file
 /// The life of the XML library Xerces-C in this process.
 
@@ -23,5 +27,10 @@ class XmlLibraryUse {
   XmlLibraryUse(const XmlLibraryUse&) = delete;
   XmlLibraryUse& operator=(const XmlLibraryUse&) = delete;
 };
+
+/// A reader of documents that tells a listener all it meets. It validates nothing, and reads
+/// nothing by itself but its source. The library has to be started, and the listener outlives the
+/// reader.
+std::unique_ptr<xercesc::SAX2XMLReader> makeXmlReader(xercesc::DefaultHandler& listener);
 
 }  // namespace TvXplXml
