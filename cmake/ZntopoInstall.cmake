@@ -15,6 +15,7 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/zntopo/
   PATTERN "store" EXCLUDE
   PATTERN "connectivity" EXCLUDE
   PATTERN "TopoFilt*.h" EXCLUDE
+  PATTERN "TrimUnneededWhiteSpace.h" EXCLUDE
   PATTERN "XMLParseHandler.h" EXCLUDE
   PATTERN "FilterNamespace.h" EXCLUDE
   PATTERN "TopologyGateway.h" EXCLUDE
