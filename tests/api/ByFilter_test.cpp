@@ -236,9 +236,7 @@ TEST_P(ByFilterTest, SubnetsAreThoseWithAnAddressOfTheirOwn) {
   EXPECT_THAT(subnets(ofLevel(ZNEntity::IPv6)), ElementsAre("s6"));
   EXPECT_THAT(subnets(named("10.%")), ElementsAre("s4"));
   EXPECT_THAT(subnets(named("")), IsEmpty()) << "an empty name is looked for";
-  ZNTopoFilter scoped;
-  scoped.setV6ScopeType(static_cast<InetAddressIPv6::ScopeType>(3));
-  EXPECT_THAT(subnets(scoped), ElementsAre("s6"));
+  EXPECT_THAT(subnets(ofScope(InetAddressIPv6::Global)), ElementsAre("s6"));
   EXPECT_TRUE(status.isOK());
 }
 
@@ -298,9 +296,7 @@ TEST_P(ByFilterTest, AddressesHaveATypeATextALevelAndAScope) {
   EXPECT_THAT(addresses(withAddress("10.0.0", ZNAddress::IPv4)), IsEmpty());
   EXPECT_THAT(addresses(withAddress("2001:db8:%", ZNAddress::IPv6)), ElementsAre("a6"));
   EXPECT_THAT(addresses(ofLevel(ZNEntity::IPv4)), UnorderedElementsAre("a4", "b4"));
-  ZNTopoFilter scoped;
-  scoped.setV6ScopeType(static_cast<InetAddressIPv6::ScopeType>(3));
-  EXPECT_THAT(addresses(scoped), ElementsAre("a6"));
+  EXPECT_THAT(addresses(ofScope(InetAddressIPv6::Global)), ElementsAre("a6"));
   EXPECT_TRUE(status.isOK());
 }
 

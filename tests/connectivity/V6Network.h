@@ -3,6 +3,7 @@
 #include <string>
 
 #include "tests/connectivity/Network.h"
+#include "tests/support/AttributeFilters.h"
 
 /// @file
 /// IPv6 networks in a store for the tests of subnet connectivity.
@@ -11,16 +12,6 @@ namespace zntopo::test {
 
 /// A filter that ignores all fields.
 inline ZNTopoFilter anySubnet() { return {}; }
-inline ZNTopoFilter ofScope(InetAddressIPv6::ScopeType scope) {
-  ZNTopoFilter filter;
-  filter.setV6ScopeType(scope);
-  return filter;
-}
-inline ZNTopoFilter ofLevel(ZNEntity::IPLevel level) {
-  ZNTopoFilter filter;
-  filter.setIPLevel(level);
-  return filter;
-}
 
 /// Fills a store. The interface of a node on a subnet is called "node/subnet", its address
 /// "node/subnet/address".

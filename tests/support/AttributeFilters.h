@@ -23,6 +23,12 @@ inline ZNTopoFilter ofLevel(ZNEntity::IPLevel level) {
   return filter;
 }
 
+inline ZNTopoFilter ofScope(InetAddressIPv6::ScopeType scope) {
+  ZNTopoFilter filter;
+  filter.setV6ScopeType(scope);
+  return filter;
+}
+
 inline ZNTopoFilter ofKind(EntityType kind) {
   ZNTopoFilter filter;
   filter.setEntityType(kind);
