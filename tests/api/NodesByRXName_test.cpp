@@ -2,7 +2,7 @@
 
 #include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
-#include "tests/support/ObjectTexts.h"
+#include "tests/support/FilterConfiguration.h"
 
 namespace zntopo::test {
 namespace {
@@ -21,9 +21,8 @@ class NodesByRXNameTest : public ApiTest {
   std::vector<std::string> find(const std::string& pattern, int rd = -1) {
     ZNTopoAPI_Impl::cache()->clear(true);
     std::vector<std::string> names;
-    for (const auto& node : *impl.getNodesByRXName(pattern, status, rd)) {
-      names.push_back(node->getName());
-    }
+    const auto found = impl.getNodesByRXName(pattern, status, rd);
+    for (const auto& node : *found) names.push_back(node->getName());
     return names;
   }
 
@@ -39,6 +38,8 @@ class NodesByRXNameTest : public ApiTest {
     EXPECT_EQ(status.getStatus(), code);
     EXPECT_EQ(status.getAuxMsg(), text + "\n");
   }
+
+  const FilterConfiguration configuration{"etc", ZNTOPO_SOURCE_DIR "/data/filter"};
 };
 ZNTOPO_ON_ENGINES(NodesByRXNameTest, kMainEngines);
 

@@ -39,7 +39,8 @@ TEST_F(TopoFilterDefinitionsTest, EachWayLoadsIntoTheSameInstance) {
   EXPECT_EQ(status.getAuxMsg(), "");
   const auto names = api.getDefaultFileFilterName(status);
   EXPECT_THAT(names, UnorderedElementsAre(Key("up"), Key("upAndNamed"), Key("text"), Key("file")));
-  for (const auto& [name, value] : names) EXPECT_EQ(value, std::pair(E_Node, std::string())) << name;
+  for (const auto& [name, value] : names)
+    EXPECT_EQ(value, std::pair(E_Node, std::string())) << name;
 }
 
 TEST_F(TopoFilterDefinitionsTest, FiltersBelongToTheirInstance) {

@@ -2,11 +2,13 @@
 
 #include "tests/operations/Operations.h"
 #include "tests/support/CachePeer.h"
+#include "tests/support/FilterConfiguration.h"
 
 namespace zntopo::test {
 
-/// A network of a size in a store, and an empty cache whose clock stands still, so that the state
-/// row is read when the cache is cleared and at no other time.
+/// A network of a size in a store, the language of filters where it is looked for, and an empty
+/// cache whose clock stands still, so that the state row is read when the cache is cleared and at
+/// no other time.
 class OperationTest : public ApiTest {
  protected:
   static long stillClock() { return 1000000; }
@@ -28,6 +30,7 @@ class OperationTest : public ApiTest {
     impl.validate(status);
   }
 
+  const FilterConfiguration filters{"etc", ZNTOPO_SOURCE_DIR "/data/filter"};
   ZNTopoAPI api;
 };
 
