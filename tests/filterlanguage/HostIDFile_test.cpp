@@ -99,12 +99,15 @@ TEST_P(HostIDFileTest, OnlyAPlainNameOfAFileIsTaken) {
   }
 }
 
-TEST_P(HostIDFileTest, ANameThatACommentCutsIsRefused) {
+TEST_P(HostIDFileTest, NoFileIsReadThatWasNotValidated) {
   writeHosts("ho", "<name>core-1</name>");
-  writeHosts("hosts.xml", "<name>core-2</name>");
-  std::string told;
-  EXPECT_NE(refusal(document(nodeFilter("<HostIDFile>ho<!-- cut -->sts.xml</HostIDFile>")), &told),
-            ZN_API_SUCCESS);
+  config_.write("hosts.xml", document(""));
+  for (const char* name : {"ho<!-- cut -->sts.xml", "ho&#115;ts.xml", "ho<![CDATA[sts]]>.xml",
+                           "ho<?cut?>sts.xml"}) {
+    EXPECT_NE(refusal(document(nodeFilter(std::string("<HostIDFile>") + name + "</HostIDFile>"))),
+              ZN_API_SUCCESS)
+        << name;
+  }
 }
 
 }  // namespace

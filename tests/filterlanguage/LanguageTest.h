@@ -10,6 +10,7 @@
 #include "tests/support/Scratch.h"
 #include "tests/support/TestStore.h"
 #include "zntopo/filter/TopoFiltHandler.h"
+#include "zntopo/filter/XMLUtil.h"
 
 /// @file
 /// The language of filters on a store: documents go through the library, and what they select is
@@ -82,6 +83,12 @@ class LanguageTest : public StoreTest {
 
   FilterConfig config_;
   OpenFilters filters_;
+
+ private:
+  bool isStarted_ = false;
+  std::string error_;
+  /// Keeps the XML libraries started.
+  XMLUtil xml_{isStarted_, error_};
 };
 
 }  // namespace zntopo::test
