@@ -100,8 +100,8 @@ TEST_P(ColumnsTest, ATestComparesTheColumnThatThePageNames) {
     if (row[2].empty() || row[2].find('`') != std::string::npos) continue;
     columns[row[0]] = row[2];
     definitions += "<" + kind + " name=\"" + row[0] + "\"><operator oper=\"NOOP\"><attribute><" +
-                   row[0] + ">" + sampleOf(row[1]) + "</" + row[0] +
-                   "></attribute></operator></" + kind + ">";
+                   row[0] + ">" + sampleOf(row[1]) + "</" + row[0] + "></attribute></operator></" +
+                   kind + ">";
   }
   const FilterConfig config;
   OpenFilters filters;

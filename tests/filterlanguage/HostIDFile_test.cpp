@@ -39,6 +39,11 @@ class HostIDFileTest : public LanguageTest {
 
 ZNTOPO_ON_ENGINES(HostIDFileTest, kMainEngines);
 
+/// Of lists that never come near a store.
+class RefusedHostIDFileTest : public HostIDFileTest {};
+
+ZNTOPO_ON_ENGINES(RefusedHostIDFileTest, kSqlite);
+
 TEST_P(HostIDFileTest, HostsAreNamesPatternsAddressesAndIdentifiers) {
   EXPECT_EQ(listed("<name>core-1</name><name>edge-2</name>"), (Ids{uuid(1), uuid(4)}));
   EXPECT_EQ(listed("<name>core-*</name>"), (Ids{uuid(1), uuid(2)}));
@@ -77,7 +82,7 @@ TEST_P(HostIDFileTest, AListIsATestLikeAnyOther) {
             Ids{uuid(1, 'b')});
 }
 
-TEST_P(HostIDFileTest, AFileThatIsNoListOfHostsIsRefused) {
+TEST_P(RefusedHostIDFileTest, AFileThatIsNoListOfHostsIsRefused) {
   const std::string xml = document(nodeFilter("<HostIDFile>hosts.xml</HostIDFile>"));
   EXPECT_EQ(refusal(xml), ZN_API_XML_FILTER_VALIDATION_ERROR);
   for (const std::string& hosts : std::vector<std::string>{
@@ -89,7 +94,7 @@ TEST_P(HostIDFileTest, AFileThatIsNoListOfHostsIsRefused) {
   EXPECT_EQ(refusal(xml), ZN_API_XML_FILTER_VALIDATION_ERROR);
 }
 
-TEST_P(HostIDFileTest, OnlyAPlainNameOfAFileIsTaken) {
+TEST_P(RefusedHostIDFileTest, OnlyAPlainNameOfAFileIsTaken) {
   for (const char* name :
        {"", "/etc/passwd", "../hosts.xml", "..", ".", ".hidden", " hosts.xml", "hosts.xml ", "a/b",
         "a%2fb", "a:b", "a b", "http://127.0.0.1/hosts.xml", "file:///etc/passwd", "a#b", "a?b"}) {
@@ -99,11 +104,11 @@ TEST_P(HostIDFileTest, OnlyAPlainNameOfAFileIsTaken) {
   }
 }
 
-TEST_P(HostIDFileTest, NoFileIsReadThatWasNotValidated) {
+TEST_P(RefusedHostIDFileTest, NoFileIsReadThatWasNotValidated) {
   writeHosts("ho", "<name>core-1</name>");
   config_.write("hosts.xml", document(""));
-  for (const char* name : {"ho<!-- cut -->sts.xml", "ho&#115;ts.xml", "ho<![CDATA[sts]]>.xml",
-                           "ho<?cut?>sts.xml"}) {
+  for (const char* name :
+       {"ho<!-- cut -->sts.xml", "ho&#115;ts.xml", "ho<![CDATA[sts]]>.xml", "ho<?cut?>sts.xml"}) {
     EXPECT_NE(refusal(document(nodeFilter(std::string("<HostIDFile>") + name + "</HostIDFile>"))),
               ZN_API_SUCCESS)
         << name;
