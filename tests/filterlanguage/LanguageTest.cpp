@@ -114,12 +114,16 @@ int LanguageTest::refusal(const std::string& xml, std::string* told) {
 }
 
 Ids LanguageTest::selected(const std::string& name) {
+  TvXplMsg::MessageList_t messages;
+  ZNTopoAPIStatus status;
   EntityType type = E_Unknown;
   EXPECT_EQ(filters_.getFilterObjType(name, type), 0) << name;
-  Ids ids = rows((type == E_Node        ? "select NODE.objid from nwnode NODE where"
-                  : type == E_Interface ? "select IF.objid from nwinterface IF where"
-                                        : "select ADDR.addressid from address ADDR where") +
-                 filters_.condition(name));
+  const auto found = type == E_Address ? filters_.ExecAddressFilter(messages, name, status)
+                                       : filters_.ExecFilter(messages, name, status);
+  EXPECT_TRUE(status.isOK()) << name << ": " << messages.Format(TvXplMsg::fRecurse_k) << "\n"
+                             << filters_.condition(name);
+  Ids ids;
+  for (const ObjID& id : *found) ids.push_back(id.getStrValue());
   std::sort(ids.begin(), ids.end());
   EXPECT_EQ(std::adjacent_find(ids.begin(), ids.end()), ids.end()) << name << " gives one twice";
   return ids;
