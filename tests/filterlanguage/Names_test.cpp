@@ -48,7 +48,6 @@ std::vector<std::string> randomNames(std::size_t count, unsigned seed) {
   return {names.begin(), names.end()};
 }
 
-// On PostgreSQL, where a text with a "\" that is a literal there, too, would be another.
 TEST_P(NamesTest, EachOfAThousandRandomNamesSelectsExactlyTheNodeThatBearsIt) {
   const std::vector<std::string> names = randomNames(1000, 7);
   addNodes(names);
