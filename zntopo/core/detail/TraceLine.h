@@ -1,34 +1,36 @@
 #pragma once
 
-#include <source_location>
 #include <string>
 #include <string_view>
 #include <type_traits>
 
 #include "zntopo/core/Trace.h"
+#include "zntopo/core/detail/OperationScope.h"
 
 namespace zntopo::detail {
 
-/// The name of a source file as the trace quotes it: "../ZNTopoCache".
-inline std::string tracedFile(std::string_view path) {
-  path.remove_prefix(path.rfind('/') + 1);
-  return "../" + std::string(path.substr(0, path.rfind('.')));
-}
+/// A category of the trace, and the place that the trace quotes: that of the call.
+struct TracedCategory {
+  consteval TracedCategory(int category,  // NOLINT(google-explicit-constructor)
+                           std::string_view path = __builtin_FILE(), int line = __builtin_LINE())
+      : number(category), place("", path, line) {}
+
+  int number;
+  TracedBlock place;
+};
 
 /// Traces a text, or what a function gives for one, which is only called if somebody listens.
 template <typename Text>
-void traceLine(int category, const Text& text,
-               const std::source_location& place = std::source_location::current()) {
+void traceLine(const TracedCategory& category, const Text& text) {
   const TvXplTrc::TraceObj_t& trace = topoSvcProcObj;
-  if (!trace.IsActive(category)) return;
+  if (!trace.IsActive(category.number)) return;
   std::string line;
   if constexpr (std::is_invocable_v<const Text&>) {
     line = text();
   } else {
     line = text;
   }
-  trace.DoTrace(category, line.c_str(), tracedFile(place.file_name()).c_str(),
-                static_cast<int>(place.line()));
+  trace.DoTrace(category.number, line.c_str(), category.place.file, category.place.line);
 }
 
 }  // namespace zntopo::detail

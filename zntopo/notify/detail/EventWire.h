@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <span>
 #include <string>
 
@@ -68,6 +69,10 @@ struct WireEvent {
   const char* success;  ///< traced when it is sent
   std::array<Position, N> positions;
 };
+
+// Not every compiler deduces this of an aggregate.
+template <std::size_t N>
+WireEvent(int, ZNTopoStatus, const char*, std::array<Position, N>) -> WireEvent<N>;
 
 inline constexpr const char* kStatusSuccess = "Status Change Event Successfully Generated";
 
