@@ -147,14 +147,12 @@ TEST_P(StoreAccessTest, TheHandlerCanEndTheReading) {
   int rows = 0;
   EXPECT_TRUE(access.run(kSql, kNode, [&](const Row&) { return ++rows < 2; }));
   EXPECT_EQ(rows, 2);
-  EXPECT_EQ(access.rowCount(), 2);
   EXPECT_EQ(access.lastCode(), TvDbil::DBIL_SUCCESS);
 }
 
 TEST_P(StoreAccessTest, TheEndOfTheRowsIsTold) {
   StoreAccess access(status_, kTexts);
   EXPECT_TRUE(access.run(kSql, kNode, [](const Row&) { return true; }));
-  EXPECT_EQ(access.rowCount(), 0);
   EXPECT_EQ(access.lastCode(), TvDbil::DBIL_NO_DATA);
 }
 
@@ -259,8 +257,9 @@ TEST_P(StoreAccessTest, AnAccessHoldsItsConnectionWhileOthersGoOn) {
   ASSERT_TRUE(outer.run(kSql, kNode, [](const Row&) { return false; }));
   EXPECT_THAT(read(), ElementsAre("n1", "n2"));
   EXPECT_EQ(ZNDBTestAccess::connectionCount(), 2);
-  EXPECT_TRUE(outer.run(kSql, kNode, [](const Row&) { return true; }));
-  EXPECT_EQ(outer.rowCount(), 2);
+  int rows = 0;
+  EXPECT_TRUE(outer.run(kSql, kNode, [&](const Row&) { return ++rows > 0; }));
+  EXPECT_EQ(rows, 2);
 }
 
 TEST_P(StoreAccessTest, AnAccessWorksOnTheHolderThatItIsGiven) {
@@ -271,8 +270,9 @@ TEST_P(StoreAccessTest, AnAccessWorksOnTheHolderThatItIsGiven) {
   }
   EXPECT_TRUE(holder.InTransaction());
   StoreAccess reading(holder, status_, kTexts);
-  EXPECT_TRUE(reading.run(kSql, kNode, [](const Row&) { return true; }));
-  EXPECT_EQ(reading.rowCount(), 1);
+  int rows = 0;
+  EXPECT_TRUE(reading.run(kSql, kNode, [&](const Row&) { return ++rows > 0; }));
+  EXPECT_EQ(rows, 1);
   EXPECT_EQ(ZNDBTestAccess::connectionCount(), 1);
 }
 

@@ -148,6 +148,8 @@ void StatementSpy::succeed() {
 #define ZNTOPO_SPY_BIND_TEXT _ZN6TvDbil13DbStatement_t10BindColumnERN8TvXplMsg13MessageList_tEiPcPii
 #define ZNTOPO_SPY_BIND_INT _ZN6TvDbil13DbStatement_t10BindColumnERN8TvXplMsg13MessageList_tEiPiS4_
 #define ZNTOPO_SPY_BIND_FLOAT _ZN6TvDbil13DbStatement_t10BindColumnERN8TvXplMsg13MessageList_tEiPfPi
+#define ZNTOPO_SPY_PARM_INT _ZN6TvDbil13DbStatement_t8BindParmERN8TvXplMsg13MessageList_tEiPKib
+#define ZNTOPO_SPY_PARM_TEXT _ZN6TvDbil13DbStatement_t8BindParmERN8TvXplMsg13MessageList_tEiPcb
 #define ZNTOPO_SPY_EXEC _ZN6TvDbil13DbStatement_t4ExecERN8TvXplMsg13MessageList_tE
 #define ZNTOPO_SPY_FETCH _ZN6TvDbil13DbStatement_t5FetchERN8TvXplMsg13MessageList_tE
 
@@ -196,6 +198,26 @@ DbilReturnCode_t ZNTOPO_SPY_WRAP(ZNTOPO_SPY_BIND_FLOAT)(DbStatement_t* statement
                                                         float* value, int* indicator) {
   return step(StatementSpy::BindColumn, statement, messages, column, [&] {
     return ZNTOPO_SPY_REAL(ZNTOPO_SPY_BIND_FLOAT)(statement, messages, column, value, indicator);
+  });
+}
+
+DbilReturnCode_t ZNTOPO_SPY_REAL(ZNTOPO_SPY_PARM_INT)(DbStatement_t*, MessageList_t&, int,
+                                                      const int*, bool);
+DbilReturnCode_t ZNTOPO_SPY_WRAP(ZNTOPO_SPY_PARM_INT)(DbStatement_t* statement,
+                                                      MessageList_t& messages, int position,
+                                                      const int* value, bool isNull) {
+  return step(StatementSpy::BindParm, statement, messages, position, [&] {
+    return ZNTOPO_SPY_REAL(ZNTOPO_SPY_PARM_INT)(statement, messages, position, value, isNull);
+  });
+}
+
+DbilReturnCode_t ZNTOPO_SPY_REAL(ZNTOPO_SPY_PARM_TEXT)(DbStatement_t*, MessageList_t&, int, char*,
+                                                       bool);
+DbilReturnCode_t ZNTOPO_SPY_WRAP(ZNTOPO_SPY_PARM_TEXT)(DbStatement_t* statement,
+                                                       MessageList_t& messages, int position,
+                                                       char* text, bool isNull) {
+  return step(StatementSpy::BindParm, statement, messages, position, [&] {
+    return ZNTOPO_SPY_REAL(ZNTOPO_SPY_PARM_TEXT)(statement, messages, position, text, isNull);
   });
 }
 

@@ -18,7 +18,7 @@ namespace zntopo::test {
 /// when the store is filled, or call clear(). Several threads may execute statements meanwhile.
 class StatementSpy {
  public:
-  enum Step { BindSql, BindColumn, Exec, Fetch };
+  enum Step { BindSql, BindColumn, BindParm, Exec, Fetch };
 
   StatementSpy();
   ~StatementSpy();
@@ -32,7 +32,7 @@ class StatementSpy {
 
   /// From now on a step of each statement with this text in it answers with a code, without being
   /// carried out.
-  /// @param from the columns or rows before this number, which counts from 1, go well.
+  /// @param from the columns, parameters or rows before this number, which counts from 1, go well.
   void fail(Step step, const std::string& textInStatement,
             TvDbil::DbilReturnCode code = TvDbil::DBIL_ERROR, int from = 1);
   /// From now on a step of such statements is carried out and then answers with a code.

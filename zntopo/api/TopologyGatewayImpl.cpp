@@ -1,9 +1,7 @@
-#include <algorithm>
-#include <limits>
-
 #include "zntopo/api/ZNTopoAPIDefaultFactory.h"
 #include "zntopo/api/ZNTopoAPIImplFactory.h"
 #include "zntopo/api/ZNTopoAPI_Impl.h"
+#include "zntopo/api/detail/StoreTime.h"
 #include "zntopo/core/detail/Failure.h"
 #include "zntopo/model/TopologyGateway.h"
 #include "zntopo/notify/TopoNotificationClientFactory.h"
@@ -13,12 +11,6 @@
 namespace zntopo {
 
 namespace {
-
-/// A time as the store holds it.
-int storeTime(long seconds) {
-  return static_cast<int>(
-      std::clamp<long>(seconds, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
-}
 
 /// What topology objects ask of the API. Implementations and facades are made for one call.
 class TopologyGatewayImpl : public TopologyGateway {
@@ -30,7 +22,7 @@ class TopologyGatewayImpl : public TopologyGateway {
   ZNTopoAPIStatus setEntityStatus(TopoDBType dbType, const ObjID& id, int newStatus,
                                   long statusChangeTimeUTC, ZNEntity::EntityStatusType statusType,
                                   EntityType entityType) override {
-    return ZNTopoAPI_Impl(dbType).setEntityStatus(id, newStatus, storeTime(statusChangeTimeUTC),
+    return ZNTopoAPI_Impl(dbType).setEntityStatus(id, newStatus, detail::storeTime(statusChangeTimeUTC),
                                                   statusType, entityType);
   }
 

@@ -75,15 +75,7 @@ ZNTopologyState ZNTopoAPI_Impl::getTopologyState(ZNTopoAPIStatus& theStatus) {
   return cache()->getTopologyState(theStatus);
 }
 
-ZNTopoStatus ZNTopoAPI_Impl::refreshTopology(ZNTopoAPIStatus& /*theStatus*/) {
-  return ZN_API_NOT_SUPPORTED_OPERATION;
-}
-
 bool ZNTopoAPI_Impl::isCacheValid() const { return cache()->isAddressIDMapValid(); }
-
-void ZNTopoAPI_Impl::clearCache() { cache()->clear(true); }
-
-long ZNTopoAPI_Impl::getCacheTimeStamp() const { return cache()->getTimeStamp(); }
 
 bool ZNTopoAPI_Impl::validate(ZNTopoAPIStatus& theStatus) {
   if (dbType_ == WorkingDB) return true;

@@ -19,6 +19,10 @@
 
 namespace zntopo {
 
+namespace detail {
+struct TracedBlock;
+}  // namespace detail
+
 /// All query code on the tables of one set, behind the facade ZNTopoAPI, which tells what its
 /// operations do. Its base are the names of the tables of its set.
 ///
@@ -82,22 +86,33 @@ class ZNTopoAPI_Impl : protected TableSet {
   /// An empty pointer: there is no dump of the cache's contents.
   std::unique_ptr<std::list<std::string>> dumpCache() const;
   ZNTopologyState getTopologyState(ZNTopoAPIStatus& theStatus);
-  ZNTopoStatus refreshTopology(ZNTopoAPIStatus& theStatus);
   bool isCacheValid() const;
+
+  // The cache as a whole and its objects in their place: ZNTopoAPI_CacheUpdate.cpp,
+  // ZNTopoAPI_Preload.cpp.
+  ZNTopoStatus refreshTopology(ZNTopoAPIStatus& theStatus);
   void clearCache();
   /// The store's TOPOLOGYREADYCHANGETIME that the cache belongs to, seconds; 0 if unknown.
   long getCacheTimeStamp() const;
-
-  // Later floors of the cache: ZNTopoAPI_NotYet.cpp.
+  /// Loads kinds of objects of the active tables as wholes, containers, VLANs and HSRP groups
+  /// first; pauses for a second after VLANs and after HSRP groups. Ends at the first failure.
   ZNTopoAPIStatus preLoadTopoCache(bool loadSwitchNode, bool loadRouterNode, bool loadVlan,
                                    bool loadHSRP, bool loadConnectedInterfaces, bool loadIfcs);
+  /// Changes a status of a cached node, interface, subnet or, by legacy identifier only, of a
+  /// monitored address; an HSRP group, by topology identifier only, leaves the cache instead. What
+  /// is not cached is no error. ZN_API_NOT_SUPPORTED_OPERATION for everything else.
+  /// @param statusChangeTimeUTC of entities: now, unless it is above 0.
   void updateCacheObjectStatus(const ObjID& theObjID, bool isAddress, EntityType theEntityType,
                                int tvwStatus, long statusChangeTimeUTC,
                                ZNEntity::EntityStatusType entStatusType, ZNTopoAPIStatus& theStatus,
                                bool isQRMID);
+  /// Changes an attribute of a cached interface, HSRP group or address, or, whatever the attribute,
+  /// the SNMP state of a cached node. The status tells nothing: it is reset.
+  /// @param theAddrID of HSRP groups: the address of the members that change.
   void updateCacheObjectAttribute(const ObjID& objIDArg, EntityType theEntType,
                                   TopologyAttributeType theAttrType, int theAttrVal,
                                   const ObjID& theAddrID, ZNTopoAPIStatus& theStatus);
+  /// Does nothing.
   void refreshCacheObject(const ObjID& theObjID, bool isAddress, EntityType theEntityType,
                           int tvwStatus, long statusChangeTimeUTC, ZNTopoAPIStatus& theStatus);
   static void release();
@@ -253,7 +268,9 @@ class ZNTopoAPI_Impl : protected TableSet {
   /// An empty pointer: there is never a next page. The status stays as it is.
   OwnedIDList getAddressIDsByFilterNext(ZNTopoAPIStatus& theStatus);
 
-  // Updates of the store. They touch neither the cache nor an object, and tell nobody.
+  // Updates of the store: ZNTopoAPI_Update.cpp. They touch neither the cache nor an object, and
+  // tell nobody. That no row has the identifier is no failure; nor is that the change could not be
+  // committed, which the log tells.
   ZNTopoAPIStatus setHSRPAddressInfo(const ZNHSRPAddressInfo& anInfo);
   ZNTopoAPIStatus setNWInterfaceState(const ObjID& theObjID, int newAttrVal, int attributeType);
   ZNTopoAPIStatus setAddressState(const ObjID& theObjID, int newAttrVal);
@@ -262,6 +279,7 @@ class ZNTopoAPI_Impl : protected TableSet {
                                   ZNEntity::EntityStatusType statType, EntityType entType);
   ZNTopoAPIStatus setL2DomainIdOfNode(ZNNode& aNode, int& id);
   ZNTopoAPIStatus setL2DomainIdOfInterface(ZNInterface& aInterface, int& id);
+  /// In nwifcasc, whichever the table set, and without a look at readiness.
   ZNTopoAPIStatus setNWIfcAssocInfoState(const ObjID& leftIfcObjID, const ObjID& rightIfcObjID,
                                          int assocType, int state);
 
@@ -378,6 +396,11 @@ class ZNTopoAPI_Impl : protected TableSet {
   /// Has the filters' handler load definitions, and tells the status of a failure.
   template <typename Load>
   int loadFilters(ZNTopoAPIStatus& theStatus, const Load& load);
+
+  enum class UpdateLog { Plain, WithTableSet };
+
+  /// The course of all updates of the store but that of associations: ZNTopoAPI_Update.cpp.
+  ZNTopoAPIStatus update(const detail::TracedBlock& member, UpdateLog log, const std::string& sql);
 
   /// What differs between the requests for VLANs, containers and HSRP groups.
   template <typename T>

@@ -17,10 +17,14 @@ namespace {
 /// The rendered list goes through a buffer of this size, its closing NUL included.
 constexpr std::size_t kErrorListBuffer = 3000;
 
-void logLine(const LogLine& line, const std::string& sql, DbilReturnCode_t code) {
+void logLine(const LogLine& line, const std::string& sql,
+             const std::vector<DbilReturnCode_t>& codes) {
   if (!line.text || !MCLog::isHeard(line.level)) return;
-  const std::string withCode = filledIn(line.text, "%d", std::to_string(static_cast<int>(code)));
-  MCLog::log(line.level, "%s", filledIn(withCode, "%s", sql).c_str());
+  std::string text = line.text;
+  for (const DbilReturnCode_t code : codes) {
+    text = filledIn(text, "%d", std::to_string(static_cast<int>(code)));
+  }
+  MCLog::log(line.level, "%s", filledIn(text, "%s", sql).c_str());
 }
 
 void tellErrorList(ErrorList where, const MessageList_t& messages, ZNTopoAPIStatus& status) {
@@ -76,8 +80,8 @@ void StoreAccess::connect() {
 }
 
 void StoreAccess::report(const AccessFailure& failure, DbilReturnCode_t code) {
-  logLine(failure.log, sql_, code);
-  logLine(failure.secondLog, sql_, code);
+  logLine(failure.log, sql_, {code});
+  logLine(failure.secondLog, sql_, {code});
   status_.setStatus(failure.status);
   if (failure.text) status_.addAuxMsg(failure.withSql ? failure.text + sql_ : failure.text);
   tellErrorList(failure.errorList, messages_, status_);
@@ -86,7 +90,6 @@ void StoreAccess::report(const AccessFailure& failure, DbilReturnCode_t code) {
 bool StoreAccess::prepare(const std::string& sql) {
   if (!connected_) return false;
   sql_ = sql;
-  rowCount_ = 0;
   logLine(texts_.preparing, sql_, {});
   statement_.emplace(messages_, holder_->getDbConnection());
   lastCode_ = statement_->BindSql(messages_, sql_.c_str());
@@ -95,18 +98,25 @@ bool StoreAccess::prepare(const std::string& sql) {
   return false;
 }
 
+DbilReturnCode_t StoreAccess::bindParameter(const Parameter& parameter, int position) {
+  if (!parameter.text) {
+    return statement_->BindParm(messages_, position, parameter.integer, !parameter.integer);
+  }
+  // The platform takes a text that it may change and only reads it.
+  return statement_->BindParm(messages_, position, const_cast<char*>(parameter.text), false);
+}
+
 bool StoreAccess::bindParameters(const std::vector<Parameter>& parameters) {
   if (!statement_) return false;
-  for (std::size_t i = 0; i < parameters.size(); ++i) {
-    const Parameter& parameter = parameters[i];
-    const int position = static_cast<int>(i) + 1;
-    // The platform takes a text that it may change and only reads it.
-    lastCode_ = parameter.text ? statement_->BindParm(messages_, position,
-                                                      const_cast<char*>(parameter.text), false)
-                               : statement_->BindParm(messages_, position, parameter.integer,
-                                                      parameter.integer == nullptr);
-    if (lastCode_ == TvDbil::DBIL_SUCCESS) continue;
-    report(texts_.parameter, lastCode_);
+  std::vector<DbilReturnCode_t> codes(parameters.size());
+  for (std::size_t i = parameters.size(); i-- > 0;) {
+    codes[i] = bindParameter(parameters[i], static_cast<int>(i) + 1);
+  }
+  logLine(texts_.parametersBound, sql_, codes);
+  for (const DbilReturnCode_t code : codes) {
+    lastCode_ = code;
+    if (code == TvDbil::DBIL_SUCCESS) continue;
+    report(texts_.parameter, code);
     return false;
   }
   return true;
@@ -147,7 +157,7 @@ bool StoreAccess::exec() {
     report(texts_.exec, lastCode_);
     return false;
   }
-  logLine(texts_.executed, sql_, lastCode_);
+  logLine(texts_.executed, sql_, {lastCode_});
   return true;
 }
 
@@ -157,7 +167,6 @@ void StoreAccess::fetch(const RowHandler& onRow) {
     std::fill(row_->indicators_.begin(), row_->indicators_.end(), 0);
     lastCode_ = statement_->Fetch(messages_);
     if (!isGood(lastCode_, texts_.infoIsRow)) return;
-    ++rowCount_;
   } while (onRow(*row_) && !texts_.fetchesOnce);
 }
 

@@ -97,8 +97,8 @@ struct Parameter {
 
 // ---- what differs between the statements ----------------------------------------------------
 
-/// A line for the log. "%s" in it stands for the SQL, "%d" for the platform's return code.
-/// Without a text nothing is logged.
+/// A line for the log. "%s" in it stands for the SQL, "%d" for the platform's return code, and
+/// several "%d" for several codes in their order. Without a text nothing is logged.
 struct LogLine {
   const char* text = nullptr;
   MCDebugLevel level = MC_INFO;
@@ -135,6 +135,8 @@ struct AccessTexts {
   AccessFailure exec = {ZN_API_SQL_EXEC_ERROR, "Problem Executing SQL Command"};
   /// Logged with the connection in hand, before the statement is prepared.
   LogLine preparing = {};
+  /// Logged when every parameter was tried, with their codes in order.
+  LogLine parametersBound = {};
   /// Logged just before and after a good execution.
   LogLine executing = {};
   LogLine executed = {};
@@ -181,6 +183,7 @@ class StoreAccess {
 
   // The steps on their own, for statements of another shape. Each is false after it reported.
   bool prepare(const std::string& sql);
+  /// Tries all of them, the last one first, before a failure of one counts.
   bool bindParameters(const std::vector<Parameter>& parameters);
   bool bindColumns(ColumnList columns);
   bool exec();
@@ -189,8 +192,6 @@ class StoreAccess {
   /// Reports a failure of this access: log lines, status, auxiliary text, platform messages.
   void report(const AccessFailure& failure, TvDbil::DbilReturnCode_t code);
 
-  /// The number of rows that the last run delivered.
-  long rowCount() const { return rowCount_; }
   /// What the platform said last: after run() DBIL_NO_DATA if the rows came to their end.
   TvDbil::DbilReturnCode_t lastCode() const { return lastCode_; }
   ODBCConn& holder() { return *holder_; }
@@ -200,6 +201,7 @@ class StoreAccess {
 
  private:
   void connect();
+  TvDbil::DbilReturnCode_t bindParameter(const Parameter& parameter, int position);
   TvDbil::DbilReturnCode_t bindColumn(const Column& column, int index);
 
   ZNTopoAPIStatus& status_;
@@ -212,7 +214,6 @@ class StoreAccess {
   // The row stands before the statement that is bound to it.
   std::unique_ptr<Row> row_;
   std::optional<TvDbil::DbStatement_t> statement_;
-  long rowCount_ = 0;
   TvDbil::DbilReturnCode_t lastCode_;
 };
 
