@@ -3,6 +3,7 @@
 #include "tests/support/ApiFixture.h"
 #include "tests/support/FreshProcess.h"
 #include "zntopo/api/ZNTopoAPIDefaultFactory.h"
+#include "zntopo/api/detail/UpdateSql.h"
 #include "zntopo/model/TopologyGateway.h"
 
 namespace zntopo::test {
@@ -83,24 +84,46 @@ TEST_P(GatewayTest, AfterItAnAddressByItsTextIsFound) {
   EXPECT_TRUE(status.isOK());
 }
 
-TEST_P(GatewayTest, WritesAnswerWithTheStatusOfTheImplementation) {
-  ZNNode node;
-  ZNInterface interface;
-  int id = 1;
-  const std::pair<ZNTopoAPIStatus, const char*> answers[] = {
-      {gateway.setEntityStatus(ActiveDB, ObjID("x"), 1, 1L << 40, ZNEntity::Overall, E_Node),
-       "setEntityStatus"},
-      {gateway.setAddressState(ActiveDB, ObjID("x"), 1), "setAddressState"},
-      {gateway.setNWNodeStatus(ActiveDB, ObjID("x"), 1, 6), "setNWNodeStatus"},
-      {gateway.setNWInterfaceState(ActiveDB, ObjID("x"), 1, 0), "setNWInterfaceState"},
-      {gateway.setHSRPAddressInfo(ActiveDB, ZNHSRPAddressInfo()), "setHSRPAddressInfo"},
-      {gateway.setL2DomainIdOfNode(ActiveDB, node, id), "setL2DomainIdOfNode"},
-      {gateway.setL2DomainIdOfInterface(ActiveDB, interface, id), "setL2DomainIdOfInterface"},
-      {gateway.setNWIfcAssocInfoState(ObjID("x"), ObjID("y"), 1, 2), "setNWIfcAssocInfoState"}};
-  for (const auto& [answer, operation] : answers) {
-    EXPECT_EQ(answer.getStatus(), ZN_API_NOT_SUPPORTED_OPERATION) << operation;
-    EXPECT_EQ(answer.getAuxMsg(), std::string(operation) + " is not supported yet\n");
+TEST_P(GatewayTest, WritesGoToTheTablesOfTheSet) {
+  const ObjID id("x");
+  for (const TopoDBType set : {ActiveDB, WorkingDB}) {
+    const TableSet tables(set);
+    ZNNode node;
+    ZNInterface interface;
+    int domain = 1;
+    const ZNHSRPAddressInfo member;
+    const StatementSpy spy;
+    const ZNTopoAPIStatus answers[] = {
+        gateway.setEntityStatus(set, id, 1, 5000, ZNEntity::Overall, E_Node),
+        gateway.setAddressState(set, id, 1),
+        gateway.setNWNodeStatus(set, id, 1, 6),
+        gateway.setNWInterfaceState(set, id, 1, 0),
+        gateway.setHSRPAddressInfo(set, member),
+        gateway.setL2DomainIdOfNode(set, node, domain),
+        gateway.setL2DomainIdOfInterface(set, interface, domain)};
+    for (const ZNTopoAPIStatus& answer : answers) EXPECT_TRUE(answer.isOK()) << answer.getAuxMsg();
+    EXPECT_THAT(
+        spy.statements(),
+        ElementsAre(detail::entityStatusUpdate(tables, id, 1, 5000, ZNEntity::Overall, E_Node),
+                    detail::pingStateUpdate(tables, id, 1),
+                    detail::nodeStatusUpdate(tables, id, 1, 6),
+                    detail::interfaceStateUpdate(tables, id, 1, 0),
+                    detail::hsrpAddressUpdate(tables, member),
+                    detail::l2DomainUpdate(tables.nwnodeTbl_, ObjID(), 1),
+                    detail::l2DomainUpdate(tables.nwinterfaceTbl_, ObjID(), 1)));
   }
+}
+
+TEST_P(GatewayTest, ATimeBeyondThatOfTheStoreIsItsLast) {
+  const StatementSpy spy;
+  gateway.setEntityStatus(ActiveDB, ObjID("x"), 1, 1L << 40, ZNEntity::Overall, E_Node);
+  EXPECT_THAT(spy.statements(), Contains(HasSubstr("STATUSCHANGETIMEUTC = 2147483647 ")));
+}
+
+TEST_P(GatewayTest, AnAssociationIsWrittenThroughTheSharedInstance) {
+  const StatementSpy spy;
+  EXPECT_TRUE(gateway.setNWIfcAssocInfoState(ObjID("x"), ObjID("y"), 1, 2).isOK());
+  EXPECT_THAT(spy.statements(), ElementsAre(detail::ifcAssociationUpdate()));
 }
 
 TEST_P(GatewayTest, GroupsOfAnAddressAreRead) {

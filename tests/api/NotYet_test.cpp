@@ -33,27 +33,7 @@ TEST_F(NotYetTest, QueriesAnswerWithEmptyContainersThatExist) {
 #undef ZNTOPO_EXPECT_EMPTY
 }
 
-TEST_F(NotYetTest, UpdatesOfTheStoreReturnTheirStatus) {
-  ZNNode node;
-  ZNInterface interface;
-  int id = 1;
-  expectNotYet(impl.setHSRPAddressInfo(ZNHSRPAddressInfo()), "setHSRPAddressInfo");
-  expectNotYet(impl.setNWInterfaceState(ObjID("x"), 1, 0), "setNWInterfaceState");
-  expectNotYet(impl.setAddressState(ObjID("x"), 1), "setAddressState");
-  expectNotYet(impl.setNWNodeStatus(ObjID("x"), 1, 5), "setNWNodeStatus");
-  expectNotYet(impl.setEntityStatus(ObjID("x"), 1, 2, ZNEntity::Overall, E_Node),
-               "setEntityStatus");
-  expectNotYet(impl.setL2DomainIdOfNode(node, id), "setL2DomainIdOfNode");
-  expectNotYet(impl.setL2DomainIdOfInterface(interface, id), "setL2DomainIdOfInterface");
-  expectNotYet(impl.setNWIfcAssocInfoState(ObjID("x"), ObjID("y"), 1, 2), "setNWIfcAssocInfoState");
-}
-
-TEST_F(NotYetTest, CacheUpdatesAndStatisticsSayTheSame) {
-  expectNotYet(api.preLoadTopoCache(true, true, true, true, true), "preLoadTopoCache");
-  api.updateCacheObjectStatus(ObjID("x"), false, E_Node, 1, 2, ZNEntity::Overall, status, false);
-  expectNotYet(status, "updateCacheObjectStatus");
-  impl.updateCacheObjectAttribute(ObjID("x"), E_Node, Snmp_State, 1, ObjID(), status);
-  expectNotYet(status, "updateCacheObjectAttribute");
+TEST_F(NotYetTest, StatisticsSayTheSame) {
   EXPECT_EQ(api.getTopologyInfo(status).getNumberOfNode(), 0);
   expectNotYet(status, "getTopologyInfo");
   EXPECT_EQ(impl.getStatistic("select 1", status), 0);

@@ -26,6 +26,15 @@ TEST_P(PreparedStatementsTest, EachIsAcceptedOnBothTableSets) {
   }
 }
 
+TEST_P(PreparedStatementsTest, EachChangeIsAcceptedOnBothTableSets) {
+  for (const TopoDBType set : {ActiveDB, WorkingDB}) {
+    for (const std::string& sql : everyUpdate(TableSet(set))) {
+      EXPECT_EQ(sql.find('?'), std::string::npos) << sql;
+      EXPECT_NO_THROW(store_->execute(sql)) << sql;
+    }
+  }
+}
+
 TEST_P(PreparedStatementsTest, GroupsCantBeAskedForByWhatTheyTrack) {
   EXPECT_FALSE(store_->accepts(hsrpsByNothingSql(TableSet())));
 }

@@ -3,6 +3,7 @@
 #include "tests/operations/Operations.h"
 #include "tests/support/CachePeer.h"
 #include "tests/support/FilterConfiguration.h"
+#include "tests/support/RecordedPauses.h"
 
 namespace zntopo::test {
 
@@ -32,6 +33,7 @@ class OperationTest : public ApiTest {
 
   const FilterConfiguration filters{"etc", ZNTOPO_SOURCE_DIR "/data/filter"};
   ZNTopoAPI api;
+  const RecordedPauses pauses;
 };
 
 }  // namespace zntopo::test

@@ -26,6 +26,7 @@ constexpr Exception kExceptions[] = {
      "each node, the interfaces of each and each subnet on the way are looked up on their own"},
     {"getNSubnetConnectivity of two hops",
      "and the cache keeps no subnet, so that each is read again on each later hop"},
+    {"preLoadTopoCache", "it loads user variables, in one request for all nodes and interfaces"},
 };
 
 }  // namespace
@@ -45,7 +46,7 @@ std::vector<Operation> allOperations() {
   std::vector<Operation> all;
   for (const auto family :
        {nodeOperations(), interfaceOperations(), addressOperations(), groupOperations(),
-        filterOperations(), objectOperations(), connectivityOperations()}) {
+        filterOperations(), objectOperations(), connectivityOperations(), updateOperations()}) {
     all.insert(all.end(), family.begin(), family.end());
   }
   return all;

@@ -8,7 +8,7 @@
 #include "tests/operations/SizedNetwork.h"
 
 /// @file
-/// Every query operation of the library as data: how to run it on a network of a size, and what
+/// Every operation of the library on the store or the cache as data: how to run it on a network of a size, and what
 /// it then costs. An operation that the library gains gets its row here, and with it its place in
 /// the tests of costs and of threads.
 
@@ -89,6 +89,7 @@ std::span<const Operation> groupOperations();
 std::span<const Operation> filterOperations();
 std::span<const Operation> objectOperations();
 std::span<const Operation> connectivityOperations();
+std::span<const Operation> updateOperations();
 std::vector<Operation> allOperations();
 
 /// An operation whose cost grows faster than its batches and hops. There is no other place for

@@ -12,6 +12,8 @@
 #include "zntopo/api/detail/GroupSql.h"
 #include "zntopo/api/detail/InterfaceSql.h"
 #include "zntopo/api/detail/NodeSql.h"
+#include "zntopo/api/detail/UpdateSql.h"
+#include "zntopo/core/detail/LogText.h"
 #include "zntopo/filter/detail/TopoFiltSql.h"
 #include "zntopo/store/detail/QuotedList.h"
 
@@ -202,6 +204,28 @@ std::vector<std::string> everyStatement(const TableSet& tables) {
     const Texts texts = family(tables);
     all.insert(all.end(), texts.begin(), texts.end());
   }
+  return all;
+}
+
+std::vector<std::string> everyUpdate(const TableSet& tables) {
+  const ObjID id("x");
+  const ZNHSRPAddressInfo info(1, ObjID("y"), id, 110, ZNHSRPAddressInfo::Active, "", 70);
+  Texts all = {
+      hsrpAddressUpdate(tables, info),          interfaceStateUpdate(tables, id, 1, 0),
+      interfaceStateUpdate(tables, id, 1, 1),   pingStateUpdate(tables, id, 1),
+      l2DomainUpdate(tables.nwnodeTbl_, id, 1), l2DomainUpdate(tables.nwinterfaceTbl_, id, 1)};
+  for (int type = 0; type <= 6; ++type) all.push_back(nodeStatusUpdate(tables, id, 1, type));
+  for (int type = ZNEntity::IPv6Overall; type <= ZNEntity::Overall; ++type) {
+    for (const EntityType kind : {E_Node, E_Interface, E_IfC, E_Subnet}) {
+      const auto statusType = static_cast<ZNEntity::EntityStatusType>(type);
+      all.push_back(entityStatusUpdate(tables, id, 1, 2, statusType, kind));
+    }
+  }
+  std::string association = ifcAssociationUpdate();
+  for (const char* value : {"1", "2", "'x'", "'y'", "3"}) {
+    association = filledIn(association, "? ", std::string(value) + " ");
+  }
+  all.push_back(association);
   return all;
 }
 

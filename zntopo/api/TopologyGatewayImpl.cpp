@@ -22,8 +22,8 @@ class TopologyGatewayImpl : public TopologyGateway {
   ZNTopoAPIStatus setEntityStatus(TopoDBType dbType, const ObjID& id, int newStatus,
                                   long statusChangeTimeUTC, ZNEntity::EntityStatusType statusType,
                                   EntityType entityType) override {
-    return ZNTopoAPI_Impl(dbType).setEntityStatus(id, newStatus, detail::storeTime(statusChangeTimeUTC),
-                                                  statusType, entityType);
+    return ZNTopoAPI_Impl(dbType).setEntityStatus(
+        id, newStatus, detail::storeTime(statusChangeTimeUTC), statusType, entityType);
   }
 
   ZNTopoAPIStatus setAddressState(TopoDBType dbType, const ObjID& id, int state) override {

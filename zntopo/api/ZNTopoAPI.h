@@ -113,10 +113,15 @@ class ZNTOPO_EXPORT ZNTopoAPI {
   bool isCacheValid();
   /// Empties the cache, containers excepted. The next query reads the store's state.
   void clearCache();
-  /// Loads whole kinds of objects ahead of the queries. Returns the status of what failed first.
+  /// Loads whole kinds of objects ahead of the queries, and pauses for a second after VLANs and
+  /// after HSRP groups. Returns the status of what failed first.
   ZNTopoAPIStatus preLoadTopoCache(bool loadSwitchNode, bool loadRouterNode, bool loadVlan,
                                    bool loadHSRP, bool loadConnectedInterfaces);
-  /// Changes a status of a cached object, in the cache alone.
+  /// Changes a status of a cached node, interface, subnet or, by legacy identifier only, of a
+  /// monitored address, in the cache alone; an HSRP group, by topology identifier only, leaves the
+  /// cache instead. What is not cached is no error. ZN_API_NOT_SUPPORTED_OPERATION for everything
+  /// else.
+  /// @param statusChangeTimeUTC seconds; of entities: now, unless it is above 0.
   void updateCacheObjectStatus(const ObjID& theObjID, bool isAddress, EntityType theEntityType,
                                int tvwStatus, long statusChangeTimeUTC,
                                ZNEntity::EntityStatusType entStatusType, ZNTopoAPIStatus& theStatus,

@@ -53,8 +53,7 @@ const CachedEntityKind* kindOf(EntityType type) {
 }
 
 void logStatus(const char* format, const ObjID& id, const ObjectStatus& status) {
-  const std::string line =
-      detail::filledIn(format, "%d", std::to_string(status.getStatusAsInt()));
+  const std::string line = detail::filledIn(format, "%d", std::to_string(status.getStatusAsInt()));
   detail::logLine(MC_TRACE_L2, line.c_str(), detail::shown(MC_TRACE_L2, id));
 }
 
@@ -186,9 +185,9 @@ void ZNTopoAPI_Impl::updateCacheObjectStatus(const ObjID& theObjID, bool isAddre
   } else if (const CachedEntityKind* const kind = kindOf(theEntityType)) {
     updateEntity(*kind, theObjID, isQRMID, newStatus, statusChangeTimeUTC, entStatusType);
   } else {
-    detail::setFailure(theStatus, ZN_API_NOT_SUPPORTED_OPERATION,
-                       "Entity Type : " + getEntityTypeAsString(theEntityType) +
-                           "is not valid for status update");
+    detail::setFailure(
+        theStatus, ZN_API_NOT_SUPPORTED_OPERATION,
+        "Entity Type : " + getEntityTypeAsString(theEntityType) + "is not valid for status update");
   }
 }
 

@@ -33,9 +33,8 @@ ZNTopoAPIStatus ZNTopoAPI_Impl::update(const detail::TracedBlock& member, Update
   detail::logLine(MC_INFO, "SQL: %s\n", sql);
   const std::string notBound = std::string("Problem binding SQL Command in ") + member.name + "()";
   const std::string notRun = std::string("Problem Executing SQL Command in ") + member.name + "()";
-  StoreAccess access(status,
-                     {.statement = {ZN_API_SQL_BIND_STATEMENT_ERROR, notBound.c_str()},
-                      .exec = {ZN_API_SQL_EXEC_ERROR, notRun.c_str()}});
+  StoreAccess access(status, {.statement = {ZN_API_SQL_BIND_STATEMENT_ERROR, notBound.c_str()},
+                              .exec = {ZN_API_SQL_EXEC_ERROR, notRun.c_str()}});
   access.execute(sql);
   return status;
 }
