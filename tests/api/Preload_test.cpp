@@ -96,8 +96,8 @@ TEST_P(PreloadTest, EveryKindIsLoadedInAFixedOrder) {
   EXPECT_THAT(stepsOf(log),
               ElementsAre("Loading Ifcs .. \n", "Loading Vlans .. \n", "Loading HSRPs .. \n",
                           "Loading Nodes .. \n", "1 Interfaces loaded \n"));
-  EXPECT_THAT(cached(), ElementsAre("host", "router", "switch", "connected", "vlan", "group",
-                                    "container"));
+  EXPECT_THAT(cached(),
+              ElementsAre("host", "router", "switch", "connected", "vlan", "group", "container"));
   EXPECT_TRUE(impl.getTopoCache()->isAllVlanInCache());
   EXPECT_TRUE(impl.getTopoCache()->isAllHSRPInCache());
   EXPECT_TRUE(impl.getTopoCache()->isAllIfcInCache());
@@ -164,9 +164,7 @@ TEST_P(PreloadTest, TheFirstFailureEndsIt) {
   const std::tuple<const char*, std::vector<std::string>, int> failures[] = {
       {"from  nwifc", {"Loading Ifcs .. \n"}, 0},
       {"entityType =  4", {"Loading Ifcs .. \n", "Loading Vlans .. \n"}, 0},
-      {"entityType =  11",
-       {"Loading Ifcs .. \n", "Loading Vlans .. \n", "Loading HSRPs .. \n"},
-       1},
+      {"entityType =  11", {"Loading Ifcs .. \n", "Loading Vlans .. \n", "Loading HSRPs .. \n"}, 1},
       {"from nwnode",
        {"Loading Ifcs .. \n", "Loading Vlans .. \n", "Loading HSRPs .. \n", "Loading Nodes .. \n"},
        2}};

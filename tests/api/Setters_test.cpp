@@ -67,11 +67,11 @@ class SettersTest : public ApiTest {
   std::string valueOf(const std::string& column, const std::string& table, TopoDBType set) {
     const std::string ending = set == WorkingDB ? "_update" : "";
     const std::string key = table == "address" || table == "hsrpaddress" ? "AddressId" : "ObjId";
-    const std::string& id = table == "nwnode"                             ? kNode
-                            : table == "nwinterface"                      ? kInterface
+    const std::string& id = table == "nwnode"                              ? kNode
+                            : table == "nwinterface"                       ? kInterface
                             : table == "address" || table == "hsrpaddress" ? kAddress
-                            : table == "nwifc"                            ? kContainer
-                                                                          : kGroup;
+                            : table == "nwifc"                             ? kContainer
+                                                                           : kGroup;
     return store
         ->value("select " + column + " from " + table + ending + " where " + key + " = '" + id +
                 "'")
@@ -177,8 +177,7 @@ TEST_P(SettersTest, AMemberOfAGroupIsWrittenWithAllThatItHas) {
     const auto changed = group(set);
     ASSERT_EQ(changed->getHSRPAddrInfoList().size(), 1U);
     ZNHSRPAddressInfo member = changed->getHSRPAddrInfoList().front();
-    expectTold(
-        changed->setHSRPState(member, ZNHSRPAddressInfo::Active, 70, true, ActiveDB));
+    expectTold(changed->setHSRPState(member, ZNHSRPAddressInfo::Active, 70, true, ActiveDB));
     EXPECT_EQ(changed->getActiveAddressInfoList().size(), 1U);
     EXPECT_EQ(valueOf("state", "hsrpaddress", set), "6");
     EXPECT_EQ(valueOf("HSRPStateCertainty", "hsrpaddress", set), "70");
@@ -226,8 +225,8 @@ TEST_P(SettersTest, AfterAFailedWriteTheObjectStaysChangedAndTheStatusIsThatOfTh
        "setHSRPAddressInfo"}};
   for (const auto& [answer, operation] : answers) {
     EXPECT_EQ(answer.getStatus(), ZN_API_SQL_EXEC_ERROR) << operation;
-    EXPECT_THAT(answer.getAuxMsg(), StartsWith(std::string("Problem Executing SQL Command in ") +
-                                               operation + "()\n"));
+    EXPECT_THAT(answer.getAuxMsg(),
+                StartsWith(std::string("Problem Executing SQL Command in ") + operation + "()\n"));
   }
   EXPECT_EQ(changed->getOverallStatus().getStatus(), ObjectStatus::Critical);
   EXPECT_EQ(changed->getSnmpState(), AGENT_DOWN);

@@ -40,10 +40,10 @@ TEST(UpdateSqlTest, SomeStatusesShareAColumn) {
     const std::string column = kColumns[type];
     EXPECT_EQ(nodeStatusUpdate(kActive, kID, 4, type),
               "update nwnode set " + column + " = 4 where ObjID = 'x' ");
-    EXPECT_EQ(entityStatusUpdate(kActive, kID, 4, 1000,
-                                 static_cast<ZNEntity::EntityStatusType>(type), E_Node),
-              "update nwnode set " + column +
-                  " = 4,  STATUSCHANGETIMEUTC = 1000 where ObjID = 'x' ");
+    EXPECT_EQ(
+        entityStatusUpdate(kActive, kID, 4, 1000, static_cast<ZNEntity::EntityStatusType>(type),
+                           E_Node),
+        "update nwnode set " + column + " = 4,  STATUSCHANGETIMEUTC = 1000 where ObjID = 'x' ");
   }
 }
 
@@ -61,8 +61,7 @@ TEST(UpdateSqlTest, AKindOfStateThatIsNotKnownHasNoColumn) {
               "update nwinterface set  = 1 where ObjID = 'x' ");
   }
   for (const int type : {-1, 7, 1000}) {
-    EXPECT_EQ(nodeStatusUpdate(kActive, kID, 1, type),
-              "update nwnode set  = 1 where ObjID = 'x' ");
+    EXPECT_EQ(nodeStatusUpdate(kActive, kID, 1, type), "update nwnode set  = 1 where ObjID = 'x' ");
   }
 }
 

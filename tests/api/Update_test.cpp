@@ -30,8 +30,8 @@ class UpdateTest : public ApiTest {
 
   std::string associationOf(const std::string& left, const std::string& column) {
     return store
-        ->value("select " + column + " from nwifcasc where LeftIFContainerObjID = " +
-                Value(left).literal())
+        ->value("select " + column +
+                " from nwifcasc where LeftIFContainerObjID = " + Value(left).literal())
         .value_or("NULL");
   }
 
@@ -93,8 +93,7 @@ TEST_P(UpdateTest, TheSixthStatusOfANodeIsItsSnmpState) {
 
 TEST_P(UpdateTest, AnHSRPAddressChangesInEveryGroupThatItServesIn) {
   for (const char* group : {"g1", "g2"}) {
-    store->insert("hsrpaddress",
-                  {{"ObjID", group}, {"AddressID", "x"}, {"AddressIfObjID", group}});
+    store->insert("hsrpaddress", {{"ObjID", group}, {"AddressID", "x"}, {"AddressIfObjID", group}});
   }
   const ZNHSRPAddressInfo info(1, ObjID("g1"), ObjID("x"), 110, ZNHSRPAddressInfo::Active, "", 70);
   EXPECT_TRUE(impl.setHSRPAddressInfo(info).isOK());

@@ -56,7 +56,8 @@ TEST_P(UpdateFaultsTest, WhatWasAcknowledgedOutlivesACrash) {
   bringBack();
   for (const StoreUpdate& update : storeUpdates()) {
     // Of several updates of one column the last has it.
-    if (std::string(update.member) == "setNWNodeStatus" && update.column != std::string("SNMPState"))
+    if (std::string(update.member) == "setNWNodeStatus" &&
+        update.column != std::string("SNMPState"))
       continue;
     EXPECT_EQ(writtenBy(update), std::to_string(update.value)) << update.name();
   }

@@ -8,9 +8,9 @@
 #include "tests/operations/SizedNetwork.h"
 
 /// @file
-/// Every operation of the library on the store or the cache as data: how to run it on a network of a size, and what
-/// it then costs. An operation that the library gains gets its row here, and with it its place in
-/// the tests of costs and of threads.
+/// Every operation of the library on the store or the cache as data: how to run it on a network of
+/// a size, and what it then costs. An operation that the library gains gets its row here, and with
+/// it its place in the tests of costs and of threads.
 
 namespace zntopo::test {
 

@@ -78,8 +78,8 @@ constexpr Operation kOperations[] = {
     // It does not ask for readiness.
     {"setNWIfcAssocInfoState",
      [](const Desk& desk) {
-       return done(desk.impl.setNWIfcAssocInfoState(ObjID(containerID(1)), ObjID(containerID(2)), 1,
-                                                    4));
+       return done(
+           desk.impl.setNWIfcAssocInfoState(ObjID(containerID(1)), ObjID(containerID(2)), 1, 4));
      },
      kNone, Growth::None, kOneStatement, kOneStatement, kOneStatement},
     {"updateCacheObjectStatus",
@@ -99,9 +99,7 @@ constexpr Operation kOperations[] = {
      },
      kNone, Growth::None, kNothing, kNothing, kNothing},
     {"preLoadTopoCache",
-     [](const Desk& desk) {
-       return done(desk.api.preLoadTopoCache(true, true, true, true, true));
-     },
+     [](const Desk& desk) { return done(desk.api.preLoadTopoCache(true, true, true, true, true)); },
      kNone, Growth::Exceptional,
      [](const Size& size) { return kState + kPreloadedGroups + preloadedRest(size); },
      preloadedRest, [](const Size& size) { return kPreloadedGroups + preloadedRest(size); }},

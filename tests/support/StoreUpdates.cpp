@@ -107,9 +107,9 @@ void addUpdated(TestStore& store, const std::string& id, TopoDBType set) {
   }
   store.insert(tables.addressTbl_, {{"AddressId", id}});
   store.insert(tables.hsrpaddressTbl_, {{"ObjID", "group"}, {"AddressID", id}});
-  store.insert(tables.nwifcascTbl_, {{"LeftIFContainerObjID", id},
-                                     {"RightIFContainerObjID", kRightEnd},
-                                     {"RelType", kRelation}});
+  store.insert(
+      tables.nwifcascTbl_,
+      {{"LeftIFContainerObjID", id}, {"RightIFContainerObjID", kRightEnd}, {"RelType", kRelation}});
 }
 
 }  // namespace zntopo::test
