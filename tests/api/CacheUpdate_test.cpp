@@ -11,6 +11,7 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+using testing::SizeIs;
 
 constexpr int kNoType = -1;
 
@@ -27,22 +28,24 @@ class CacheUpdateTest : public ApiTest {
     store->addAddress("address", "interface", "node", "192.0.2.1", {{"PingState", 0}});
     store->insert("address", {{"AddressId", "monitored"},
                               {"ObjId", "interface"},
+                              {"SubnetObjId", "subnet"},
                               {"AddressType", 2},
                               {"IPLevel", 6},
                               {"isSubnet", 0},
                               {"V6Address", "2001:db8::1"},
+                              {"V6ScopeType", 1},
+                              {"PrefixLength", 64},
                               {"PingStatus", 1},
                               {"AddressQRMId", "104"}});
     store->addEntity("group", "group", E_HSRP);
-    for (const char* id : {"address", "address", "monitored"}) {
-      store->insert("hsrpaddress",
-                    {{"ObjID", "group"},
-                     {"AddressID", id},
-                     {"AddressIfObjID", "if" + std::to_string(store->count("hsrpaddress"))},
-                     {"state", 5},
-                     {"HSRPPriority", 100},
-                     {"HSRPNumber", 1},
-                     {"HSRPStateCertainty", 50}});
+    for (const char* id : {"address", "monitored"}) {
+      store->insert("hsrpaddress", {{"ObjID", "group"},
+                                    {"AddressID", id},
+                                    {"AddressIfObjID", std::string("interface of ") + id},
+                                    {"state", 5},
+                                    {"HSRPPriority", 100},
+                                    {"HSRPNumber", 1},
+                                    {"HSRPStateCertainty", 50}});
     }
     load();
   }
@@ -54,6 +57,11 @@ class CacheUpdateTest : public ApiTest {
     monitored = impl.getMonitoredIPv6AddressByObjID("monitored", status);
     groups = impl.getHSRPsByObjIDList({}, notFound, status, true, -1);
     group = groups->front();
+    // A third member has the address of the first one, which no store would hold.
+    auto members = group->getHSRPAddrInfoList();
+    members.emplace_back(1, "another interface", "address", 100, ZNHSRPAddressInfo::StandBy, "",
+                         50);
+    group->setZNHSRPAddressInfoList(members);
     // Nothing else brings a subnet into the cache.
     subnet = new ZNSubnet();
     subnet->setObjID("subnet");
@@ -91,9 +99,13 @@ class CacheUpdateTest : public ApiTest {
     EXPECT_EQ(answer.getAuxMsg(), text + "\n");
   }
 
-  ZNHSRPAddressInfo member(int index) {
-    const auto members = group->getHSRPAddrInfoList();
-    return *std::next(members.begin(), index);
+  /// The members on an address, or on all others.
+  std::vector<ZNHSRPAddressInfo> members(const ObjID& addressID, bool on = true) {
+    std::vector<ZNHSRPAddressInfo> result;
+    for (const ZNHSRPAddressInfo& member : group->getHSRPAddrInfoList()) {
+      if ((member.getAddressID() == addressID) == on) result.push_back(member);
+    }
+    return result;
   }
 
   ZNRefPtr<ZNNode> node;
@@ -284,14 +296,16 @@ TEST_P(CacheUpdateTest, TheMembersOfAGroupOnAnAddressChange) {
   expectOK(setAttribute("group", E_HSRP, HSRP_State, ZNHSRPAddressInfo::Active, "address"));
   expectOK(setAttribute("group", E_HSRP, HSRP_Certainity, 70, "address"));
   expectOK(setAttribute("group", E_HSRP, HSRP_Priority, 110, "address"));
-  for (const int index : {0, 1}) {
-    EXPECT_EQ(member(index).getHSRPState(), ZNHSRPAddressInfo::Active);
-    EXPECT_EQ(member(index).getHSRPStateCertainty(), 70);
-    EXPECT_EQ(member(index).getHSRPPriority(), 110);
+  ASSERT_THAT(members("address"), SizeIs(2));
+  for (const ZNHSRPAddressInfo& member : members("address")) {
+    EXPECT_EQ(member.getHSRPState(), ZNHSRPAddressInfo::Active);
+    EXPECT_EQ(member.getHSRPStateCertainty(), 70);
+    EXPECT_EQ(member.getHSRPPriority(), 110);
   }
-  EXPECT_EQ(member(2).getHSRPState(), ZNHSRPAddressInfo::StandBy);
-  EXPECT_EQ(member(2).getHSRPStateCertainty(), 50);
-  EXPECT_EQ(member(2).getHSRPPriority(), 100);
+  const ZNHSRPAddressInfo other = members("address", false).at(0);
+  EXPECT_EQ(other.getHSRPState(), ZNHSRPAddressInfo::StandBy);
+  EXPECT_EQ(other.getHSRPStateCertainty(), 50);
+  EXPECT_EQ(other.getHSRPPriority(), 100);
   EXPECT_EQ(group->getActiveAddressInfoList().size(), 2U);
 }
 
@@ -304,7 +318,7 @@ TEST_P(CacheUpdateTest, AnyOtherAttributeOfAGroupChangesNothing) {
 
 TEST_P(CacheUpdateTest, WhatAMembersSetterRefusesIsNotTold) {
   expectOK(setAttribute("group", E_HSRP, HSRP_Certainity, 101, "address"));
-  EXPECT_EQ(member(0).getHSRPStateCertainty(), 50);
+  EXPECT_EQ(members("address").at(0).getHSRPStateCertainty(), 50);
 }
 
 TEST_P(CacheUpdateTest, OtherKindsHaveNoAttributesAndNobodyIsToldSo) {

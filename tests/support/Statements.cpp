@@ -13,7 +13,6 @@
 #include "zntopo/api/detail/InterfaceSql.h"
 #include "zntopo/api/detail/NodeSql.h"
 #include "zntopo/api/detail/UpdateSql.h"
-#include "zntopo/core/detail/LogText.h"
 #include "zntopo/filter/detail/TopoFiltSql.h"
 #include "zntopo/store/detail/QuotedList.h"
 
@@ -223,7 +222,7 @@ std::vector<std::string> everyUpdate(const TableSet& tables) {
   }
   std::string association = ifcAssociationUpdate();
   for (const char* value : {"1", "2", "'x'", "'y'", "3"}) {
-    association = filledIn(association, "? ", std::string(value) + " ");
+    association.replace(association.find('?'), 1, value);
   }
   all.push_back(association);
   return all;

@@ -72,7 +72,7 @@ class TopologyGatewayImpl : public TopologyGateway {
   ZNTopoAPIStatus sendStatusNotification(const StatusChange& change) override {
     return send(new detail::OwningStatusNotification(
         change.entityType, change.objID, change.newStatus, change.previousStatus,
-        storeTime(change.statusChangeTimeUTC), change.statusType));
+        detail::storeTime(change.statusChangeTimeUTC), change.statusType));
   }
 
   ZNTopoAPIStatus sendAttributeNotification(const AttributeChange& change) override {
