@@ -2,6 +2,7 @@
 
 #include "tests/faults/FaultFixture.h"
 #include "tests/faults/Schema.h"
+#include "tests/support/StoreUpdates.h"
 
 namespace zntopo::test {
 namespace {
@@ -65,6 +66,30 @@ TEST_P(LockedTest, AWriterKeepsNobodyFromReading) {
   writer.execute("update nwnode set Description = 'new'");
   writer.execute("update state set TopologyReady = 0");
   expectRecovery("a writer began");
+}
+
+TEST_P(LockedTest, AWriterKeepsOthersFromWritingUntilHeIsDone) {
+  addUpdated(*store_, "updated");
+  OpenImpl impl;
+  {
+    Holder writer(plain_);
+    writer.start();
+    for (const StoreUpdate& update : storeUpdates()) {
+      const std::string column = update.column;
+      writer.execute(std::string("update ") + update.table + " set " + column + " = " + column);
+    }
+    for (const StoreUpdate& update : storeUpdates()) {
+      const ZNTopoAPIStatus answer = update.run(impl, ObjID("updated"));
+      EXPECT_EQ(answer.getStatus(), ZN_API_SQL_EXEC_ERROR) << update.name();
+      EXPECT_THAT(answer.getAuxMsg(), testing::HasSubstr("lock")) << update.name();
+    }
+    expectNobodyHolds("while somebody writes");
+  }
+  for (const StoreUpdate& update : storeUpdates()) {
+    EXPECT_TRUE(update.run(impl, ObjID("updated")).isOK()) << update.name();
+    EXPECT_EQ(update.written(*store_, "updated", ActiveDB), std::to_string(update.value))
+        << update.name();
+  }
 }
 
 TEST_P(LockedTest, EachQuerySaysThatTheStoreIsLockedAndWorksWhenItIsFree) {
