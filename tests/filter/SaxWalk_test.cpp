@@ -106,6 +106,18 @@ TEST_F(SaxWalkTest, TextComesWholeHoweverTheReaderCutsIt) {
   EXPECT_EQ(whereOf("a"), "x < 1 & <z> '\xC3\xA4" + large + "'");
 }
 
+TEST_F(SaxWalkTest, ACharacterOfTwoUnitsIsNotCutInALongText) {
+  for (const std::size_t front : {(1U << 20) - 2, (1U << 20) - 1}) {
+    std::string text = "'" + std::string(front - 1, 'y');
+    for (int i = 0; i < 100; ++i) text += "\xF0\x9F\x98\x80";
+    text += "'";
+    read("<iFilters><iFilter name='a'><whereQueryStr>" + text +
+         "</whereQueryStr></iFilter>"
+         "</iFilters>");
+    EXPECT_TRUE(whereOf("a") == text) << front;
+  }
+}
+
 TEST_F(SaxWalkTest, WhitespaceIsTrimmedOutsideQuotes) {
   read(
       "<iFilters><iFilter name='a'><whereQueryStr> x\t=\n   'a  b' </whereQueryStr></iFilter>"

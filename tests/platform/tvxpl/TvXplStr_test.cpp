@@ -37,7 +37,8 @@ TEST(TvXplStrTest, EveryCharacterGoesBothWays) {
     if (c < 0x10000) {
       wide = {static_cast<char16_t>(c)};
     } else {
-      wide = {static_cast<char16_t>(0xD7C0 + (c >> 10)), static_cast<char16_t>(0xDC00 + (c & 0x3FF))};
+      wide = {static_cast<char16_t>(0xD7C0 + (c >> 10)),
+              static_cast<char16_t>(0xDC00 + (c & 0x3FF))};
     }
     const std::string narrow = TvXplStr::narrow(wide);
     ASSERT_TRUE(TvXplStr::isUtf8(narrow)) << static_cast<unsigned>(c);
@@ -48,7 +49,10 @@ TEST(TvXplStrTest, EveryCharacterGoesBothWays) {
 TEST(TvXplStrTest, WhatIsMalformedBecomesTheReplacementCharacter) {
   EXPECT_EQ(TvXplStr::widen("a\xFF\xC3z"), u"a\uFFFD\uFFFDz");
   const char16_t halves[] = {u'a', 0xDC00, u'b', 0xD800, u'c', 0xD801, 0};
-  EXPECT_EQ(TvXplStr::narrow(halves), "a\xEF\xBF\xBD" "b\xEF\xBF\xBD" "c\xEF\xBF\xBD");
+  EXPECT_EQ(TvXplStr::narrow(halves),
+            "a\xEF\xBF\xBD"
+            "b\xEF\xBF\xBD"
+            "c\xEF\xBF\xBD");
 }
 
 TEST(TvXplStrTest, AnyBytesGiveAText) {

@@ -44,6 +44,7 @@ class Listener : public TvXplXml::SAX::DefaultHandler_t {
     EXPECT_EQ(start, 0);
     EXPECT_EQ(std::u16string_view(chars).size(), static_cast<std::size_t>(length));
     text += narrowed(chars);
+    ++pieces;
   }
   void ProcessingInstruction(const char16_t* target, const char16_t* data) override {
     heard.push_back("?" + narrowed(target) + " " + narrowed(data));
@@ -51,6 +52,7 @@ class Listener : public TvXplXml::SAX::DefaultHandler_t {
 
   std::vector<std::string> heard;
   std::string text;
+  int pieces = 0;
   void (*look)(const Attributes_i&) = nullptr;
 
  private:
@@ -91,6 +93,19 @@ TEST(TvXplXmlTest, TextIsWholeInUtf16WithANulBehindIt) {
   const std::string large(200'000, 'x');
   read("<a>\xC3\xA4&lt;&#x1F600;<![CDATA[<&>]]>" + large + "</a>", &listener);
   EXPECT_EQ(listener.text, "\xC3\xA4<\xF0\x9F\x98\x80<&>" + large);
+}
+
+TEST(TvXplXmlTest, ACharacterOfTwoUnitsStaysWholeWhereTheReaderCutsTheText) {
+  const std::string pair = "\xF0\x9F\x98\x80";
+  // The reader hands a text on in pieces of about 2 to the power of 20 units.
+  for (const std::size_t front : {(1U << 20) - 2, (1U << 20) - 1, 1U << 20}) {
+    std::string text(front, 'x');
+    for (int i = 0; i < 100; ++i) text += pair;
+    Listener listener;
+    read("<a>" + text + "</a>", &listener);
+    EXPECT_TRUE(listener.text == text) << front;
+    EXPECT_GT(listener.pieces, 1) << "the text was not cut";
+  }
 }
 
 TEST(TvXplXmlTest, AttributesAreFoundByIndexAndByEitherName) {
@@ -160,9 +175,8 @@ TEST(TvXplXmlTest, AReaderReadsOneDocumentAfterTheOther) {
       listener.heard.push_back("broken");
     }
   }
-  EXPECT_THAT(listener.heard,
-              ElementsAre("start", "<|a|a 0 at 1:5", ">|a|a", "end", "start", "broken", "start",
-                          "<|c|c 0 at 1:5", ">|c|c", "end"));
+  EXPECT_THAT(listener.heard, ElementsAre("start", "<|a|a 0 at 1:5", ">|a|a", "end", "start",
+                                          "broken", "start", "<|c|c 0 at 1:5", ">|c|c", "end"));
 }
 
 TEST(TvXplXmlTest, ReadersOfSeveralThreadsStartAndStopTheLibrary) {

@@ -1,6 +1,7 @@
 #include "zntopo/platform/tvxpl/TvXplXml.h"
 
 #include <string>
+#include <utility>
 #include <xercesc/sax/InputSource.hpp>
 #include <xercesc/sax/Locator.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
@@ -124,8 +125,16 @@ class Relay : public xml::DefaultHandler {
                   const XMLCh* const qName) override {
     handler_.EndElement(uri, localName, qName);
   }
+  /// The library cuts a long text anywhere: what it cuts off a pair of surrogates waits for the
+  /// rest. A document in which the rest does not follow is not well-formed.
   void characters(const XMLCh* const chars, const XMLSize_t length) override {
-    handler_.Characters(terminated(chars, length), 0, static_cast<int>(length));
+    text_ = std::exchange(half_, {});
+    text_.append(chars, length);
+    if (!text_.empty() && isHighSurrogate(text_.back())) {
+      half_ = text_.back();
+      text_.pop_back();
+    }
+    handler_.Characters(text_.c_str(), 0, static_cast<int>(text_.size()));
   }
   void ignorableWhitespace(const XMLCh* const chars, const XMLSize_t length) override {
     handler_.IgnorableWhitespace(terminated(chars, length), 0, static_cast<int>(length));
@@ -155,6 +164,7 @@ class Relay : public xml::DefaultHandler {
   static std::string at(long line, long column) {
     return "line " + std::to_string(line) + ", char " + std::to_string(column) + ": ";
   }
+  static bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
   const char16_t* terminated(const XMLCh* chars, XMLSize_t length) {
     text_.assign(chars, length);
     return text_.c_str();
@@ -164,6 +174,7 @@ class Relay : public xml::DefaultHandler {
   ContentHandler_i& handler_;
   LocatorView place_;
   std::u16string text_;
+  std::u16string half_;
 };
 
 }  // namespace
