@@ -230,6 +230,36 @@ TEST_F(HostileXmlTest, DeepNestingIsRefused) {
   EXPECT_TRUE(isValid(filterDocument(wide))) << error.substr(0, 300);
 }
 
+/// Declarations of as many namespaces of their own.
+std::string declarations(int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += " xmlns:a" + std::to_string(i) + "='u'";
+  return text;
+}
+
+std::string declaring(int count, const std::string& content) {
+  std::string document = filterDocument(content);
+  return document.insert(document.find("<filters") + 8, declarations(count));
+}
+
+TEST_F(HostileXmlTest, NamespacesBeyondMeasureAreRefused) {
+  std::string children;
+  for (int i = 0; i < 50'000; ++i) children += "<nothing/>";
+  expectRefused(declaring(50'000, children),
+                "More than 1000 namespace declarations are in force at one place.");
+  // One is the document's own.
+  expectRefused(declaring(1000, ""), "1000 namespace declarations");
+  EXPECT_TRUE(isValid(declaring(999, "<nothing/>"))) << error;
+}
+
+TEST_F(HostileXmlTest, NamespacesOfElementsInARowDoNotAddUp) {
+  std::string children;
+  for (int i = 0; i < 10; ++i) children += "<nothing" + declarations(900) + "/>";
+  EXPECT_TRUE(isValid(filterDocument(children))) << error;
+  EXPECT_TRUE(isValid(declaring(99, children))) << error;
+  expectRefused(declaring(100, children), "1000 namespace declarations");
+}
+
 TEST_F(HostileXmlTest, ErrorsBeyondMeasureAreNotAllTold) {
   std::string wrong;
   for (int i = 0; i < 100'000; ++i) wrong += "<b/>";

@@ -18,6 +18,12 @@ bool isOfStylesheets(const xml::XMLScanner& scanner, unsigned int uri) {
   return std::u16string_view(scanner.getURIText(uri)) == u"http://www.w3.org/1999/XSL/Transform";
 }
 
+bool declaresNamespace(const xml::XMLAttr& attribute) {
+  const std::u16string_view prefix = attribute.getPrefix();
+  return prefix == u"xmlns" ||
+         (prefix.empty() && std::u16string_view(attribute.getName()) == u"xmlns");
+}
+
 }  // namespace
 
 LimitedParser::LimitedParser(XMLParseHandler& handler) : handler_(handler) {
@@ -37,6 +43,8 @@ bool LimitedParser::read(const std::string& bytes, const std::string& name) {
   errorTextSize_ = 0;
   errors_ = 0;
   depth_ = 0;
+  declared_.clear();
+  namespaces_ = 0;
   rootNamespace_.clear();
   isStylesheet_ = false;
   try {
@@ -66,15 +74,34 @@ void LimitedParser::startElement(const xml::XMLElementDecl& element, unsigned in
   if (++depth_ > XMLUtil::kDeepest) {
     stop("Elements are nested deeper than " + std::to_string(XMLUtil::kDeepest) + " levels.");
   }
+  openNamespaces(attributes, count);
   SAXParser::startElement(element, uri, prefix, attributes, count, isEmpty, isRoot);
   // The scanner does not tell of the end of an empty element.
-  if (isEmpty) --depth_;
+  if (isEmpty) close();
 }
 
 void LimitedParser::endElement(const xml::XMLElementDecl& element, unsigned int uri, bool isRoot,
                                const XMLCh* prefix) {
-  --depth_;
+  close();
   SAXParser::endElement(element, uri, isRoot, prefix);
+}
+
+void LimitedParser::openNamespaces(const xml::RefVectorOf<xml::XMLAttr>& attributes,
+                                   XMLSize_t count) {
+  std::size_t declared = 0;
+  for (XMLSize_t i = 0; i < count; ++i) declared += declaresNamespace(*attributes.elementAt(i));
+  declared_.push_back(declared);
+  namespaces_ += declared;
+  if (namespaces_ > kMostNamespaces) {
+    stop("More than " + std::to_string(kMostNamespaces) +
+         " namespace declarations are in force at one place.");
+  }
+}
+
+void LimitedParser::close() {
+  --depth_;
+  namespaces_ -= declared_.back();
+  declared_.pop_back();
 }
 
 void LimitedParser::error(unsigned int code, const XMLCh* domain,
@@ -83,7 +110,8 @@ void LimitedParser::error(unsigned int code, const XMLCh* domain,
                           XMLFileLoc column) {
   SAXParser::error(code, domain, type, text, systemId, publicId, line, column);
   errorTextSize_ += std::u16string_view(text).size();
-  if (++errors_ >= kMostErrors || errorTextSize_ > kLargestErrorText) {
+  if (type != xml::XMLErrorReporter::ErrType_Warning) ++errors_;
+  if (errors_ >= kMostErrors || errorTextSize_ > kLargestErrorText) {
     stop("There are too many errors: what follows is not told.");
   }
 }

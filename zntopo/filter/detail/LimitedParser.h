@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 #include <xercesc/parsers/SAXParser.hpp>
 #include <xercesc/util/SecurityManager.hpp>
 
@@ -15,6 +16,9 @@ class LimitedParser : public xercesc::SAXParser {
   /// Errors after which the rest of a document is not told, and the size of their text.
   static constexpr unsigned kMostErrors = 1000;
   static constexpr std::size_t kLargestErrorText = 1'000'000;
+  /// Namespace declarations in force at one place: the library searches them one by one for every
+  /// name.
+  static constexpr std::size_t kMostNamespaces = 1000;
 
   /// Listens to all with the handler, which outlives the parser.
   explicit LimitedParser(XMLParseHandler& handler);
@@ -41,6 +45,9 @@ class LimitedParser : public xercesc::SAXParser {
  private:
   struct Stopped {};
 
+  void openNamespaces(const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, XMLSize_t count);
+  /// The end of an element.
+  void close();
   [[noreturn]] void stop(const std::string& why);
 
   XMLParseHandler& handler_;
@@ -48,6 +55,9 @@ class LimitedParser : public xercesc::SAXParser {
   std::size_t errorTextSize_ = 0;
   unsigned errors_ = 0;
   int depth_ = 0;
+  /// How many namespaces each open element declares, and all together.
+  std::vector<std::size_t> declared_;
+  std::size_t namespaces_ = 0;
   std::u16string rootNamespace_;
   bool isStylesheet_ = false;
 };
