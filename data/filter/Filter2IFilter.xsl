@@ -77,14 +77,17 @@
 
   <!-- ===== Operators ===== -->
 
-  <!-- ( test AND test ... ), with no blank around it. -->
+  <!-- ( test AND test ... ), with no blank around it. Engines bound how deep a chain of tests and
+       how deep parentheses nest: many tests are put in groups of 20, and references stand first,
+       where what they bring in has the fewest open parentheses and operators before it. -->
   <xsl:template match="f:operator">
     <xsl:param name="alias"/>
+    <xsl:variable name="oper" select="normalize-space(@oper)"/>
     <xsl:variable name="tests" select="f:attribute | f:reference"/>
-    <xsl:if test="count($tests) != 1 and (@oper = 'NOT' or @oper = 'NOOP')">
+    <xsl:if test="count($tests) != 1 and ($oper = 'NOT' or $oper = 'NOOP')">
       <xsl:call-template name="refuse">
         <xsl:with-param name="why"
-            select="concat('the operator ', @oper, ' takes exactly one test.')"/>
+            select="concat('the operator ', $oper, ' takes exactly one test.')"/>
       </xsl:call-template>
     </xsl:if>
     <!-- Here, since a schema that counts takes six times as long to read. -->
@@ -93,44 +96,41 @@
         <xsl:with-param name="why" select="'an operator takes up to 500 tests.'"/>
       </xsl:call-template>
     </xsl:if>
-    <xsl:variable name="oper" select="@oper"/>
+    <xsl:variable name="isGrouped" select="count($tests) &gt; 20"/>
     <xsl:text>( </xsl:text>
     <xsl:for-each select="$tests">
+      <xsl:sort select="count(self::f:attribute)" data-type="number"/>
       <xsl:if test="position() != 1"><xsl:value-of select="concat(' ', $oper, ' ')"/></xsl:if>
-      <xsl:choose>
-        <!-- Denied twice, by its own mark and by NOT. -->
-        <xsl:when test="$oper = 'NOT' and normalize-space(@negate) = 'true'">
-          <xsl:text>( </xsl:text>
-          <xsl:call-template name="denied-test">
-            <xsl:with-param name="alias" select="$alias"/>
-          </xsl:call-template>
-          <xsl:text> is not true )</xsl:text>
-        </xsl:when>
-        <xsl:when test="$oper = 'NOT' or normalize-space(@negate) = 'true'">
-          <xsl:call-template name="denied-test">
-            <xsl:with-param name="alias" select="$alias"/>
-          </xsl:call-template>
-        </xsl:when>
-        <xsl:otherwise>
-          <xsl:apply-templates select=".">
-            <xsl:with-param name="alias" select="$alias"/>
-          </xsl:apply-templates>
-        </xsl:otherwise>
-      </xsl:choose>
+      <xsl:if test="$isGrouped and position() mod 20 = 1">( </xsl:if>
+      <xsl:call-template name="signed-test">
+        <xsl:with-param name="alias" select="$alias"/>
+        <xsl:with-param name="denials"
+            select="($oper = 'NOT') + (normalize-space(@negate) = 'true')"/>
+        <xsl:with-param name="isAlone" select="last() = 1"/>
+      </xsl:call-template>
+      <xsl:if test="$isGrouped and (position() mod 20 = 0 or position() = last())"> )</xsl:if>
     </xsl:for-each>
     <xsl:text> )</xsl:text>
   </xsl:template>
 
-  <xsl:template name="denied-test">
+  <!-- A test, denied by its own mark, by NOT or by both. One that is alone and as it is has the
+       parentheses of its operator. -->
+  <xsl:template name="signed-test">
     <xsl:param name="alias"/>
-    <xsl:text>( </xsl:text>
+    <xsl:param name="denials"/>
+    <xsl:param name="isAlone"/>
+    <xsl:variable name="isBare" select="$isAlone and $denials = 0"/>
+    <xsl:if test="$denials = 2">( </xsl:if>
+    <xsl:if test="not($isBare)">( </xsl:if>
     <xsl:apply-templates select=".">
       <xsl:with-param name="alias" select="$alias"/>
     </xsl:apply-templates>
-    <xsl:text> is not true )</xsl:text>
+    <xsl:if test="not($isBare)"> )</xsl:if>
+    <xsl:if test="$denials &gt; 0"> is not true</xsl:if>
+    <xsl:if test="$denials = 2"> ) is not true</xsl:if>
   </xsl:template>
 
-  <!-- What the other filter brings in stands between parentheses, whatever it is. -->
+  <!-- What the other filter brings in stands between parentheses, those around the test. -->
   <xsl:template match="f:reference">
     <xsl:variable name="kind" select="substring(local-name(../..), 1, 4)"/>
     <xsl:variable name="other" select="key('definitions', string(.))"/>
@@ -140,21 +140,19 @@
             select="concat('the filter ', ., ' selects objects of another kind.')"/>
       </xsl:call-template>
     </xsl:if>
-    <xsl:value-of select="concat('( #', ., '# )')"/>
+    <xsl:value-of select="concat('#', ., '#')"/>
   </xsl:template>
 
   <xsl:template match="f:attribute">
     <xsl:param name="alias"/>
-    <xsl:text>( </xsl:text>
     <xsl:apply-templates select="*" mode="test">
       <xsl:with-param name="alias" select="$alias"/>
     </xsl:apply-templates>
-    <xsl:text> )</xsl:text>
   </xsl:template>
 
   <!-- ===== Tests of one column ===== -->
 
-  <!-- The kind of the objects that an alias stands for: N, I or A, as aliases begin. -->
+  <!-- An alias begins with N, I or A, and so tells the kind of the objects that it stands for. -->
 
   <xsl:template match="*" mode="test">
     <xsl:param name="alias"/>
@@ -1012,6 +1010,13 @@
     <xsl:if test="not($hosts)">
       <xsl:call-template name="refuse">
         <xsl:with-param name="why" select="concat('the file ', ., ' lists no hosts.')"/>
+      </xsl:call-template>
+    </xsl:if>
+    <!-- A file that is named with a prefix has not been validated. -->
+    <xsl:if test="$hosts[* or string-length() &gt; 2000 or
+        not(self::f:name or self::f:address or self::f:objectID)]">
+      <xsl:call-template name="refuse">
+        <xsl:with-param name="why" select="concat('the file ', ., ' is no valid list of hosts.')"/>
       </xsl:call-template>
     </xsl:if>
     <xsl:variable name="groups">

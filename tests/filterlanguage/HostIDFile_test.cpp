@@ -94,21 +94,69 @@ TEST_P(RefusedHostIDFileTest, AFileThatIsNoListOfHostsIsRefused) {
   EXPECT_EQ(refusal(xml), ZN_API_XML_FILTER_VALIDATION_ERROR);
 }
 
+/// A document that names a file of hosts in an element with a prefix.
+std::string prefixed(const std::string& name) {
+  return "<f:filters xmlns:f=\"http://corvane.example/marlo/NetworkTopology/TopologyFilter\">"
+         "<f:nodeAssertion name=\"f\"><f:operator oper=\"NOOP\"><f:attribute><f:HostIDFile>" +
+         name + "</f:HostIDFile></f:attribute></f:operator></f:nodeAssertion></f:filters>";
+}
+
+TEST_P(HostIDFileTest, AFileMayBeNamedWithAPrefix) {
+  writeHosts("hosts.xml", "<name>core-*</name><address>10.0.0.4</address><objectID>" + uuid(3) +
+                              "</objectID>");
+  EXPECT_EQ(selectedBy(prefixed("hosts.xml")), (Ids{uuid(1), uuid(2), uuid(3), uuid(4)}));
+}
+
+TEST_P(RefusedHostIDFileTest, AFileThatIsNoListOfHostsIsRefusedBehindAPrefixToo) {
+  EXPECT_NE(refusal(prefixed("hosts.xml")), ZN_API_SUCCESS);
+  for (const std::string& hosts : std::vector<std::string>{
+           "", "<bogus/>", "<bogus>core-1</bogus>", "<name>core-1</name><bogus/>",
+           "<name>core-1<evil>x</evil></name>", "<address>10.0.0.1<name/></address>",
+           "<x:name xmlns:x=\"http://other.example/\">core-1</x:name>", "<name xmlns=\"\">a</name>",
+           "<objectID>" + std::string(2001, 'a') + "</objectID>"}) {
+    writeHosts("hosts.xml", hosts);
+    std::string told;
+    EXPECT_EQ(refusal(prefixed("hosts.xml"), &told), ZN_API_XML_FILTER_TRANSFORMATION_ERROR)
+        << hosts.substr(0, 100);
+    EXPECT_THAT(told, testing::HasSubstr("Filter f: the file hosts.xml ")) << hosts.substr(0, 100);
+  }
+  config_.write("hosts.xml", document("<name>core-1</name>"));
+  EXPECT_EQ(refusal(prefixed("hosts.xml")), ZN_API_XML_FILTER_TRANSFORMATION_ERROR);
+}
+
 TEST_P(RefusedHostIDFileTest, OnlyAPlainNameOfAFileIsTaken) {
+  const auto plain = [](const std::string& name) {
+    return document(nodeFilter("<HostIDFile>" + name + "</HostIDFile>"));
+  };
+  config_.write("a/keep", "");
+  for (const char* file : {"hosts.xml", "../hosts.xml", ".hidden", " hosts.xml", "hosts.xml ",
+                           "a/b", "a%2fb", "a%20b", "a:b", "a b", "a#b", "a?b", "a\\b"}) {
+    writeHosts(file, "<name>core-1</name>");
+  }
+  for (const auto& xml : {plain("hosts.xml"), prefixed("hosts.xml")}) {
+    EXPECT_EQ(refusal(xml), ZN_API_SUCCESS);
+  }
   for (const char* name :
-       {"", "/etc/passwd", "../hosts.xml", "..", ".", ".hidden", " hosts.xml", "hosts.xml ", "a/b",
-        "a%2fb", "a:b", "a b", "http://127.0.0.1/hosts.xml", "file:///etc/passwd", "a#b", "a?b"}) {
-    EXPECT_EQ(refusal(document(nodeFilter(std::string("<HostIDFile>") + name + "</HostIDFile>"))),
-              ZN_API_XML_FILTER_VALIDATION_ERROR)
-        << name;
+       {"", "/etc/passwd", "../hosts.xml", "./hosts.xml", "..", ".", ".hidden", " hosts.xml",
+        "hosts.xml ", "a/b", "a%2fb", "a%20b", "a:b", "a b", "http://127.0.0.1/hosts.xml",
+        "file:///etc/passwd", "a#b", "a?b", "a\\b"}) {
+    for (const auto& xml : {plain(name), prefixed(name)}) {
+      std::string told;
+      EXPECT_EQ(refusal(xml, &told), ZN_API_XML_FILTER_VALIDATION_ERROR) << name;
+      EXPECT_THAT(told, testing::HasSubstr("does not match regular expression")) << name;
+    }
   }
 }
 
 TEST_P(RefusedHostIDFileTest, NoFileIsReadThatWasNotValidated) {
   writeHosts("ho", "<name>core-1</name>");
-  config_.write("hosts.xml", document(""));
+  // Nothing but its schema speaks against this file.
+  config_.write("hosts.xml",
+                "<hosts xmlns=\"http://corvane.example/marlo/NetworkTopology/TopologyFilter\">"
+                "<name unknown=\"1\">core-1</name></hosts>");
   for (const char* name :
-       {"ho<!-- cut -->sts.xml", "ho&#115;ts.xml", "ho<![CDATA[sts]]>.xml", "ho<?cut?>sts.xml"}) {
+       {"hosts.xml", "ho<!-- cut -->sts.xml", "ho&#115;ts.xml", "ho<![CDATA[sts]]>.xml",
+        "<![CDATA[ho]]>sts.xml", "ho<?cut?>sts.xml", "<!-- cut -->hosts.xml"}) {
     EXPECT_NE(refusal(document(nodeFilter(std::string("<HostIDFile>") + name + "</HostIDFile>"))),
               ZN_API_SUCCESS)
         << name;

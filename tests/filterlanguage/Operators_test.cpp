@@ -138,14 +138,160 @@ TEST_P(OperatorsTest, FiveHundredTestsAreWithinWhatEnginesTake) {
   EXPECT_EQ(selected("none"), Ids{});
 }
 
+/// A node with an interface "port"; each operator here holds for it, or for none.
+class NestedOperatorsTest : public LanguageTest {
+ protected:
+  void SetUp() override {
+    LanguageTest::SetUp();
+    if (!store_) return;
+    for (int i = 1; i <= 3; ++i) store_->addNode(uuid(i), "node-" + std::to_string(i));
+    store_->addInterface(uuid(1, 'b'), uuid(1), "port");
+    store_->addInterface(uuid(2, 'b'), uuid(2), "other");
+  }
+};
+
+ZNTOPO_ON_ENGINES(NestedOperatorsTest, kMainEngines);
+
+/// Tests that hold for every object, or with negate for none.
+std::string trueTests(int count, bool negate = false) {
+  std::string tests;
+  for (int i = 0; i < count; ++i) {
+    tests += std::string("<attribute") + (negate ? " negate=\"true\"" : "") +
+             "><name><exact compare=\"notEqual\">x" + std::to_string(i) +
+             "</exact></name></attribute>";
+  }
+  return tests;
+}
+/// The test of a node that it has an interface "port", which passes 499 other tests, too.
+std::string hasPort() {
+  return "<attribute><interface><operator oper=\"AND\">" + trueTests(499) +
+         "<attribute><name><string>port</string></name></attribute></operator></interface>"
+         "</attribute>";
+}
+
+TEST_P(NestedOperatorsTest, FiveHundredTestsWithinFiveHundredAreWithinWhatEnginesTake) {
+  parse(document(assertion("first", "AND", hasPort() + trueTests(499)) +
+                 assertion("last", "AND", trueTests(499) + hasPort()) +
+                 assertion("either", "OR", trueTests(499, true) + hasPort()) +
+                 filter("byReference", "AND", reference("last") + trueTests(499)) +
+                 filter("not", "NOT", reference("byReference"))));
+  for (const char* name : {"first", "last", "either", "byReference"}) {
+    EXPECT_EQ(selected(name), Ids{uuid(1)}) << name;
+  }
+  EXPECT_EQ(selected("not"), (Ids{uuid(2), uuid(3)}));
+}
+
+TEST_P(NestedOperatorsTest, FiveHundredTestsAreReferredToFromAnyPlace) {
+  std::string others;
+  for (int i = 0; i < 249; ++i) others += reference("all");
+  const std::string references = others + reference("inner") + others + reference("all");
+  parse(document(assertion("all", "NOOP", trueTests(1)) +
+                 assertion("inner", "AND", trueTests(499) + hasPort()) +
+                 filter("middle", "AND", references) +
+                 filter("outer", "AND", trueTests(499) + reference("middle")) +
+                 filter("outermost", "AND", reference("outer") + others + reference("outer"))));
+  for (const char* name : {"middle", "outer", "outermost"}) {
+    EXPECT_EQ(selected(name), Ids{uuid(1)}) << name;
+  }
+}
+
+/// A chain of filters from "f0" on, each made of the one before it and of a test.
+std::string chain(int length, const std::string& oper, const std::string& before,
+                  const std::string& after, const std::string& negate = "") {
+  std::string filters = assertion("f0", "NOOP", kFirst);
+  for (int i = 1; i <= length; ++i) {
+    const std::string other = reference("f" + std::to_string(i - 1), negate);
+    filters += filter("f" + std::to_string(i), oper, before + other + after);
+  }
+  return document(filters);
+}
+
+TEST_P(OperatorsTest, ChainsOfTwentyReferencesAreWithinWhatEnginesTake) {
+  const Ids first = where([](int a, int) { return a == 1; });
+  const Ids both = where([](int a, int b) { return a == 1 && b == 1; });
+  const Ids either = where([](int a, int b) { return a == 1 || b == 1; });
+  parse(chain(20, "NOOP", "", ""));
+  EXPECT_EQ(selected("f20"), first);
+  parse(chain(20, "NOT", "", ""));
+  EXPECT_EQ(selected("f20"), first);
+  parse(chain(20, "AND", kSecond, ""));
+  EXPECT_EQ(selected("f20"), both);
+  parse(chain(20, "AND", "", kSecond));
+  EXPECT_EQ(selected("f20"), both);
+  parse(chain(20, "OR", kSecond, kSecond));
+  EXPECT_EQ(selected("f20"), either);
+  // With another reference before that to the chain.
+  parse(document(assertion("second", "NOOP", kSecond)));
+  parse(chain(20, "AND", kSecond + reference("second"), ""));
+  EXPECT_EQ(selected("f20"), both);
+  parse(chain(20, "NOT", "", "", "true"));
+  EXPECT_EQ(selected("f20"), first);
+  parse(chain(20, "OR", "", kSecond, "true"));
+  EXPECT_EQ(selected("f20"), either);
+}
+
+TEST_P(OperatorsTest, LongerChainsReachAsFarAsThePageSays) {
+  parse(chain(40, "AND", kSecond, ""));
+  EXPECT_EQ(selected("f40"), where([](int a, int b) { return a == 1 && b == 1; }));
+  parse(chain(40, "NOT", "", ""));
+  EXPECT_EQ(selected("f40"), where([](int a, int) { return a == 1; }));
+}
+
+TEST_P(OperatorsTest, AChainOfAHundredReferencesIsReadAndFailsAtMostWhenItRuns) {
+  parse(chain(100, "AND", kSecond, ""));
+  TvXplMsg::MessageList_t messages;
+  ZNTopoAPIStatus status;
+  const auto found = filters_.ExecFilter(messages, "f100", status);
+  if (status.isOK()) {
+    EXPECT_EQ(selected("f100"), where([](int a, int b) { return a == 1 && b == 1; }));
+  } else {
+    EXPECT_EQ(GetParam(), Engine::Sqlite) << messages.Format(TvXplMsg::fRecurse_k);
+    EXPECT_TRUE(found->empty());
+    EXPECT_THAT(messages.Format(TvXplMsg::fRecurse_k), testing::HasSubstr("parser stack overflow"));
+  }
+  // What is shorter still runs.
+  EXPECT_EQ(selected("f20"), where([](int a, int b) { return a == 1 && b == 1; }));
+}
+
+TEST_P(OperatorsTest, BlanksAroundAnOperatorMeanNothing) {
+  const std::string both = std::string(kFirst) + kSecond;
+  EXPECT_EQ(selectedBy(document(assertion("f", " NOT\n", kFirst))),
+            where([](int a, int) { return a != 1; }));
+  EXPECT_EQ(selectedBy(document(assertion("f", " NOOP ", kFirst))),
+            where([](int a, int) { return a == 1; }));
+  EXPECT_EQ(selectedBy(document(assertion("f", "\tAND ", both))),
+            where([](int a, int b) { return a == 1 && b == 1; }));
+  EXPECT_EQ(filters_.condition("f"), " ( ( NODE.l2DomainId = 1 ) AND ( NODE.snmpState = 1 ) ) ");
+  EXPECT_EQ(selectedBy(document(assertion("f", " OR ", both))),
+            where([](int a, int b) { return a == 1 || b == 1; }));
+  for (const char* oper : {" NOT ", " NOOP "}) {
+    std::string told;
+    EXPECT_EQ(refusal(document(assertion("f", oper, both)), &told),
+              ZN_API_XML_FILTER_TRANSFORMATION_ERROR);
+    EXPECT_THAT(told, testing::HasSubstr("takes exactly one test."));
+  }
+}
+
 TEST_P(OperatorsTest, ConditionsHaveSingleBlanksAndParenthesesAroundThem) {
-  parse(document(assertion("a", "OR", std::string(kFirst) + "\n\t " + kSecond) +
-                 filter("f", "AND", reference("a") + kNotFirst)));
+  const auto bodyOf = [](const std::string& oper, const std::string& tests) {
+    const std::string text = intermediate(document(filter("f", oper, tests)));
+    const std::string begin = "<whereQueryStr>";
+    const std::size_t at = text.find(begin) + begin.size();
+    return text.substr(at, text.find("</whereQueryStr>") - at);
+  };
+  parse(document(assertion("a", "OR", std::string(kFirst) + "\n\t " + kSecond)));
   EXPECT_EQ(filters_.condition("a"), " ( ( NODE.l2DomainId = 1 ) OR ( NODE.snmpState = 1 ) ) ");
   EXPECT_THAT(intermediate(document(filter("f", "AND", reference("a") + kNotFirst))),
               testing::EndsWith("<iFilters><iFilter objectType=\"Node\" name=\"f\"><whereQueryStr>"
-                                " ( ( #a# ) AND ( ( NODE.l2DomainId = 1 ) is not true ) ) "
+                                " ( ( #a# ) AND ( NODE.l2DomainId = 1 ) is not true ) "
                                 "</whereQueryStr></iFilter></iFilters>"));
+  EXPECT_EQ(bodyOf("NOOP", kFirst), " ( NODE.l2DomainId = 1 ) ");
+  EXPECT_EQ(bodyOf("NOOP", reference("a")), " ( #a# ) ");
+  EXPECT_EQ(bodyOf("NOT", reference("a")), " ( ( #a# ) is not true ) ");
+  EXPECT_EQ(bodyOf("NOT", reference("a", "true")),
+            " ( ( ( #a# ) is not true ) is not true ) ");
+  EXPECT_EQ(bodyOf("OR", kFirst + reference("a") + kSecond + reference("b")),
+            " ( ( #a# ) OR ( #b# ) OR ( NODE.l2DomainId = 1 ) OR ( NODE.snmpState = 1 ) ) ");
 }
 
 }  // namespace
