@@ -1006,14 +1006,17 @@
         <xsl:with-param name="why" select="'HostIDFile takes the plain name of a file.'"/>
       </xsl:call-template>
     </xsl:if>
-    <xsl:variable name="hosts" select="document(string())/f:hosts/*"/>
+    <xsl:variable name="list" select="document(string())/f:hosts"/>
+    <xsl:variable name="hosts" select="$list/*"/>
     <xsl:if test="not($hosts)">
       <xsl:call-template name="refuse">
         <xsl:with-param name="why" select="concat('the file ', ., ' lists no hosts.')"/>
       </xsl:call-template>
     </xsl:if>
-    <!-- A file that is named with a prefix has not been validated. -->
-    <xsl:if test="$hosts[* or string-length() &gt; 2000 or
+    <!-- The same as its schema says, since a file that is named with a prefix, or in pieces, has
+         not been validated. -->
+    <xsl:if test="$list/text()[normalize-space() != ''] or $list/@*[namespace-uri() = ''] or
+        $hosts[* or @*[namespace-uri() = ''] or string-length() &gt; 2000 or
         not(self::f:name or self::f:address or self::f:objectID)]">
       <xsl:call-template name="refuse">
         <xsl:with-param name="why" select="concat('the file ', ., ' is no valid list of hosts.')"/>

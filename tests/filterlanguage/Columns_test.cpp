@@ -108,6 +108,7 @@ TEST_P(ColumnsTest, ATestComparesTheColumnThatThePageNames) {
   TvXplMsg::MessageList_t messages;
   ASSERT_EQ(filters.ParseXmlString(messages, document(definitions)), ZN_API_SUCCESS)
       << messages.Format(TvXplMsg::fRecurse_k);
+  intermediate(document(definitions));
   EXPECT_GT(columns.size(), 15U);
   for (const auto& [element, column] : columns) {
     const std::string whole = std::string(" ") + GetParam().alias + "." + column;

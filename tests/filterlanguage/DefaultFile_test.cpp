@@ -36,6 +36,10 @@ const std::string kHasV4 = "(" + kAddressesOf +
 const std::string kHasV6 = kAddressesOf + "a.AddressType = 2) > 0";
 const std::string kDownPort = "i.IfAdminState = 1 and (i.IfOperStatus = 2 or i.IfOperStatus = 7)";
 
+const std::string kPrivate =
+    "(substr(a.PubV4Address, 1, 3) = '10.' or substr(a.PubV4Address, 1, 8) = '192.168.' or "
+    "(a.PubV4Address like '172.__.%' and substr(a.PubV4Address, 5, 2) between '16' and '31'))";
+
 const std::map<std::string, std::string>& expectations() {
   static const auto* const all = new std::map<std::string, std::string>{
       {"Routers", kNodes + kRouter},
@@ -83,10 +87,8 @@ const std::map<std::string, std::string>& expectations() {
       {"GlobalIPv6Addresses", kPlaces + "a.V6Address is not null and a.V6ScopeType = 3"},
       {"RouterAddresses",
        kPlaces + "exists (select 1 from nwnode n where n.ObjId = a.NodeObjId and " + kRouter + ")"},
-      {"PrivateIPv4Addresses",
-       "select a.AddressId from address a where substr(a.PubV4Address, 1, 3) = '10.' or "
-       "substr(a.PubV4Address, 1, 8) = '192.168.' or (a.PubV4Address like '172.__.%' and "
-       "substr(a.PubV4Address, 5, 2) between '16' and '31')"},
+      {"PrivateIPv4Ranges", "select a.AddressId from address a where " + kPrivate},
+      {"PrivateIPv4Addresses", kPlaces + kPrivate},
   };
   return *all;
 }

@@ -161,5 +161,66 @@ TEST(Guide, ListsTheStatesOfTheSchemaWithTheirNumbers) {
   EXPECT_EQ(lists, 12U);
 }
 
+/// The words of a cell of a table.
+std::vector<std::string> wordsOf(const std::string& cell) {
+  std::vector<std::string> words(1);
+  for (const char c : cell) {
+    if (std::isalnum(static_cast<unsigned char>(c)) != 0) {
+      words.back() += c;
+    } else if (!words.back().empty()) {
+      words.emplace_back();
+    }
+  }
+  if (words.back().empty()) words.pop_back();
+  return words;
+}
+
+/// The kinds of objects that have a state, as definitions begin.
+std::vector<std::string> kindsWith(const MarkdownPage& page, const std::string& state) {
+  std::vector<std::string> kinds;
+  for (const auto& [heading, kind] : {std::pair{"### Nodes", "node"},
+                                      {"### Interfaces", "interface"},
+                                      {"### Addresses", "address"}}) {
+    for (const std::vector<std::string>& row : page.table(heading)) {
+      if (row[0] == state && row[1] == "state") kinds.emplace_back(kind);
+    }
+  }
+  return kinds;
+}
+
+TEST(Guide, EachStateBecomesTheNumberThatThePageLists) {
+  const MarkdownPage page(ZNTOPO_SOURCE_DIR "/docs/filters.md");
+  std::string filters;
+  std::map<std::string, std::string> numbers;
+  for (const std::vector<std::string>& row : page.table("### States")) {
+    const std::vector<std::string> states = wordsOf(row[1]);
+    for (const std::string& element : wordsOf(row[0])) {
+      const bool isOfHsrp = element == "hsrpState";
+      const auto kinds = isOfHsrp ? std::vector<std::string>{"node"} : kindsWith(page, element);
+      EXPECT_FALSE(kinds.empty()) << element;
+      for (std::size_t i = 0; i + 1 < states.size(); i += 2) {
+        for (const std::string& kind : kinds) {
+          const std::string name = kind + "." + element + "." + states[i];
+          std::string test = "<" + element + "><state>" + states[i] + "</state></" + element + ">";
+          if (isOfHsrp) test = "<HSRP>" + test + "</HSRP>";
+          filters += "<" + kind + "Assertion name=\"" + name +
+                     "\"><operator oper=\"NOOP\"><attribute>" + test + "</attribute></operator></" +
+                     kind + "Assertion>";
+          numbers[name] = states[i + 1];
+        }
+      }
+    }
+  }
+  const FilterConfig config;
+  OpenFilters open;
+  TvXplMsg::MessageList_t messages;
+  ASSERT_EQ(open.ParseXmlString(messages, document(filters)), ZN_API_SUCCESS)
+      << messages.Format(TvXplMsg::fRecurse_k);
+  EXPECT_GT(numbers.size(), 150U);
+  for (const auto& [name, number] : numbers) {
+    EXPECT_THAT(open.condition(name), testing::HasSubstr(" in ( " + number + " ) ")) << name;
+  }
+}
+
 }  // namespace
 }  // namespace zntopo::test

@@ -111,6 +111,7 @@ TEST_P(RefusedHostIDFileTest, AFileThatIsNoListOfHostsIsRefusedBehindAPrefixToo)
   EXPECT_NE(refusal(prefixed("hosts.xml")), ZN_API_SUCCESS);
   for (const std::string& hosts : std::vector<std::string>{
            "", "<bogus/>", "<bogus>core-1</bogus>", "<name>core-1</name><bogus/>",
+           "<name unknown=\"1\">core-1</name>", "<name>core-1</name>core-2",
            "<name>core-1<evil>x</evil></name>", "<address>10.0.0.1<name/></address>",
            "<x:name xmlns:x=\"http://other.example/\">core-1</x:name>", "<name xmlns=\"\">a</name>",
            "<objectID>" + std::string(2001, 'a') + "</objectID>"}) {
@@ -128,7 +129,6 @@ TEST_P(RefusedHostIDFileTest, OnlyAPlainNameOfAFileIsTaken) {
   const auto plain = [](const std::string& name) {
     return document(nodeFilter("<HostIDFile>" + name + "</HostIDFile>"));
   };
-  config_.write("a/keep", "");
   for (const char* file : {"hosts.xml", "../hosts.xml", ".hidden", " hosts.xml", "hosts.xml ",
                            "a/b", "a%2fb", "a%20b", "a:b", "a b", "a#b", "a?b", "a\\b"}) {
     writeHosts(file, "<name>core-1</name>");
@@ -148,18 +148,31 @@ TEST_P(RefusedHostIDFileTest, OnlyAPlainNameOfAFileIsTaken) {
   }
 }
 
-TEST_P(RefusedHostIDFileTest, NoFileIsReadThatWasNotValidated) {
+TEST_P(RefusedHostIDFileTest, NoFileIsReadThatIsNotValidHoweverItsNameIsWritten) {
+  // What a name that is cut short would name.
   writeHosts("ho", "<name>core-1</name>");
-  // Nothing but its schema speaks against this file.
-  config_.write("hosts.xml",
-                "<hosts xmlns=\"http://corvane.example/marlo/NetworkTopology/TopologyFilter\">"
-                "<name unknown=\"1\">core-1</name></hosts>");
-  for (const char* name :
-       {"hosts.xml", "ho<!-- cut -->sts.xml", "ho&#115;ts.xml", "ho<![CDATA[sts]]>.xml",
-        "<![CDATA[ho]]>sts.xml", "ho<?cut?>sts.xml", "<!-- cut -->hosts.xml"}) {
-    EXPECT_NE(refusal(document(nodeFilter(std::string("<HostIDFile>") + name + "</HostIDFile>"))),
-              ZN_API_SUCCESS)
+  for (const char* hosts :
+       {"<name>core-1</name><bogus/>", "<name unknown=\"1\">core-1</name>",
+        "<name>core-1</name>core-2", "<name>core-1<name>core-2</name></name>"}) {
+    writeHosts("hosts.xml", hosts);
+    for (const char* name :
+         {"hosts.xml", "ho&#115;ts.xml", "ho<![CDATA[sts]]>.xml", "<![CDATA[ho]]>sts.xml"}) {
+      const auto xml = document(nodeFilter(std::string("<HostIDFile>") + name + "</HostIDFile>"));
+      EXPECT_NE(refusal(xml), ZN_API_SUCCESS) << name << " " << hosts;
+    }
+  }
+}
+
+TEST_P(RefusedHostIDFileTest, ANameThatIsCutInPiecesIsNoPlainName) {
+  writeHosts("ho", "<name>core-1</name>");
+  writeHosts("hosts.xml", "<name>core-1</name>");
+  for (const char* name : {"ho<!-- cut -->sts.xml", "ho<?cut?>sts.xml"}) {
+    std::string told;
+    EXPECT_EQ(refusal(document(nodeFilter(std::string("<HostIDFile>") + name + "</HostIDFile>")),
+                      &told),
+              ZN_API_XML_FILTER_TRANSFORMATION_ERROR)
         << name;
+    EXPECT_THAT(told, testing::HasSubstr("HostIDFile takes the plain name of a file.")) << name;
   }
 }
 

@@ -37,7 +37,9 @@ FilterConfig::FilterConfig() {
 FilterConfig::~FilterConfig() { unsetenv("TV_ETC_PATH"); }
 
 void FilterConfig::write(const std::string& name, const std::string& text) const {
-  scratch_.write(std::string(kFolder) + "/" + name, text);
+  const fs::path path = fs::path(kFolder) / name;
+  fs::create_directories(scratch_.folder() / path.parent_path());
+  scratch_.write(path.string(), text);
 }
 
 std::string languageFile(const std::string& name) {

@@ -27,7 +27,7 @@ class FilterConfig {
   FilterConfig(const FilterConfig&) = delete;
   FilterConfig& operator=(const FilterConfig&) = delete;
 
-  /// Adds a file beside the schema.
+  /// Adds a file beside the schema, or by a relative path, with the folders that it names.
   void write(const std::string& name, const std::string& text) const;
 
  private:

@@ -38,6 +38,20 @@ class OperatorsTest : public LanguageTest {
 
 ZNTOPO_ON_ENGINES(OperatorsTest, kMainEngines);
 
+/// A node with an interface "port"; each operator here holds for it, or for none.
+class NestedOperatorsTest : public LanguageTest {
+ protected:
+  void SetUp() override {
+    LanguageTest::SetUp();
+    if (!store_) return;
+    for (int i = 1; i <= 3; ++i) store_->addNode(uuid(i), "node-" + std::to_string(i));
+    store_->addInterface(uuid(1, 'b'), uuid(1), "port");
+    store_->addInterface(uuid(2, 'b'), uuid(2), "other");
+  }
+};
+
+ZNTOPO_ON_ENGINES(NestedOperatorsTest, kMainEngines);
+
 constexpr const char* kFirst =
     "<attribute><l2DomainId><integer>1</integer></l2DomainId></attribute>";
 constexpr const char* kSecond =
@@ -115,6 +129,19 @@ TEST_P(OperatorsTest, ADocumentMayReferToFiltersOfAnEarlierOne) {
   EXPECT_EQ(selected("later"), where([](int a, int) { return a != 1; }));
 }
 
+TEST_P(NestedOperatorsTest, AFilterOfAnotherKindInAnEarlierDocumentIsNotNoticed) {
+  parse(document(interfaceFilter("<name><string>port</string></name>", "ports")));
+  parse(document(filter("f", "NOOP", reference("ports")) +
+                 filter("both", "AND", reference("ports") +
+                                           "<attribute><name><string>node-1</string></name>"
+                                           "</attribute>")));
+  EXPECT_EQ(selected("f"), Ids{uuid(1)});
+  EXPECT_EQ(selected("both"), Ids{uuid(1)});
+  parse(document(addressFilter("<isSubnet><boolean>false</boolean></isSubnet>", "places")));
+  parse(document(filter("not", "NOT", reference("places"))));
+  EXPECT_EQ(selected("not"), Ids{});
+}
+
 TEST_P(OperatorsTest, ReferencesToNothingAndInCirclesAreRefused) {
   EXPECT_EQ(refusal(document(filter("f", "NOOP", reference("unknown")))),
             ZN_API_XML_FILTER_KEY_NOT_FOUND_ERROR);
@@ -137,20 +164,6 @@ TEST_P(OperatorsTest, FiveHundredTestsAreWithinWhatEnginesTake) {
   EXPECT_EQ(selected("all"), where([](int a, int) { return a == 1; }));
   EXPECT_EQ(selected("none"), Ids{});
 }
-
-/// A node with an interface "port"; each operator here holds for it, or for none.
-class NestedOperatorsTest : public LanguageTest {
- protected:
-  void SetUp() override {
-    LanguageTest::SetUp();
-    if (!store_) return;
-    for (int i = 1; i <= 3; ++i) store_->addNode(uuid(i), "node-" + std::to_string(i));
-    store_->addInterface(uuid(1, 'b'), uuid(1), "port");
-    store_->addInterface(uuid(2, 'b'), uuid(2), "other");
-  }
-};
-
-ZNTOPO_ON_ENGINES(NestedOperatorsTest, kMainEngines);
 
 /// Tests that hold for every object, or with negate for none.
 std::string trueTests(int count, bool negate = false) {
