@@ -132,11 +132,14 @@ TEST_P(OperatorsTest, ADocumentMayReferToFiltersOfAnEarlierOne) {
 TEST_P(NestedOperatorsTest, AFilterOfAnotherKindInAnEarlierDocumentIsNotNoticed) {
   parse(document(interfaceFilter("<name><string>port</string></name>", "ports")));
   parse(document(filter("f", "NOOP", reference("ports")) +
-                 filter("both", "AND", reference("ports") +
-                                           "<attribute><name><string>node-1</string></name>"
-                                           "</attribute>")));
+                 filter("others", "NOT", reference("ports")) +
+                 filter("both", "AND",
+                        reference("ports") + "<attribute><name><string>node-1</string></name>"
+                                             "</attribute>")));
   EXPECT_EQ(selected("f"), Ids{uuid(1)});
   EXPECT_EQ(selected("both"), Ids{uuid(1)});
+  // Node 3 has no interface that the condition could stand beside.
+  EXPECT_EQ(selected("others"), Ids{uuid(2)});
   parse(document(addressFilter("<isSubnet><boolean>false</boolean></isSubnet>", "places")));
   parse(document(filter("not", "NOT", reference("places"))));
   EXPECT_EQ(selected("not"), Ids{});
@@ -243,6 +246,14 @@ TEST_P(OperatorsTest, ChainsOfTwentyReferencesAreWithinWhatEnginesTake) {
   EXPECT_EQ(selected("f20"), either);
 }
 
+TEST_P(OperatorsTest, ChainsOfTenFiltersWithManyReferencesAreWithinWhatEnginesTake) {
+  std::string others;
+  for (int i = 0; i < 30; ++i) others += reference("second");
+  parse(document(assertion("second", "NOOP", kSecond)));
+  parse(chain(10, "AND", others, kSecond));
+  EXPECT_EQ(selected("f10"), where([](int a, int b) { return a == 1 && b == 1; }));
+}
+
 TEST_P(OperatorsTest, LongerChainsReachAsFarAsThePageSays) {
   parse(chain(40, "AND", kSecond, ""));
   EXPECT_EQ(selected("f40"), where([](int a, int b) { return a == 1 && b == 1; }));
@@ -259,6 +270,7 @@ TEST_P(OperatorsTest, AChainOfAHundredReferencesIsReadAndFailsAtMostWhenItRuns) 
     EXPECT_EQ(selected("f100"), where([](int a, int b) { return a == 1 && b == 1; }));
   } else {
     EXPECT_EQ(GetParam(), Engine::Sqlite) << messages.Format(TvXplMsg::fRecurse_k);
+    EXPECT_EQ(status.getStatus(), ZN_API_SQL_BIND_STATEMENT_ERROR);
     EXPECT_TRUE(found->empty());
     EXPECT_THAT(messages.Format(TvXplMsg::fRecurse_k), testing::HasSubstr("parser stack overflow"));
   }
@@ -301,8 +313,7 @@ TEST_P(OperatorsTest, ConditionsHaveSingleBlanksAndParenthesesAroundThem) {
   EXPECT_EQ(bodyOf("NOOP", kFirst), " ( NODE.l2DomainId = 1 ) ");
   EXPECT_EQ(bodyOf("NOOP", reference("a")), " ( #a# ) ");
   EXPECT_EQ(bodyOf("NOT", reference("a")), " ( ( #a# ) is not true ) ");
-  EXPECT_EQ(bodyOf("NOT", reference("a", "true")),
-            " ( ( ( #a# ) is not true ) is not true ) ");
+  EXPECT_EQ(bodyOf("NOT", reference("a", "true")), " ( ( ( #a# ) is not true ) is not true ) ");
   EXPECT_EQ(bodyOf("OR", kFirst + reference("a") + kSecond + reference("b")),
             " ( ( #a# ) OR ( #b# ) OR ( NODE.l2DomainId = 1 ) OR ( NODE.snmpState = 1 ) ) ");
 }
