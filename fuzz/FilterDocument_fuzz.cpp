@@ -1,18 +1,14 @@
 // Outside bytes as a filter document, from validation to expansion, with the little language of the
 // tests: its element "raw" hands a text on as the intermediate form.
-#include <stdlib.h>
-
-#include <filesystem>
 #include <set>
 
-#include "fuzz/Fuzz.h"
+#include "fuzz/FilterFolder.h"
 #include "zntopo/core/ZNTopoStatus.h"
 #include "zntopo/filter/TopoFiltHandler.h"
 #include "zntopo/filter/XMLUtil.h"
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace zntopo;
 
 const std::set<int> kStatuses = {ZN_API_SUCCESS,
@@ -40,31 +36,10 @@ class OpenHandler : public TopoFiltHandler {
   }
 };
 
-/// A folder in which the configuration directory is the tests' own, for the life of the process.
-struct Configuration {
-  Configuration() {
-    char name[] = "/tmp/zntopo-fuzz-XXXXXX";
-    ZNTOPO_REQUIRE(mkdtemp(name));
-    folder = name;
-    const fs::path place = folder / "conf/qrmrz/topology/filter";
-    fs::create_directories(place);
-    for (const auto& file : fs::directory_iterator(ZNTOPO_SOURCE_DIR "/tests/filter/config")) {
-      fs::copy_file(file.path(), place / file.path().filename());
-    }
-    setenv("TV_ETC_PATH", folder.c_str(), 1);
-  }
-  ~Configuration() {
-    std::error_code ignored;
-    fs::remove_all(folder, ignored);
-  }
-
-  fs::path folder;
-};
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const Configuration configuration;
+  static const fuzz::FilterFolder folder(ZNTOPO_SOURCE_DIR "/tests/filter/config");
   // Keeps the libraries started.
   static bool isStarted = false;
   static std::string error;

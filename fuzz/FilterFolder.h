@@ -1,0 +1,37 @@
+#pragma once
+
+#include <stdlib.h>
+
+#include <filesystem>
+
+#include "fuzz/Fuzz.h"
+
+namespace zntopo::fuzz {
+
+/// A filter configuration directory with copies of a folder's files, which TV_ETC_PATH names, for
+/// the life of this object.
+class FilterFolder {
+ public:
+  explicit FilterFolder(const std::filesystem::path& source) {
+    char name[] = "/tmp/zntopo-fuzz-XXXXXX";
+    ZNTOPO_REQUIRE(mkdtemp(name));
+    etc_ = name;
+    const std::filesystem::path folder = etc_ / "conf/qrmrz/topology/filter";
+    std::filesystem::create_directories(folder);
+    for (const auto& file : std::filesystem::directory_iterator(source)) {
+      std::filesystem::copy_file(file.path(), folder / file.path().filename());
+    }
+    setenv("TV_ETC_PATH", etc_.c_str(), 1);
+  }
+  ~FilterFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(etc_, ignored);
+  }
+  FilterFolder(const FilterFolder&) = delete;
+  FilterFolder& operator=(const FilterFolder&) = delete;
+
+ private:
+  std::filesystem::path etc_;
+};
+
+}  // namespace zntopo::fuzz
