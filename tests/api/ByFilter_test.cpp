@@ -378,6 +378,19 @@ TEST_P(ByFilterTest, ATextThatClosesItsQuoteAddsNoStatement) {
   EXPECT_EQ(store->count("nwnode"), 3);
 }
 
+TEST_P(ByFilterTest, AConditionInATextIsRun) {
+  addThreeNodes();
+  EXPECT_THAT(nodes(named("x' or '1' = '1")), UnorderedElementsAre("n1", "n2", "n3"));
+  EXPECT_TRUE(status.isOK());
+}
+
+TEST_P(ByFilterTest, ABackslashInAPatternEscapesOnPostgreSqlAlone) {
+  store->addNode("n1", "core%");
+  store->addNode("n2", "core\\-2");
+  EXPECT_THAT(nodes(named("core\\%")), ElementsAre(store->isPostgres() ? "n1" : "n2"));
+  EXPECT_TRUE(status.isOK());
+}
+
 TEST_P(ByFilterTest, FailedStepsTellTheirTexts) {
   for (const IDOperation& operation : kOperations) {
     const auto fails = [&](StatementSpy::Step step, ZNTopoStatus code, const std::string& text,

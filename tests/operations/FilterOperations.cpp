@@ -45,6 +45,16 @@ Answer idsOf(const char* filter,
   return sorted(status, {ids->begin(), ids->end()});
 }
 
+/// Asks for the objects of a filter in the document, on a facade that does not know it yet.
+template <typename Found>
+auto parsedAndAsked(const char* filter,
+                    Found (ZNTopoAPI::*query)(const std::string&, const std::string&,
+                                              ZNTopoAPIStatus&)) {
+  return [=](ZNTopoAPIStatus& status) {
+    return (ZNTopoAPI().*query)(documentOfFilters(), filter, status);
+  };
+}
+
 constexpr Cost leaves(const Size& size) {
   return kStatement + leafNodes(size) * batches(size.leaves);
 }
@@ -137,13 +147,23 @@ constexpr Operation kOperations[] = {
     // Parsing asks no store. Each thread parses with a facade of its own.
     {"ParseAndGetNodesByTopoFilter",
      [](const Desk&) {
-       ZNTopoAPI api;
-       return many([&](ZNTopoAPIStatus& status) {
-         return api.ParseAndGetNodesByTopoFilter(documentOfFilters(), "leaves", status);
-       });
+       return many(parsedAndAsked("leaves", &ZNTopoAPI::ParseAndGetNodesByTopoFilter));
      },
      kLeaves, Growth::Batches, [](const Size& size) { return kState + leaves(size); },
      kOneStatement, leaves, Whole::Part},
+    {"ParseAndGetInterfacesByTopoFilter",
+     [](const Desk&) {
+       return many(parsedAndAsked("interfaces", &ZNTopoAPI::ParseAndGetInterfacesByTopoFilter));
+     },
+     kLeaves, Growth::Batches, [](const Size& size) { return kState + interfaces(size); },
+     kOneStatement, interfaces},
+    {"ParseAndGetAddressesByTopoFilter",
+     [](const Desk&) {
+       return manyAddresses(
+           parsedAndAsked("addresses", &ZNTopoAPI::ParseAndGetAddressesByTopoFilter));
+     },
+     kNone, Growth::None, [](const Size&) { return kState + kTwo; },
+     [](const Size&) { return kTwo; }, [](const Size&) { return kTwo; }},
     {"getNodesByRXName",
      [](const Desk&) {
        ZNTopoAPI api;

@@ -17,7 +17,12 @@ namespace zntopo {
 /// marks its field, a field that is not marked is ignored. An operation that doesn't know a
 /// field ignores it too.
 ///
-/// Text values go into statements as they stand, as patterns of the store's "like".
+/// Text values go into statements between quotes, as they stand: names and descriptions, and the
+/// addresses that addresses are asked for by, as patterns of the store's "like", in which a
+/// backslash escapes on PostgreSQL alone; the address of getNodeIDsByFilter() as a text. A quote in
+/// a value ends its text, and a condition behind it is run as a part of the statement. The names of
+/// capabilities are columns, without quotes. Do not pass on what you did not check: the texts of
+/// XML filters have no such limits.
 class ZNTOPO_EXPORT ZNTopoFilter {
  public:
   enum Field : int {
