@@ -1,17 +1,29 @@
 // A start of the XML libraries that fails. In a program of its own, for it has the platform's start
-// fail when told to.
+// fail when told to, or that of Xerces-C.
 
 #include <functional>
 #include <memory>
+#include <sstream>
+#include <stdexcept>
 #include <utility>
+#include <xalanc/XSLT/XSLTInputSource.hpp>
+#include <xercesc/framework/MemBufInputSource.hpp>
+#include <xercesc/framework/MemoryManager.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
+#include <xercesc/util/PanicHandler.hpp>
+#include <xercesc/util/RuntimeException.hpp>
 
 #include "tests/filter/FilterFixture.h"
 #include "tests/support/FreshProcess.h"
+#include "zntopo/platform/tvxpl/TvXplXml.h"
 #include "zntopo/platform/tvxpl/XmlLibrary.h"
 
 namespace {
 
 bool isStartBroken = false;
+/// What Xerces-C throws when it starts; nothing if it is null.
+void (*libraryFailure)() = nullptr;
+int libraryStarts = 0;
 
 }  // namespace
 
@@ -21,6 +33,23 @@ void __wrap__ZN8TvXplXml15startXmlLibraryEv() {
   if (isStartBroken) throw TvXplMsg::Exception_t(TvXplMsg::MessageList_t());
   __real__ZN8TvXplXml15startXmlLibraryEv();
 }
+}
+
+using xercesc::MemoryManager;
+using xercesc::PanicHandler;
+
+void realInitialize(const char* locale, const char* nlsHome, PanicHandler* panicHandler,
+                    MemoryManager* memory) asm("__real_" XERCES_START);
+// The linker takes the library to refer to it.
+[[gnu::visibility("default")]] void initialize(const char* locale, const char* nlsHome,
+                                               PanicHandler* panicHandler,
+                                               MemoryManager* memory) asm("__wrap_" XERCES_START);
+void initialize(const char* locale, const char* nlsHome, PanicHandler* panicHandler,
+                MemoryManager* memory) {
+  ++libraryStarts;
+  // The library counts a start that fails, and takes the next one for done.
+  realInitialize(locale, nlsHome, panicHandler, memory);
+  if (const auto failure = std::exchange(libraryFailure, nullptr)) failure();
 }
 
 namespace zntopo::test {
@@ -54,7 +83,27 @@ void expectUnusable(XMLUtil& xml) {
   EXPECT_EQ(std::exchange(error, ""), kText);
   EXPECT_NE(xml.transform(filterDocument(""), filterDocument(""), result, error), 0);
   EXPECT_EQ(std::exchange(error, ""), kText);
-  EXPECT_NE(xml.transform(path.c_str(), path.c_str(), result, error), 0);
+  for (const int code : {xml.transform(path.c_str(), path.c_str(), result, error),
+                         xml.transform(path.c_str(), filterDocument(""), result, error),
+                         xml.transform(filterDocument(""), path.c_str(), result, error)}) {
+    EXPECT_NE(code, 0);
+  }
+  EXPECT_EQ(std::exchange(error, ""), kText);
+}
+
+/// The same with the sources that a caller makes, who has Xerces-C himself.
+void expectUnusableWithSources(XMLUtil& xml) {
+  const TvXplXml::XmlLibraryUse library;
+  std::string error;
+  std::string result;
+  const std::string document = filterDocument("");
+  const xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(document.data()),
+                                          document.size(), "named");
+  EXPECT_FALSE(xml.validate(source, "n u", error, true));
+  EXPECT_EQ(std::exchange(error, ""), kText);
+  std::istringstream text(document);
+  xalanc::XSLTInputSource in(text);
+  EXPECT_NE(xml.transform(in, in, result, error), 0);
   EXPECT_EQ(std::exchange(error, ""), kText);
 }
 
@@ -92,6 +141,7 @@ TEST(FailedStartTest, TheNextInstanceDoesNotStartAndFailsWithTheStartsText) {
       EXPECT_TRUE(next.isStarted);
       EXPECT_EQ(XMLUtil::getRefCount(), 0);
       expectUnusable(next.xml);
+      expectUnusableWithSources(next.xml);
     }
     EXPECT_EQ(XMLUtil::getRefCount(), -1);
     TvXplMsg::MessageList_t list;
@@ -120,15 +170,70 @@ TEST(FailedStartTest, TheLibrariesStayForWhoHasThemWhateverTheCountSays) {
     EXPECT_EQ(XMLUtil::getRefCount(), 0);
     std::string result;
     std::string error;
-    EXPECT_EQ(second.xml.transform((second.xml.getTopologyXMLConfigPath() + "TopoFilters.xml").c_str(),
-                                   (second.xml.getTopologyXMLConfigPath() + "Filter2IFilter.xsl").c_str(),
-                                   result, error),
-              0)
+    EXPECT_EQ(
+        second.xml.transform((second.xml.getTopologyXMLConfigPath() + "TopoFilters.xml").c_str(),
+                             (second.xml.getTopologyXMLConfigPath() + "Filter2IFilter.xsl").c_str(),
+                             result, error),
+        0)
         << error;
     TvXplMsg::MessageList_t list;
     EXPECT_EQ(parseDefault(list), ZN_API_SUCCESS) << textOf(list);
   });
 }
+
+void panic() { throw std::runtime_error("a panic"); }
+
+void refuse() { throw xercesc::RuntimeException(__FILE__, __LINE__, xercesc::XMLExcepts::NoError); }
+
+void runOut() { throw xercesc::OutOfMemoryException(); }
+
+std::string whyNoReader() {
+  try {
+    const TvXplXml::SAXParser_t reader;
+  } catch (const TvXplMsg::Exception_t& exception) {
+    return exception.GetMessages().Format(TvXplMsg::fNone_k);
+  }
+  return {};
+}
+
+struct LibraryFailure {
+  void (*thrown)();
+  const char* text;
+};
+
+class FailedLibraryTest : public testing::TestWithParam<LibraryFailure> {};
+
+TEST_P(FailedLibraryTest, IsToldByAReaderAndForGood) {
+  inFreshProcess([] {
+    libraryFailure = GetParam().thrown;
+    EXPECT_EQ(whyNoReader(),
+              std::string("The XML library can't be started: ") + GetParam().text + "\n");
+    for (int i = 0; i < 2; ++i) {
+      EXPECT_EQ(whyNoReader(),
+                "The XML library can't be started: an earlier start in this process failed\n");
+    }
+    EXPECT_EQ(libraryStarts, 1) << "what is left of the library is not used";
+  });
+}
+
+TEST_P(FailedLibraryTest, FailsEveryLaterLoadingToo) {
+  inFreshProcess([] {
+    const FilterConfiguration configuration;
+    libraryFailure = GetParam().thrown;
+    TvXplMsg::MessageList_t list;
+    EXPECT_EQ(parseDefault(list), ZN_API_XML_SUBSYSTEM_INIT_FAILURE);
+    const StartedUtil bringsTheCountToZero;
+    EXPECT_EQ(parseDefault(list), ZN_API_XML_SUBSYSTEM_INIT_FAILURE) << "it tries, then";
+    const StartedUtil bringsItBack;
+    EXPECT_EQ(parseDefault(list), ZN_API_XML_SUBSYSTEM_INIT_FAILURE);
+    EXPECT_EQ(libraryStarts, 1);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, FailedLibraryTest,
+                         testing::Values(LibraryFailure{panic, "a panic"},
+                                         LibraryFailure{refuse, "its initialisation failed"},
+                                         LibraryFailure{runOut, "there is not enough memory"}));
 
 }  // namespace
 }  // namespace zntopo::test

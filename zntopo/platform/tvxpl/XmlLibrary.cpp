@@ -40,14 +40,21 @@ std::mutex& libraryMutex() {
 
 void startXmlLibrary() {
   static auto* const panicHandler = new ThrowingPanicHandler;
+  // The library counts a start before it does anything, and would take the next one for done.
+  static bool isBroken = false;
   const std::lock_guard lock(libraryMutex());
+  if (isBroken) fail("an earlier start in this process failed");
+  isBroken = true;
   try {
     xml::XMLPlatformUtils::Initialize(xml::XMLUni::fgXercescDefaultLocale, nullptr, panicHandler);
   } catch (const xml::XMLException&) {
     fail("its initialisation failed");
   } catch (const std::exception& error) {
     fail(error.what());
+  } catch (...) {
+    fail("there is not enough memory");
   }
+  isBroken = false;
 }
 
 void stopXmlLibrary() {

@@ -11,7 +11,8 @@ namespace TvXplXml {
 
 /// Starts the library, or adds a user to those that it has; each successful start is followed by
 /// one stopXmlLibrary(). May be called by several threads at once, as the library's own calls may
-/// not. Throws TvXplMsg::Exception_t if the library can't be started.
+/// not. Throws TvXplMsg::Exception_t if the library can't be started,
+/// and from then on, since what a failed start leaves is of no use.
 ///
 /// The library's way to end the process when it can't work, with a text on standard error, is
 /// replaced by an exception.
