@@ -178,6 +178,42 @@ TEST_F(HostileXmlTest, AStylesheetCanNotIncludeWhatLiesOutside) {
   }
 }
 
+/// The other two ways to write the element of a file of hosts, and its name.
+std::string namingHosts(const std::string& element) {
+  return filterDocument("<hosts name='h'>" + element + "</hosts>");
+}
+
+TEST_F(HostileXmlTest, AFileOfHostsIsValidatedHoweverItsNameIsWritten) {
+  const std::string root = std::string("<hosts xmlns='") + kFilterNamespace + "'>";
+  const std::string prefixed =
+      std::string("<f:HostIDFile xmlns:f='") + kFilterNamespace + "'>hosts.xml</f:HostIDFile>";
+  configuration.write("ho", root + "<host>other</host></hosts>");
+  for (const std::string& element :
+       {std::string("<HostIDFile>ho&#115;ts.xml</HostIDFile>"), prefixed}) {
+    TvXplMsg::MessageList_t messages;
+    configuration.write("hosts.xml", root + "<host>a</host></hosts>");
+    EXPECT_EQ(handler.ParseXmlString(messages, namingHosts(element)), 0) << textOf(messages);
+    EXPECT_EQ(handler.finalOf("h"), " a");
+    configuration.write("hosts.xml", root + "<host>a</host><wrong/></hosts>");
+    EXPECT_EQ(handler.ParseXmlString(messages, namingHosts(element)),
+              ZN_API_XML_FILTER_TRANSFORMATION_ERROR)
+        << element;
+    EXPECT_THAT(textOf(messages), HasSubstr("XML validate failed for document hosts.xml\n"
+                                            "XML validation failed. \n"));
+    EXPECT_THAT(textOf(messages), HasSubstr("no declaration found for element 'wrong'"));
+  }
+}
+
+TEST_F(HostileXmlTest, AFileOfHostsWithoutASchemaIsNotRead) {
+  configuration.write(
+      "hosts.xml", std::string("<hosts xmlns='") + kFilterNamespace + "'><host>a</host></hosts>");
+  EXPECT_EQ(apply("<xsl:value-of select=\"document('hosts.xml')\"/>"), 0) << error;
+  EXPECT_THAT(result, HasSubstr("a"));
+  configuration.remove("HostIDFile.xsd");
+  EXPECT_NE(apply("<xsl:value-of select=\"document('hosts.xml')\"/>"), 0);
+  EXPECT_THAT(error, HasSubstr("HostIDFile.xsd, line 0, char 0"));
+}
+
 // ---- what it costs ----------------------------------------------------------------------------
 
 TEST_F(HostileXmlTest, ALargeDocumentIsRefusedUnread) {

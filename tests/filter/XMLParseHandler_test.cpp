@@ -50,8 +50,9 @@ TEST_F(XMLParseHandlerTest, WhatIsSeenIsCounted) {
 }
 
 TEST_F(XMLParseHandlerTest, EmbeddedFilesAreASetOfNames) {
-  read("<a><HostIDFile>b.xml</HostIDFile><HostIDFile>a.xml</HostIDFile>"
-       "<HostIDFile>b.xml</HostIDFile><other>c.xml</other></a>");
+  read(
+      "<a><HostIDFile>b.xml</HostIDFile><HostIDFile>a.xml</HostIDFile>"
+      "<HostIDFile>b.xml</HostIDFile><other>c.xml</other></a>");
   EXPECT_TRUE(handler.hasEmbeddedURIs());
   EXPECT_THAT(handler.getEmbeddedURIs(), ElementsAre("a.xml", "b.xml"));
 }

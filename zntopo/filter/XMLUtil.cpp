@@ -94,6 +94,33 @@ std::string bytesOf(const xercesc::InputSource& source) {
   return bytes;
 }
 
+void useSchema(detail::LimitedParser& parser, const detail::SchemaLocation& location,
+               detail::SchemaResolver& resolver) {
+  parser.setValidationScheme(xercesc::SAXParser::Val_Always);
+  parser.setDoSchema(true);
+  parser.setValidationSchemaFullChecking(true);
+  parser.setXMLEntityResolver(&resolver);
+  if (location.uri.empty()) return;
+  const std::string whole = location.space + " " + location.uri;
+  parser.setExternalSchemaLocation(TvXplStr::widen(whole).c_str());
+}
+
+/// The parser counts no error for a grammar that is not there, nor for a root of another namespace.
+std::string complaintAboutRoot(detail::LimitedParser& parser,
+                               const detail::SchemaLocation& location, const std::string& document,
+                               const std::string& schema) {
+  const std::u16string space = TvXplStr::widen(location.space);
+  if (location.uri.empty() || !parser.getGrammar(space.c_str())) {
+    return detail::fatalError(schema,
+                              "There is no schema for the namespace \"" + location.space + "\".");
+  }
+  if (parser.rootNamespace() != space) {
+    return detail::fatalError(
+        document, "The root element is not of the namespace \"" + location.space + "\".");
+  }
+  return {};
+}
+
 }  // namespace
 
 ZNMutex& XMLUtil::s_lock() {
@@ -151,6 +178,10 @@ std::string XMLUtil::escape(const char* uri) {
   return escaped;
 }
 
+detail::XmlDocument XMLUtil::documentOf(const char* fileName) {
+  return XmlDocument::ofFile(textOf(fileName));
+}
+
 // Its place is in the configuration directory, where names in it are looked for.
 detail::XmlDocument XMLUtil::documentOf(const std::string& text) {
   return XmlDocument::ofText(text, kBufferName, configurationDirectory() + kBufferName);
@@ -176,14 +207,18 @@ bool XMLUtil::validating(std::string& error, const Work& work) const {
 
 bool XMLUtil::validate(const char* xmlFilename, const char* schemaLoc, std::string& error,
                        bool validateEmbedded) {
-  XmlDocument document = XmlDocument::ofFile(textOf(xmlFilename));
-  return validate(document, schemaLoc, error, validateEmbedded);
+  return validating(error, [&] {
+    XmlDocument document = documentOf(xmlFilename);
+    return validate(document, schemaLoc, error, validateEmbedded);
+  });
 }
 
 bool XMLUtil::validate(const std::string& srcXml, const char* schemaLoc, std::string& error,
                        bool validateEmbedded) {
-  XmlDocument document = documentOf(srcXml);
-  return validate(document, schemaLoc, error, validateEmbedded);
+  return validating(error, [&] {
+    XmlDocument document = documentOf(srcXml);
+    return validate(document, schemaLoc, error, validateEmbedded);
+  });
 }
 
 bool XMLUtil::validate(const xercesc::InputSource& document, const char* schemaLoc,
@@ -191,6 +226,7 @@ bool XMLUtil::validate(const xercesc::InputSource& document, const char* schemaL
   return validating(error, [&] {
     const std::string name = narrowed(document.getSystemId());
     XmlDocument read = XmlDocument::ofText(bytesOf(document), name, name);
+    if (document.getEncoding()) read.setEncoding(document.getEncoding());
     return validate(read, schemaLoc, error, validateEmbedded);
   });
 }
@@ -207,7 +243,7 @@ bool XMLUtil::validate(XmlDocument& document, const char* schemaLoc, std::string
 
 bool XMLUtil::validateOne(XmlDocument& document, const detail::SchemaLocation& location,
                           XMLParseHandler& handler, std::string& error) const {
-  XmlDocument schema = XmlDocument::ofFile(schemaPath(location.uri));
+  XmlDocument schema = documentOf(schemaPath(location.uri).c_str());
   for (XmlDocument* const input : {&document, &schema}) {
     // Without a location there is no schema to miss.
     if (input->refusal().empty() || (input == &schema && location.uri.empty())) continue;
@@ -216,45 +252,38 @@ bool XMLUtil::validateOne(XmlDocument& document, const detail::SchemaLocation& l
   }
   detail::SchemaResolver resolver(location, schema);
   detail::LimitedParser parser(handler);
-  parser.setValidationScheme(xercesc::SAXParser::Val_Always);
-  parser.setDoSchema(true);
-  parser.setValidationSchemaFullChecking(true);
-  parser.setXMLEntityResolver(&resolver);
-  const std::string whole = location.space + " " + location.uri;
-  if (!location.uri.empty()) {
-    parser.setExternalSchemaLocation(TvXplStr::widen(whole).c_str());
-  }
-  const std::u16string space = TvXplStr::widen(location.space);
+  useSchema(parser, location, resolver);
   std::string complaints;
-  if (!parser.read(document.bytes(), document.name())) {
+  const bool isRead = parser.read(document);
+  if (isRead) {
+    complaints = complaintAboutRoot(parser, location, document.name(), schema.name());
+  } else {
     handler.retreiveErrorString(complaints);
-  } else if (location.uri.empty() || !parser.getGrammar(space.c_str())) {
-    // The parser counts no error for a grammar that is not there, nor for the next.
-    complaints = detail::fatalError(
-        schema.name(), "There is no schema for the namespace \"" + location.space + "\".");
-  } else if (parser.rootNamespace() != space) {
-    complaints = detail::fatalError(
-        document.name(), "The root element is not of the namespace \"" + location.space + "\".");
   }
-  if (!complaints.empty()) error = kInvalid + complaints;
-  return complaints.empty();
+  if (isRead && complaints.empty()) return true;
+  error = kInvalid + complaints;
+  return false;
 }
 
 bool XMLUtil::validateFilesOf(const XMLParseHandler& handler, std::string& error) const {
-  const auto location = detail::SchemaLocation::of(_kEMBEDDED_SCHEMA_LOCATION);
   for (const std::string& uri : handler.getEmbeddedURIs()) {
-    XMLParseHandler embedded;
-    std::string parseErrors;
     const std::string path = _kXMLCONFIG_PATH + uri;
     const auto file = std::make_shared<XmlDocument>(XmlDocument::ofFileIn(_kXMLCONFIG_PATH, path));
-    if (validateOne(*file, location, embedded, parseErrors)) {
-      embedded_.emplace(path, file);
-      continue;
+    if (std::string complaint = embeddedComplaint(uri, *file); !complaint.empty()) {
+      error = std::move(complaint);
+      return false;
     }
-    error = "XML validate failed for document " + uri + "\n" + parseErrors;
-    return false;
+    embedded_.emplace(path, file);
   }
   return true;
+}
+
+std::string XMLUtil::embeddedComplaint(const std::string& name, XmlDocument& file) const {
+  XMLParseHandler handler;
+  std::string parseErrors;
+  const auto location = detail::SchemaLocation::of(_kEMBEDDED_SCHEMA_LOCATION);
+  if (validateOne(file, location, handler, parseErrors)) return {};
+  return "XML validate failed for document " + name + "\n" + parseErrors;
 }
 
 std::string XMLUtil::schemaPath(const std::string& uri) const {
@@ -265,61 +294,74 @@ std::string XMLUtil::schemaPath(const std::string& uri) const {
   return detail::blanksOf(uri);
 }
 
+template <typename Work>
+int XMLUtil::transforming(std::string& error, const Work& work) const {
+  if (!isStarted_) {
+    error = kStartFailure;
+    return kFailed;
+  }
+  try {
+    return work();
+  } catch (...) {
+    error = "Unknown exception when attempting transformation.";
+  }
+  return kFailed;
+}
+
+template <typename Xml, typename Xslt>
+int XMLUtil::transformEither(const Xml& xml, const Xslt& xslt, std::string& result,
+                             std::string& error) const {
+  return transforming(error, [&] {
+    XmlDocument document = documentOf(xml);
+    XmlDocument stylesheet = documentOf(xslt);
+    return transform(document, stylesheet, result, error);
+  });
+}
+
 int XMLUtil::transform(const char* xmlFilename, const char* xsltFilename, std::string& result,
                        std::string& error) {
-  XmlDocument xml = XmlDocument::ofFile(textOf(xmlFilename));
-  XmlDocument stylesheet = XmlDocument::ofFile(textOf(xsltFilename));
-  return transform(xml, stylesheet, result, error);
+  return transformEither(xmlFilename, xsltFilename, result, error);
 }
 
 int XMLUtil::transform(const std::string& xml, const std::string& xslt, std::string& result,
                        std::string& error) {
-  XmlDocument document = documentOf(xml);
-  XmlDocument stylesheet = documentOf(xslt);
-  return transform(document, stylesheet, result, error);
+  return transformEither(xml, xslt, result, error);
 }
 
 int XMLUtil::transform(const std::string& xml, const char* xsltFilename, std::string& result,
                        std::string& error) {
-  XmlDocument document = documentOf(xml);
-  XmlDocument stylesheet = XmlDocument::ofFile(textOf(xsltFilename));
-  return transform(document, stylesheet, result, error);
+  return transformEither(xml, xsltFilename, result, error);
 }
 
 int XMLUtil::transform(const char* xmlFilename, const std::string& xslt, std::string& result,
                        std::string& error) {
-  XmlDocument document = XmlDocument::ofFile(textOf(xmlFilename));
-  XmlDocument stylesheet = documentOf(xslt);
-  return transform(document, stylesheet, result, error);
+  return transformEither(xmlFilename, xslt, result, error);
 }
 
 int XMLUtil::transform(XmlDocument& document, XmlDocument& stylesheet, std::string& result,
                        std::string& error) const {
-  if (!isStarted_) {
-    error = kStartFailure;
-    return kFailed;
-  }
-  for (const std::string* const refusal :
-       {&document.refusal(), &stylesheet.refusalAsStylesheet()}) {
-    if (refusal->empty()) continue;
-    error = *refusal;
-    return kFailed;
-  }
-  TransformSource xml(document);
-  TransformSource xslt(stylesheet);
-  return transform(xml.source, xslt.source, result, error);
+  return transforming(error, [&] {
+    for (const std::string* const refusal :
+         {&document.refusal(), &stylesheet.refusalAsStylesheet()}) {
+      if (refusal->empty()) continue;
+      error = *refusal;
+      return kFailed;
+    }
+    TransformSource xml(document);
+    TransformSource xslt(stylesheet);
+    return transform(xml.source, xslt.source, result, error);
+  });
 }
 
 int XMLUtil::transform(xalanc::XSLTInputSource& xmlIn, xalanc::XSLTInputSource& xsltIn,
                        std::string& result, std::string& error) const {
-  if (!isStarted_) {
-    error = kStartFailure;
-    return kFailed;
-  }
-  int res = kFailed;
-  try {
+  return transforming(error, [&] {
     std::string text;
-    res = detail::applyStylesheet(xmlIn, xsltIn, {_kXMLCONFIG_PATH, embedded_}, text, error);
+    const auto complaintAbout = [this](const std::string& name, XmlDocument& file) {
+      return embeddedComplaint(name, file);
+    };
+    const int res = detail::applyStylesheet(
+        xmlIn, xsltIn, {_kXMLCONFIG_PATH, embedded_, complaintAbout}, text, error);
     if (res != 0) return res;
     result = std::move(text);
     if (result.empty()) {
@@ -327,10 +369,8 @@ int XMLUtil::transform(xalanc::XSLTInputSource& xmlIn, xalanc::XSLTInputSource& 
     } else {
       MCLog::log(MC_VERBOSE, "Transformed XML [\n%s\n]\n", result.c_str());
     }
-  } catch (...) {
-    error = "Unknown exception when attempting transformation.";
-  }
-  return res;
+    return res;
+  });
 }
 
 }  // namespace zntopo

@@ -35,7 +35,9 @@ class XmlDocument;
 ///
 /// Several threads may make instances and use one each at the same time. No exception leaves it.
 ///
-/// What it reads is taken for hostile. A document, a schema or a stylesheet is a regular file of
+/// What it reads is taken for hostile, but for what stylesheets and schemas do: how long and how
+/// deep a stylesheet works is not bounded, so the filter configuration directory has to be trusted.
+/// A document, a schema or a stylesheet is a regular file of
 /// at most kLargestDocument bytes, is read once (an embedded file by a validation, for the
 /// transformation that follows), and is refused if it declares a document type or
 /// nests deeper than kDeepest elements. Nothing is read for the sake of a document but
@@ -111,6 +113,7 @@ class ZNTOPO_EXPORT XMLUtil {
                 std::string& error) const;
 
   static ZNMutex& s_lock();
+  static detail::XmlDocument documentOf(const char* fileName);
   static detail::XmlDocument documentOf(const std::string& text);
   std::string schemaPath(const std::string& uri) const;
   template <typename Work>
@@ -118,6 +121,13 @@ class ZNTOPO_EXPORT XMLUtil {
   bool validateOne(detail::XmlDocument& document, const detail::SchemaLocation& location,
                    XMLParseHandler& handler, std::string& error) const;
   bool validateFilesOf(const XMLParseHandler& handler, std::string& error) const;
+  /// What is wrong with a file of hosts; empty if it is valid.
+  std::string embeddedComplaint(const std::string& name, detail::XmlDocument& file) const;
+  template <typename Work>
+  int transforming(std::string& error, const Work& work) const;
+  template <typename Xml, typename Xslt>
+  int transformEither(const Xml& xml, const Xslt& xslt, std::string& result,
+                      std::string& error) const;
 
   const std::string _kSCHEMA_NAMESPACE;
   const std::string _kXMLCONFIG_URI;

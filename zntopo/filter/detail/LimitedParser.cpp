@@ -6,6 +6,7 @@
 #include <xercesc/sax/SAXParseException.hpp>
 
 #include "zntopo/filter/XMLUtil.h"
+#include "zntopo/filter/detail/XmlDocument.h"
 #include "zntopo/platform/tvxpl/TvXplStr.h"
 
 namespace zntopo::detail {
@@ -37,15 +38,18 @@ LimitedParser::LimitedParser(XMLParseHandler& handler) : handler_(handler) {
   setDTDHandler(&handler);
 }
 
-bool LimitedParser::read(const std::string& bytes, const std::string& name) {
-  const xml::MemBufInputSource source(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(),
-                                      TvXplStr::widen(name).c_str());
+bool LimitedParser::read(const XmlDocument& document) {
+  const std::string& bytes = document.bytes();
+  xml::MemBufInputSource source(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(),
+                                TvXplStr::widen(document.name()).c_str());
+  if (!document.encoding().empty()) source.setEncoding(document.encoding().c_str());
   errorTextSize_ = 0;
   errors_ = 0;
   depth_ = 0;
   declared_.clear();
   namespaces_ = 0;
   rootNamespace_.clear();
+  rootName_.clear();
   isStylesheet_ = false;
   try {
     parse(source);
@@ -66,6 +70,7 @@ void LimitedParser::startElement(const xml::XMLElementDecl& element, unsigned in
                                  bool isEmpty, bool isRoot) {
   if (isRoot) {
     rootNamespace_ = getScanner().getURIText(uri);
+    rootName_ = element.getBaseName();
     isStylesheet_ = isOfStylesheets(getScanner(), uri);
     for (XMLSize_t i = 0; i < count && !isStylesheet_; ++i) {
       isStylesheet_ = isOfStylesheets(getScanner(), attributes.elementAt(i)->getURIId());

@@ -9,6 +9,8 @@
 
 namespace zntopo::detail {
 
+class XmlDocument;
+
 /// A SAX parser that stops at what a hostile document would do, and resolves nothing by itself.
 /// What it stops at becomes a fatal error of the handler.
 class LimitedParser : public xercesc::SAXParser {
@@ -23,11 +25,13 @@ class LimitedParser : public xercesc::SAXParser {
   /// Listens to all with the handler, which outlives the parser.
   explicit LimitedParser(XMLParseHandler& handler);
 
-  /// Reads a document in memory; the name stands for it in diagnostics.
+  /// Reads a document, whose name stands for it in diagnostics.
   /// @return false if there were errors
-  bool read(const std::string& bytes, const std::string& name);
+  bool read(const XmlDocument& document);
   /// The namespace of the root element.
   const std::u16string& rootNamespace() const { return rootNamespace_; }
+  /// The name of the root element, without its prefix.
+  const std::u16string& rootName() const { return rootName_; }
   /// True if the root makes a stylesheet of the document.
   bool isStylesheet() const { return isStylesheet_; }
 
@@ -59,6 +63,7 @@ class LimitedParser : public xercesc::SAXParser {
   std::vector<std::size_t> declared_;
   std::size_t namespaces_ = 0;
   std::u16string rootNamespace_;
+  std::u16string rootName_;
   bool isStylesheet_ = false;
 };
 

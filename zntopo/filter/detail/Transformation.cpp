@@ -55,10 +55,7 @@ class FolderResolver : public xml::XMLEntityResolver {
     const std::string name = narrowed(entity->getSystemId());
     const std::string path = pathOf(name);
     if (path.empty()) refuse("\"" + name + "\" is no file, and is not read.");
-    const auto known = files_.known.find(path);
-    XmlDocument document =
-        known == files_.known.end() ? XmlDocument::ofFileIn(files_.folder, path) : *known->second;
-    if (!document.refusal().empty()) refuse(document.refusal());
+    XmlDocument document = documentOf(name, path);
     const std::string& bytes = document.bytes();
     auto* const copy = new XMLByte[bytes.size() + 1];
     bytes.copy(reinterpret_cast<char*>(copy), bytes.size());
@@ -76,6 +73,19 @@ class FolderResolver : public xml::XMLEntityResolver {
     if (std::string path = pathOfUrl(name); !path.empty()) return path;
     if (name.empty() || name.find(':') < name.find('/')) return {};
     return name.front() == '/' ? name : files_.folder + name;
+  }
+  /// However a document wrote the name of a file of hosts, the file is validated.
+  XmlDocument documentOf(const std::string& name, const std::string& path) {
+    if (const auto known = files_.known.find(path); known != files_.known.end()) {
+      return *known->second;
+    }
+    XmlDocument document = XmlDocument::ofFileIn(files_.folder, path);
+    if (!document.refusal().empty()) refuse(document.refusal());
+    if (document.isOfHosts()) {
+      const std::string complaint = files_.complaintAbout(name, document);
+      if (!complaint.empty()) refuse(complaint);
+    }
+    return document;
   }
   [[noreturn]] void refuse(const std::string& why) {
     refusal_ = why;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -19,6 +20,8 @@ struct StylesheetFiles {
   const std::string& folder;
   /// Those of them that were read already, by their paths.
   const std::map<std::string, std::shared_ptr<XmlDocument>>& known;
+  /// What is wrong with a file of hosts that is not known; empty if nothing is.
+  std::function<std::string(const std::string& name, XmlDocument& file)> complaintAbout;
 };
 
 /// Applies a stylesheet; one that names another file fails. What the libraries throw passes to the

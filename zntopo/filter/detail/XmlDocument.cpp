@@ -13,6 +13,7 @@
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/XMLException.hpp>
 
+#include "zntopo/filter/FilterNamespace.h"
 #include "zntopo/filter/XMLParseHandler.h"
 #include "zntopo/filter/XMLUtil.h"
 #include "zntopo/filter/detail/Diagnostic.h"
@@ -117,6 +118,8 @@ const std::string& XmlDocument::refusalAsStylesheet() {
   return refusal_;
 }
 
+bool XmlDocument::isOfHosts() { return refusal().empty() && isOfHosts_; }
+
 std::string XmlDocument::url() const {
   static constexpr char kDigits[] = "0123456789ABCDEF";
   std::string url = "file://";
@@ -157,8 +160,10 @@ void XmlDocument::test() {
   XMLParseHandler handler;
   try {
     LimitedParser parser(handler);
-    const bool isRead = parser.read(bytes_, name_);
+    const bool isRead = parser.read(*this);
     isStylesheet_ = parser.isStylesheet();
+    isOfHosts_ = parser.rootName() == u"hosts" &&
+                 parser.rootNamespace() == TvXplStr::widen(kTopologyFilterNamespace);
     if (isRead) return;
     handler.retreiveErrorString(refusal_);
   } catch (const xercesc::XMLException& error) {

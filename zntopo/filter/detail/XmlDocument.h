@@ -20,6 +20,9 @@ class XmlDocument {
   const std::string& bytes() const { return bytes_; }
   /// What diagnostics call it: of a file the absolute path.
   const std::string& name() const { return name_; }
+  /// What its bytes are encoded in, if not what they say themselves; otherwise empty.
+  const std::u16string& encoding() const { return encoding_; }
+  void setEncoding(const std::u16string& encoding) { encoding_ = encoding; }
   /// Where it lies, as an escaped file:// URL.
   std::string url() const;
   /// Why nothing can be done with it, in the form of the diagnostics of a validation. Empty for
@@ -29,6 +32,8 @@ class XmlDocument {
   const std::string& refusal();
   /// The same for what has to be a stylesheet.
   const std::string& refusalAsStylesheet();
+  /// True for a document that is not refused and whose root is that of a file of hosts.
+  bool isOfHosts();
 
  private:
   XmlDocument(const std::string& name, const std::string& place) : name_(name), place_(place) {}
@@ -40,9 +45,11 @@ class XmlDocument {
   std::string bytes_;
   std::string name_;
   std::string place_;
+  std::u16string encoding_;
   std::string refusal_;
   bool isTested_ = false;
   bool isStylesheet_ = false;
+  bool isOfHosts_ = false;
 };
 
 /// The path that the escaped URL of a file names; empty for any other URL.
