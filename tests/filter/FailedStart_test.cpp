@@ -183,7 +183,9 @@ TEST(FailedStartTest, TheLibrariesStayForWhoHasThemWhateverTheCountSays) {
 
 void panic() { throw std::runtime_error("a panic"); }
 
-void refuse() { throw xercesc::RuntimeException(__FILE__, __LINE__, xercesc::XMLExcepts::NoError); }
+void refuse() {
+  throw xercesc::RuntimeException(__FILE__, __LINE__, xercesc::XMLExcepts::Gen_ParseInProgress);
+}
 
 void runOut() { throw xercesc::OutOfMemoryException(); }
 
