@@ -121,6 +121,21 @@ TEST_F(TopoFiltHandlerTest, AFileThatIsNotThereIsAFailedValidation) {
                                      configuration.path("TopoFilters.xml") + "\n"));
 }
 
+TEST_F(TopoFiltHandlerTest, AFolderInThePlaceOfAFileIsAFailedValidation) {
+  const std::string path = configuration.path("TopoFilters.xml");
+  configuration.remove("TopoFilters.xml");
+  std::filesystem::create_directory(path);
+  EXPECT_EQ(handler.ParseXmlFile(list, path), ZN_API_XML_FILTER_VALIDATION_ERROR);
+  EXPECT_EQ(handler.ParseDefaultFile(list), ZN_API_XML_FILTER_VALIDATION_ERROR);
+  ASSERT_EQ(list.GetMessageCount(), 2);
+  for (const int i : {0, 1}) {
+    EXPECT_EQ(message(i), "XML file being validated:\n" + path +
+                              "\nXML filter validation Error.\nXML validation failed. \n"
+                              "\nFatal Error at file " +
+                              path + ", line 0, char 0\n  Message: It is not a regular file.\n");
+  }
+}
+
 TEST_F(TopoFiltHandlerTest, WithoutASchemaNothingIsValid) {
   configuration.remove("TopoFilter.xsd");
   EXPECT_EQ(handler.ParseDefaultFile(list), ZN_API_XML_FILTER_VALIDATION_ERROR);
@@ -245,6 +260,9 @@ TEST_F(TopoFiltHandlerTest, AnUnknownNameIsToldAndLeavesAnEmptyFilter) {
             ZN_API_XML_FILTER_KEY_NOT_FOUND_ERROR);
   expectOneMessage("Filter key [nobody] not found in filter string substitution.");
   EXPECT_EQ(handler.getFilterNameDesc().count("nobody"), 1U);
+  ZNTopoAPIStatus status;
+  EXPECT_THAT(*handler.ExecFilter(list, "nobody", status), testing::IsEmpty());
+  EXPECT_EQ(status.getStatus(), ZN_API_XML_FILTER_NAME_NOT_FOUND_ERROR);
 }
 
 TEST_F(TopoFiltHandlerTest, AConditionThatGrowsTooLargeIsNamed) {

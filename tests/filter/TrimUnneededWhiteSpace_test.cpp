@@ -48,6 +48,24 @@ TEST(TrimUnneededWhiteSpaceTest, ThereIsNoLimitOnTheLength) {
   }
 }
 
+TEST(TrimUnneededWhiteSpaceTest, ATextAsLongAsAnyScratchSpaceIsTrimmedAsOthersAre) {
+  const std::string piece = "a  b\t'c  \t'\n\"d  \" ";
+  const std::string trimmed = "a b'c  \t'\"d  \" ";
+  for (const std::size_t length : {2046U, 2047U, 2048U, 2049U}) {
+    std::string text;
+    std::string expected;
+    while (text.size() + piece.size() <= length - 4) {
+      text += piece;
+      expected += trimmed;
+    }
+    const std::string fill(length - 4 - text.size(), 'x');
+    text += fill + "  \t ";
+    expected += fill + " ";
+    ASSERT_EQ(text.size(), length);
+    EXPECT_EQ(TrimUnneededWhiteSpace(text), expected) << length;
+  }
+}
+
 TEST(TrimUnneededWhiteSpaceTest, TheTraceTellsBothTexts) {
   test::inFreshProcess([] {
     const test::Scratch scratch;

@@ -9,9 +9,14 @@
 #include <vector>
 #include <xalanc/XSLT/XSLTInputSource.hpp>
 #include <xercesc/framework/MemBufInputSource.hpp>
+#include <xercesc/sax/InputSource.hpp>
+#include <xercesc/sax/SAXException.hpp>
+#include <xercesc/util/BinInputStream.hpp>
+#include <xercesc/util/RuntimeException.hpp>
 
 #include "tests/filter/FilterFixture.h"
 #include "tests/support/CapturedLog.h"
+#include "zntopo/platform/tvxpl/TvXplStr.h"
 
 namespace zntopo::test {
 namespace {
@@ -222,7 +227,90 @@ TEST_F(XMLUtilTest, ASchemaOfAnotherNamespaceMakesNothingValid) {
   EXPECT_FALSE(isValid(good));
 }
 
+TEST_F(XMLUtilTest, ASourcesEncodingIsTaken) {
+  const std::string latin = filterDocument(conditionElement("\xE4", "Node", "x"));
+  xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(latin.data()), latin.size(),
+                                    "named");
+  EXPECT_FALSE(util.xml.validate(source, location.c_str(), error, true));
+  source.setEncoding(u"ISO-8859-1");
+  EXPECT_TRUE(util.xml.validate(source, location.c_str(), error, true)) << error;
+}
+
+/// A source that throws when it is opened, or when it is read.
+class ThrowingSource : public xercesc::InputSource {
+ public:
+  ThrowingSource(void (*thrown)(), bool whenRead) : thrown_(thrown), whenRead_(whenRead) {}
+
+  /// The caller deletes what it gets.
+  xercesc::BinInputStream* makeStream() const override {
+    if (!whenRead_) thrown_();
+    return new Stream(thrown_);
+  }
+
+ private:
+  struct Stream : xercesc::BinInputStream {
+    explicit Stream(void (*thrower)()) : thrown(thrower) {}
+    XMLFilePos curPos() const override { return 0; }
+    XMLSize_t readBytes(XMLByte* const, const XMLSize_t) override {
+      thrown();
+      return 0;
+    }
+    const XMLCh* getContentType() const override { return nullptr; }
+
+    void (*thrown)();
+  };
+
+  void (*thrown_)();
+  bool whenRead_;
+};
+
+TEST_F(XMLUtilTest, WhatIsThrownWhileASourceIsReadIsTold) {
+  using xercesc::RuntimeException;
+  static const RuntimeException kException(__FILE__, __LINE__,
+                                           xercesc::XMLExcepts::Gen_ParseInProgress);
+  const std::string ownText = TvXplStr::narrowed(kException.getMessage());
+  EXPECT_NE(ownText, "");
+  struct Case {
+    void (*thrown)();
+    std::string text;
+  };
+  for (const Case& each :
+       {Case{[] { throw xercesc::SAXException(u"broken off"); },
+             "SAX exception when parsing xml: broken off\n"},
+        Case{[] { throw RuntimeException(kException); }, ownText},
+        Case{[] { throw 42; }, "Unexpected exception when parsing xml.\n"},
+        Case{[] { throw std::bad_alloc(); }, "Unexpected exception when parsing xml.\n"}}) {
+    for (const bool whenRead : {false, true}) {
+      error.clear();
+      EXPECT_FALSE(
+          util.xml.validate(ThrowingSource(each.thrown, whenRead), location.c_str(), error, true));
+      EXPECT_EQ(error, each.text);
+    }
+  }
+}
+
 // ---- embedded files ---------------------------------------------------------------------------
+
+/// Counts how often a file is opened.
+class OpenWatch {
+ public:
+  explicit OpenWatch(const std::string& path) : watch_(inotify_init1(IN_NONBLOCK)) {
+    EXPECT_GE(inotify_add_watch(watch_, path.c_str(), IN_OPEN), 0);
+  }
+  ~OpenWatch() { close(watch_); }
+  OpenWatch(const OpenWatch&) = delete;
+  OpenWatch& operator=(const OpenWatch&) = delete;
+
+  /// Since it was asked last; at most 8.
+  int opened() const {
+    inotify_event events[8];
+    const ssize_t size = ::read(watch_, events, sizeof events);
+    return size < 0 ? 0 : static_cast<int>(size / static_cast<ssize_t>(sizeof events[0]));
+  }
+
+ private:
+  int watch_;
+};
 
 class EmbeddedTest : public XMLUtilTest {
  protected:
@@ -255,7 +343,15 @@ TEST_F(EmbeddedTest, AFailureNamesTheFileAsTheDocumentDoes) {
 
 TEST_F(EmbeddedTest, WithoutAskingNoFurtherFileIsRead) {
   EXPECT_TRUE(isValid(hosts(file("none.xml")), false)) << error;
+  const OpenWatch watch(writeHosts("hosts.xml"));
+  EXPECT_TRUE(isValid(hosts(file("hosts.xml")), false)) << error;
+  EXPECT_EQ(watch.opened(), 0);
+}
+
+TEST_F(EmbeddedTest, ADocumentThatNamesNoFileReadsNone) {
+  const OpenWatch watch(writeHosts("hosts.xml"));
   EXPECT_TRUE(isValid(good)) << error;
+  EXPECT_EQ(watch.opened(), 0);
 }
 
 TEST_F(EmbeddedTest, TheFirstFileThatFailsEndsTheWalkInTheOrderOfNames) {
@@ -266,12 +362,9 @@ TEST_F(EmbeddedTest, TheFirstFileThatFailsEndsTheWalkInTheOrderOfNames) {
 
 TEST_F(EmbeddedTest, EqualNamesAreOneFileThatIsReadOnce) {
   const std::string path = writeHosts("hosts.xml");
-  const int watch = inotify_init1(IN_NONBLOCK);
-  ASSERT_GE(inotify_add_watch(watch, path.c_str(), IN_OPEN), 0);
+  const OpenWatch watch(path);
   EXPECT_TRUE(isValid(hosts(file("hosts.xml") + file("hosts.xml")))) << error;
-  inotify_event events[8];
-  EXPECT_EQ(::read(watch, events, sizeof events), static_cast<ssize_t>(sizeof events[0]));
-  close(watch);
+  EXPECT_EQ(watch.opened(), 1);
 }
 
 TEST_F(EmbeddedTest, EmbeddingIsOneLevelDeep) {
@@ -365,6 +458,25 @@ TEST_F(XMLUtilTest, AStylesheetThatFailsLeavesTheResultAlone) {
   result = "of before";
   EXPECT_NE(util.xml.transform(good, terminating, result, error), 0);
   EXPECT_THAT(error, HasSubstr("enough"));
+  EXPECT_EQ(result, "of before");
+}
+
+TEST_F(XMLUtilTest, AnythingThrownWhileASourceIsTransformedIsTold) {
+  struct Thrower : std::streambuf {
+    int_type underflow() override { throw 42; }
+  } thrower;
+  std::istream broken(&thrower);
+  // Otherwise the stream keeps it to itself.
+  broken.exceptions(std::ios::badbit);
+  std::istringstream whole(good);
+  xalanc::XSLTInputSource brokenIn(broken);
+  xalanc::XSLTInputSource wholeIn(whole);
+  result = "of before";
+  EXPECT_NE(util.xml.transform(brokenIn, wholeIn, result, error), 0);
+  EXPECT_EQ(std::exchange(error, ""), "Unknown exception when attempting transformation.");
+  broken.clear();
+  EXPECT_NE(util.xml.transform(wholeIn, brokenIn, result, error), 0);
+  EXPECT_EQ(error, "Unknown exception when attempting transformation.");
   EXPECT_EQ(result, "of before");
 }
 

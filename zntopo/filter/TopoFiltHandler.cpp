@@ -88,7 +88,10 @@ int TopoFiltHandler::parse(MessageList_t& list, Input&& input) {
 }
 
 int TopoFiltHandler::read(MessageList_t& list, const std::string& intermediate) {
-  const std::string complaint = "exception when parsing xml [\n" + intermediate + "\n]";
+  const auto complain = [&](const std::string& kind) {
+    list.Add(
+        TvXplMsg::CreateError_t(kind + " exception when parsing xml [\n" + intermediate + "\n]"));
+  };
   try {
     TvXplXml::SAXParser_t parser;
     parser.SetContentHandler(this);
@@ -101,9 +104,9 @@ int TopoFiltHandler::read(MessageList_t& list, const std::string& intermediate) 
     std::string text = exception.GetMessages().Format(TvXplMsg::fNone_k);
     if (!text.empty()) text.pop_back();  // the end of the last line
     fail(list, ZN_API_XML_PARSE_ERROR, text);
-    list.Add(TvXplMsg::CreateError_t("TvXplMsg " + complaint));
+    complain("TvXplMsg");
   } catch (...) {
-    list.Add(TvXplMsg::CreateError_t("Unknown " + complaint));
+    complain("Unknown");
   }
   return ZN_API_XML_PARSE_ERROR;
 }
