@@ -1013,8 +1013,7 @@
         <xsl:with-param name="why" select="concat('the file ', ., ' lists no hosts.')"/>
       </xsl:call-template>
     </xsl:if>
-    <!-- The same as its schema says, since a file that is named with a prefix, or in pieces, has
-         not been validated. -->
+    <!-- The same as its schema says, for a processor that has not validated the file. -->
     <xsl:if test="$list/text()[normalize-space() != ''] or $list/@*[namespace-uri() = ''] or
         $hosts[* or @*[namespace-uri() = ''] or string-length() &gt; 2000 or
         not(self::f:name or self::f:address or self::f:objectID)]">

@@ -119,7 +119,8 @@ TEST_P(RefusedHostIDFileTest, AFileThatIsNoListOfHostsIsRefusedBehindAPrefixToo)
     std::string told;
     EXPECT_EQ(refusal(prefixed("hosts.xml"), &told), ZN_API_XML_FILTER_TRANSFORMATION_ERROR)
         << hosts.substr(0, 100);
-    EXPECT_THAT(told, testing::HasSubstr("Filter f: the file hosts.xml ")) << hosts.substr(0, 100);
+    EXPECT_THAT(told, testing::HasSubstr("XML validate failed for document hosts.xml\n"))
+        << hosts.substr(0, 100);
   }
   config_.write("hosts.xml", document("<name>core-1</name>"));
   EXPECT_EQ(refusal(prefixed("hosts.xml")), ZN_API_XML_FILTER_TRANSFORMATION_ERROR);
