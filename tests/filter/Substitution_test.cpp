@@ -136,7 +136,7 @@ TEST_F(SubstitutionTest, AConditionThatGrowsBeyondTheLimitIsNamed) {
   EXPECT_EQ(expand(), ZN_API_XML_FILTER_SUBSTITUTION_ERROR);
   EXPECT_THAT(textOf(list),
               testing::MatchesRegex("The condition of filter \\[f10[0-9]+\\] has more than 1000000 "
-                                    "characters with its references expanded.\n"));
+                                    "bytes with its references expanded.\n"));
   for (const auto& [name, filter] : handler.m_FiltMap) {
     EXPECT_LE(filter.getFinalWhereClause().size(), TopoFiltHandler::kLargestCondition) << name;
   }

@@ -270,7 +270,7 @@ TEST_F(TopoFiltHandlerTest, AConditionThatGrowsTooLargeIsNamed) {
                                  conditionElement("b", "Node", std::string(600'000, 'x')))),
             ZN_API_XML_FILTER_SUBSTITUTION_ERROR);
   expectOneMessage(
-      "The condition of filter [a] has more than 1000000 characters with its references expanded.");
+      "The condition of filter [a] has more than 1000000 bytes with its references expanded.");
 }
 
 // ---- what is logged ---------------------------------------------------------------------------

@@ -22,7 +22,7 @@ namespace zntopo {
 /// handler that is parsing. Handlers of their own may parse at the same time.
 class TopoFiltHandler : public TvXplXml::SAX::DefaultHandler_t {
  public:
-  /// Bytes of a filter's condition with its references expanded.
+  /// Bytes of a filter's condition with its references expanded; one without references has no limit.
   static constexpr std::size_t kLargestCondition = 1'000'000;
   /// Bytes that expanding may put into all conditions together in one parse.
   static constexpr std::size_t kLargestExpansion = 100'000'000;

@@ -127,14 +127,14 @@ class Expansion {
       return fail(list, ZN_API_XML_FILTER_SUBSTITUTION_ERROR,
                   "The condition of filter [" + name + "] has more than " +
                       std::to_string(TopoFiltHandler::kLargestCondition) +
-                      " characters with its references expanded.");
+                      " bytes with its references expanded.");
     }
     expanded_ += text.size() + 2;
     if (expanded_ > TopoFiltHandler::kLargestExpansion) {
       return fail(list, ZN_API_XML_FILTER_SUBSTITUTION_ERROR,
                   "Filter string substitution stopped at filter [" + name +
                       "]: all conditions together take in more than " +
-                      std::to_string(TopoFiltHandler::kLargestExpansion) + " characters.");
+                      std::to_string(TopoFiltHandler::kLargestExpansion) + " bytes.");
     }
     condition.replaceReference(key.size(), text);
     return ZN_API_SUCCESS;
