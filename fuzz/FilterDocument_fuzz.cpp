@@ -4,6 +4,7 @@
 
 #include "fuzz/FilterFolder.h"
 #include "zntopo/core/ZNTopoStatus.h"
+#include "zntopo/filter/FilterNamespace.h"
 #include "zntopo/filter/TopoFiltHandler.h"
 #include "zntopo/filter/XMLUtil.h"
 
@@ -36,10 +37,18 @@ class OpenHandler : public TopoFiltHandler {
   }
 };
 
+/// The files of the tests, and one that "HostIDFile" elements may name.
+struct Configuration : fuzz::FilterFolder {
+  Configuration() : FilterFolder(ZNTOPO_SOURCE_DIR "/tests/filter/config") {
+    write("hosts.xml", std::string("<hosts xmlns='") + kTopologyFilterNamespace +
+                           "'><host>core-1</host><host>core-2</host></hosts>");
+  }
+};
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const fuzz::FilterFolder folder(ZNTOPO_SOURCE_DIR "/tests/filter/config");
+  static const Configuration configuration;
   // Keeps the libraries started.
   static bool isStarted = false;
   static std::string error;

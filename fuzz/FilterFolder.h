@@ -3,6 +3,8 @@
 #include <stdlib.h>
 
 #include <filesystem>
+#include <fstream>
+#include <string>
 
 #include "fuzz/Fuzz.h"
 
@@ -16,10 +18,10 @@ class FilterFolder {
     char name[] = "/tmp/zntopo-fuzz-XXXXXX";
     ZNTOPO_REQUIRE(mkdtemp(name));
     etc_ = name;
-    const std::filesystem::path folder = etc_ / "conf/qrmrz/topology/filter";
-    std::filesystem::create_directories(folder);
+    folder_ = etc_ / "conf/qrmrz/topology/filter";
+    std::filesystem::create_directories(folder_);
     for (const auto& file : std::filesystem::directory_iterator(source)) {
-      std::filesystem::copy_file(file.path(), folder / file.path().filename());
+      std::filesystem::copy_file(file.path(), folder_ / file.path().filename());
     }
     setenv("TV_ETC_PATH", etc_.c_str(), 1);
   }
@@ -30,8 +32,13 @@ class FilterFolder {
   FilterFolder(const FilterFolder&) = delete;
   FilterFolder& operator=(const FilterFolder&) = delete;
 
+  void write(const std::string& name, const std::string& text) const {
+    std::ofstream(folder_ / name) << text;
+  }
+
  private:
   std::filesystem::path etc_;
+  std::filesystem::path folder_;
 };
 
 }  // namespace zntopo::fuzz
