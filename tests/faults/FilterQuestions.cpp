@@ -22,8 +22,7 @@ std::string documentOfFilters() {
                         conditionElement("joined addresses", "Address", kJoined));
 }
 
-/// A facade that knows the filters. Parsing takes longer than all that is asked here, so it is done
-/// once.
+/// A facade that knows the filters. Joins are in no filter of the language that is installed.
 OpenImpl& filtered() {
   static auto* const impl = [] {
     const FilterConfiguration configuration;
@@ -36,59 +35,81 @@ OpenImpl& filtered() {
   return *impl;
 }
 
+/// A filter in the language that is installed, in a document of its own: what is of IPv4.
+/// @param kind the beginning of the elements' names
+std::string documentOfIPv4(const std::string& kind) {
+  return filterDocument("<" + kind +
+                        "Assertion name=\"IPv4\"><operator oper=\"NOOP\"><attribute><ipLevel>"
+                        "<state>IPv4</state></ipLevel></attribute></operator></" +
+                        kind + "Assertion>");
+}
+
+Question questionOf(const char* name, std::function<std::size_t(OpenImpl&, Status&)> ask,
+                    Finds finds = Finds::Something) {
+  return {.name = name,
+          .ask = std::move(ask),
+          .endings = kGated,
+          .finds = finds,
+          .hidesConnection = true};
+}
+
+/// A question of a filter that is known.
+template <typename Found>
+Question known(const char* name, const char* filter,
+               Found (ZNTopoAPI_Impl::*query)(const std::string&, Status&),
+               Finds finds = Finds::Something) {
+  return questionOf(
+      name, [=](OpenImpl&, Status& status) { return (filtered().*query)(filter, status)->size(); },
+      finds);
+}
+
+/// A question of a filter that comes with it.
+template <typename Found>
+Question parsed(const char* name, const char* kind,
+                Found (ZNTopoAPI_Impl::*query)(const std::string&, const std::string&, Status&),
+                Finds finds = Finds::Something) {
+  return questionOf(
+      name,
+      [=](OpenImpl& impl, Status& status) {
+        return (impl.*query)(documentOfIPv4(kind), "IPv4", status)->size();
+      },
+      finds);
+}
+
+/// Nodes by a pattern, which becomes a filter that comes with the question.
+Question patterned(const char* name, const char* pattern) {
+  return questionOf(name, [=](OpenImpl& impl, Status& status) {
+    return impl.getNodesByRXName(pattern, status, -1)->size();
+  });
+}
+
 }  // namespace
 
-// Of the questions of XML filters those which do not ask for readiness first have no other
-// statement in front that would tell of a connection.
+// The statement of an XML filter does not tell of a connection that can't be had. It is the first
+// one, but for getNodesByTopoFilter and the two that give addresses by their own identifiers: these
+// ask for readiness before.
 std::vector<Question> topoFilterQuestions() {
+  using Impl = ZNTopoAPI_Impl;
+  // Nobody parses in this configuration later.
+  filtered();
   return {
-      {.name = "getNodeIDsByTopoFilter",
-       .ask =
-           [](OpenImpl&, Status& status) {
-             return filtered().getNodeIDsByTopoFilter("joined nodes", status)->size();
-           },
-       .hidesConnection = true},
-      {.name = "getInterfaceIDsByTopoFilter",
-       .ask =
-           [](OpenImpl&, Status& status) {
-             return filtered().getInterfaceIDsByTopoFilter("joined interfaces", status)->size();
-           },
-       .hidesConnection = true},
-      {.name = "getAddresseIDsByTopoFilter",
-       .ask =
-           [](OpenImpl&, Status& status) {
-             return filtered().getAddresseIDsByTopoFilter("joined addresses", status)->size();
-           },
-       .hidesConnection = true},
-      {.name = "getNodesByTopoFilter",
-       .ask =
-           [](OpenImpl&, Status& status) {
-             return filtered().getNodesByTopoFilter("nodes", status)->size();
-           },
-       .endings = kGated,
-       .hidesConnection = true},
-      {.name = "getInterfacesByTopoFilter",
-       .ask =
-           [](OpenImpl&, Status& status) {
-             return filtered().getInterfacesByTopoFilter("interfaces", status)->size();
-           },
-       .endings = kGated,
-       .hidesConnection = true},
-      {.name = "getAddressesByTopoFilter",
-       .ask =
-           [](OpenImpl&, Status& status) {
-             return filtered().getAddressesByTopoFilter("addresses", status)->size();
-           },
-       .endings = kGated,
-       .finds = Finds::Nothing,
-       .hidesConnection = true},
-      {.name = "getAddressesOfTopoFilter",
-       .ask =
-           [](OpenImpl&, Status& status) {
-             return filtered().getAddressesOfTopoFilter("addresses", status)->size();
-           },
-       .endings = kGated,
-       .hidesConnection = true},
+      known("getNodeIDsByTopoFilter", "joined nodes", &Impl::getNodeIDsByTopoFilter),
+      known("getInterfaceIDsByTopoFilter", "joined interfaces", &Impl::getInterfaceIDsByTopoFilter),
+      known("getAddresseIDsByTopoFilter", "joined addresses", &Impl::getAddresseIDsByTopoFilter),
+      known("getObjIDsByTopoFilter", "interfaces", &Impl::getObjIDsByTopoFilter),
+      known("getNodesByTopoFilter", "nodes", &Impl::getNodesByTopoFilter),
+      known("getInterfacesByTopoFilter", "interfaces", &Impl::getInterfacesByTopoFilter),
+      known("getAddressesByTopoFilter", "addresses", &Impl::getAddressesByTopoFilter,
+            Finds::Nothing),
+      known("getAddressIDsOfTopoFilter", "addresses", &Impl::getAddressIDsOfTopoFilter),
+      known("getAddressesOfTopoFilter", "addresses", &Impl::getAddressesOfTopoFilter),
+      parsed("ParseAndGetNodesByTopoFilter", "node", &Impl::ParseAndGetNodesByTopoFilter),
+      parsed("ParseAndGetInterfacesByTopoFilter", "interface",
+             &Impl::ParseAndGetInterfacesByTopoFilter),
+      parsed("ParseAndGetAddressesByTopoFilter", "address", &Impl::ParseAndGetAddressesByTopoFilter,
+             Finds::Nothing),
+      patterned("getNodesByRXName, pattern of names", "al*"),
+      patterned("getNodesByRXName, pattern of addresses", "10.1.1.*"),
   };
 }
 

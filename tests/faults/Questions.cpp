@@ -42,8 +42,11 @@ Answered askCold(const Question& question) {
 }
 
 void Healthy::learn() {
+  // The questions first: some parse filters of a configuration of their own, once.
+  const std::vector<Question>& all = questions();
+  language_.emplace("etc", ZNTOPO_SOURCE_DIR "/data/filter");
   StatementSpy spy;
-  for (const Question& question : questions()) {
+  for (const Question& question : all) {
     spy.clear();
     answers_.push_back(askCold(question));
     statements_.push_back(spy.allStatements());

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/support/ApiFixture.h"
+#include "tests/support/FilterConfiguration.h"
 #include "tests/support/Statements.h"
 
 /// @file
@@ -46,7 +47,8 @@ struct Question {
   /// On a store without a fault.
   Finds finds = Finds::Something;
   Tells tells = Tells::First;
-  /// Where no connection can be had it tells of an internal error.
+  /// Where its filter's statement gets no connection it tells of an internal error. If that is not
+  /// the first statement, it happens only if the store goes between the two.
   bool hidesConnection = false;
 
   /// What the question tells of a failed statement.
@@ -72,7 +74,8 @@ std::ostream& operator<<(std::ostream& stream, const Answered& answered);
 /// Asks with an empty cache, so that each statement reaches the store.
 Answered askCold(const Question& question);
 
-/// What a store without a fault is asked and answers, question by question.
+/// What a store without a fault is asked and answers, question by question. While it is there,
+/// questions find the filter configuration.
 class Healthy {
  public:
   /// Asks all questions; those that are not answered as they should be are failures of the test.
@@ -87,6 +90,8 @@ class Healthy {
   void expectAll(const std::string& when) const;
 
  private:
+  /// What some questions parse is in the language that is installed.
+  std::optional<FilterConfiguration> language_;
   std::vector<std::vector<std::string>> statements_;
   std::vector<Answered> answers_;
 };
