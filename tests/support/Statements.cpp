@@ -192,14 +192,14 @@ Texts topoFilterStatements(const TableSet& /*tables*/) {
   texts.push_back(addressesOfTopoFiltSql(filterOf("Address", " ADDR.iplevel = 4 ")));
   // In the language that is installed.
   for (const auto& [kind, condition] : {
-           std::pair("Node", " ( ( NODE.ipLevel in ( 4 ) ) ) "),
-           std::pair("Interface", " ( ( IF.ipLevel in ( 4 ) ) ) "),
-           std::pair("Address", " ( ( ADDR.ipLevel in ( 4 ) ) ) "),
-           std::pair("Node", " ( ( NODE.entityname like 'al%' escape '!' ) ) "),
+           std::pair("Node", " ( NODE.ipLevel in ( 4 ) ) "),
+           std::pair("Interface", " ( IF.ipLevel in ( 4 ) ) "),
+           std::pair("Address", " ( ADDR.ipLevel in ( 4 ) ) "),
+           std::pair("Node", " ( NODE.entityname like 'al%' escape '!' ) "),
            std::pair("Node",
-                     " ( ( NODE.objid in ( select A_.nodeobjid from address A_ where ( "
+                     " ( NODE.objid in ( select A_.nodeobjid from address A_ where ( "
                      "A_.pubv4address like '10.%' escape '!' ) ) OR ( "
-                     "NODE.pubv4managementadd like '10.%' escape '!' ) ) ) "),
+                     "NODE.pubv4managementadd like '10.%' escape '!' ) ) "),
        }) {
     texts.push_back(objectsOfTopoFiltSql(filterOf(kind, condition)));
   }
