@@ -2,6 +2,7 @@
 // the next "b", and so on. They come out as the plain reading of the rule has them.
 #include "fuzz/Fuzz.h"
 #include "fuzz/PlainExpansion.h"
+#include "tests/support/TopoFiltHandlerPeer.h"
 
 namespace {
 
@@ -10,7 +11,6 @@ using namespace zntopo;
 class OpenHandler : public TopoFiltHandler {
  public:
   using TopoFiltHandler::m_FiltMap;
-  using TopoFiltHandler::SubstituteStringFiltMap;
 };
 
 }  // namespace
@@ -26,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     (handler.m_FiltMap[key] = TopoFilt(key, "Node", text)).setFinalWhereClause(text);
   }
   TvXplMsg::MessageList_t list;
-  const int status = handler.SubstituteStringFiltMap(list, "#");
+  const int status = TopoFiltHandlerPeer::expand(handler, list);
   ZNTOPO_REQUIRE(status == fuzz::expandPlainly(texts));
   ZNTOPO_REQUIRE(list.GetMessageCount() == (status == ZN_API_SUCCESS ? 0 : 1));
   for (const auto& [key, text] : texts) {

@@ -22,7 +22,6 @@ class OpenHandler : public TopoFiltHandler {
   using TopoFiltHandler::m_FiltMap;
   using TopoFiltHandler::m_StateStack;
   using TopoFiltHandler::m_WhereClause;
-  using TopoFiltHandler::SubstituteStringFiltMap;
 
   /// Puts a filter in, as a definition does.
   void define(const std::string& name, const std::string& condition,

@@ -4,6 +4,7 @@
 
 #include "fuzz/PlainExpansion.h"
 #include "tests/filter/FilterFixture.h"
+#include "tests/support/TopoFiltHandlerPeer.h"
 
 namespace zntopo::test {
 namespace {
@@ -14,7 +15,7 @@ using testing::Key;
 
 class SubstitutionTest : public testing::Test {
  protected:
-  int expand() { return handler.SubstituteStringFiltMap(list, "#"); }
+  int expand() { return TopoFiltHandlerPeer::expand(handler, list); }
   void expectFailure(ZNTopoStatus status, const std::string& text) {
     EXPECT_EQ(expand(), status);
     EXPECT_EQ(textOf(list), text + "\n");
@@ -78,7 +79,7 @@ TEST_F(SubstitutionTest, ACircleOfManyIsFound) {
     for (int i = 0; i < length; ++i) {
       circle.define("f" + std::to_string(i), "#f" + std::to_string((i + 1) % length) + "#");
     }
-    EXPECT_EQ(circle.SubstituteStringFiltMap(list, "#"), ZN_API_XML_FILTER_FILE_CIRCULAR_REF_ERROR)
+    EXPECT_EQ(TopoFiltHandlerPeer::expand(circle, list), ZN_API_XML_FILTER_FILE_CIRCULAR_REF_ERROR)
         << length;
   }
 }
@@ -210,7 +211,7 @@ TEST_F(SubstitutionTest, RandomFiltersComeOutAsTheRuleReads) {
     }
     const int expected = fuzz::expandPlainly(texts);
     ++met[expected];
-    ASSERT_EQ(some.SubstituteStringFiltMap(list, "#"), expected) << round;
+    ASSERT_EQ(TopoFiltHandlerPeer::expand(some, list), expected) << round;
     for (const auto& [name, text] : texts) {
       if (!name.empty()) {
         ASSERT_EQ(some.finalOf(name), text) << round << " " << name;

@@ -22,7 +22,7 @@ namespace zntopo {
 /// handler that is parsing. Handlers of their own may parse at the same time.
 class TopoFiltHandler : public TvXplXml::SAX::DefaultHandler_t {
  public:
-  /// Bytes of a filter's condition with its references expanded; one without references has no limit.
+  /// Bytes of a condition that has references, with these expanded.
   static constexpr std::size_t kLargestCondition = 1'000'000;
   /// Bytes that expanding may put into all conditions together in one parse.
   static constexpr std::size_t kLargestExpansion = 100'000'000;
@@ -81,8 +81,6 @@ class TopoFiltHandler : public TvXplXml::SAX::DefaultHandler_t {
   void Characters(const char16_t* chars, int start, int length) override;
 
  protected:
-  int SubstituteStringFiltMap(TvXplMsg::MessageList_t& list, const std::string& delimiter);
-
   Context m_Context = Unset;
   std::string m_objType;
   std::string m_objName;
@@ -92,6 +90,8 @@ class TopoFiltHandler : public TvXplXml::SAX::DefaultHandler_t {
   std::map<std::string, TopoFilt> m_FiltMap;
 
  private:
+  /// For tests of the expansion alone.
+  friend struct TopoFiltHandlerPeer;
   struct Input;
 
   int parse(TvXplMsg::MessageList_t& list, Input&& input);
@@ -99,6 +99,7 @@ class TopoFiltHandler : public TvXplXml::SAX::DefaultHandler_t {
   std::unique_ptr<std::list<ObjID>> run(std::string (*sqlOf)(const TopoFilt&),
                                         TvXplMsg::MessageList_t& list,
                                         const std::string& filterName, ZNTopoAPIStatus& status);
+  int SubstituteStringFiltMap(TvXplMsg::MessageList_t& list, const std::string& delimiter);
   void cleanup();
 };
 

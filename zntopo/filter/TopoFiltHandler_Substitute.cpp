@@ -123,20 +123,29 @@ class Expansion {
     const auto open = openOf_.find(key);
     const std::string text =
         open == openOf_.end() ? filters_[key].getFinalWhereClause() : open->second->text();
+    if (const int status = takeIn(list, condition, key, text); status != ZN_API_SUCCESS) {
+      return status;
+    }
+    condition.replaceReference(key.size(), text);
+    return ZN_API_SUCCESS;
+  }
+
+  /// Fails for a text that would make a condition, or all of them, too large.
+  int takeIn(TvXplMsg::MessageList_t& list, const OpenCondition& condition, const std::string& key,
+             const std::string& text) {
     if (condition.size() - key.size() + text.size() > TopoFiltHandler::kLargestCondition) {
       return fail(list, ZN_API_XML_FILTER_SUBSTITUTION_ERROR,
-                  "The condition of filter [" + name + "] has more than " +
+                  "The condition of filter [" + condition.name() + "] has more than " +
                       std::to_string(TopoFiltHandler::kLargestCondition) +
                       " bytes with its references expanded.");
     }
     expanded_ += text.size() + 2;
     if (expanded_ > TopoFiltHandler::kLargestExpansion) {
       return fail(list, ZN_API_XML_FILTER_SUBSTITUTION_ERROR,
-                  "Filter string substitution stopped at filter [" + name +
+                  "Filter string substitution stopped at filter [" + condition.name() +
                       "]: all conditions together take in more than " +
                       std::to_string(TopoFiltHandler::kLargestExpansion) + " bytes.");
     }
-    condition.replaceReference(key.size(), text);
     return ZN_API_SUCCESS;
   }
 
