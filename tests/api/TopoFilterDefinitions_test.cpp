@@ -66,6 +66,19 @@ TEST_F(TopoFilterDefinitionsTest, AFailureGivesItsNumberAndItsText) {
   expectFailure(api.ParseXmlString(filterDocument(conditionElement("a", "Node", "#b#")), status),
                 ZN_API_XML_FILTER_KEY_NOT_FOUND_ERROR,
                 "Filter key [b] not found in filter string substitution.\n");
+  expectFailure(
+      ZNTopoAPI().ParseXmlString(filterDocument(conditionElement("a", "Node", "#")), status),
+      ZN_API_XML_FILTER_FILE_UNBALANCED_DELIMITERS,
+      "Unbalanced delimiters found in filterstring substitution for [a].\n");
+  expectFailure(
+      ZNTopoAPI().ParseXmlString(filterDocument(conditionElement("a", "Node", "#a#")), status),
+      ZN_API_XML_FILTER_FILE_CIRCULAR_REF_ERROR,
+      "Circular reference found in filter string substitution.\n");
+  const std::string large = conditionElement("b", "Node", std::string(600'000, 'x'));
+  expectFailure(ZNTopoAPI().ParseXmlString(
+                    filterDocument(conditionElement("a", "Node", "#b##b#") + large), status),
+                ZN_API_XML_FILTER_SUBSTITUTION_ERROR,
+                "The condition of filter [a] has more than 1000000 bytes");
   configuration.remove("Filter2IFilter.xsl");
   expectFailure(api.ParseDefaultFile(status), ZN_API_XML_FILTER_TRANSFORMATION_ERROR,
                 "XML filter transformation error.\n");
