@@ -13,8 +13,8 @@
 #include "bench/support/WarmCache.h"
 #include "zntopo/api/ZNTopoAPI.h"
 #include "zntopo/filter/TopoFiltHandler.h"
+#include "zntopo/filter/TopoFiltSql.h"
 #include "zntopo/filter/XMLUtil.h"
-#include "zntopo/filter/detail/TopoFiltSql.h"
 #include "zntopo/platform/tvxpl/TvXplXml.h"
 
 namespace zntopo::bench {
@@ -29,9 +29,7 @@ constexpr Column kIDColumns[] = {textColumn("objid", 37)};
 /// A handler whose statements can be seen.
 class OpenHandler : public TopoFiltHandler {
  public:
-  std::string sqlOf(const std::string& filter) {
-    return detail::objectsOfTopoFiltSql(m_FiltMap[filter]);
-  }
+  std::string sqlOf(const std::string& filter) { return objectsOfTopoFiltSql(m_FiltMap[filter]); }
 };
 
 /// The XML libraries, started for the life of this object.

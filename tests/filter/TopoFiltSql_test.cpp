@@ -1,6 +1,6 @@
 // The statements that run filters, to the letter.
 
-#include "zntopo/filter/detail/TopoFiltSql.h"
+#include "zntopo/filter/TopoFiltSql.h"
 
 #include <gtest/gtest.h>
 

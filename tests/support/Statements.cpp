@@ -13,7 +13,7 @@
 #include "zntopo/api/detail/InterfaceSql.h"
 #include "zntopo/api/detail/NodeSql.h"
 #include "zntopo/api/detail/UpdateSql.h"
-#include "zntopo/filter/detail/TopoFiltSql.h"
+#include "zntopo/filter/TopoFiltSql.h"
 #include "zntopo/store/detail/QuotedList.h"
 
 namespace zntopo::test {

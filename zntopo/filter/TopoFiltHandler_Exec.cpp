@@ -3,8 +3,8 @@
 #include "zntopo/core/detail/Failure.h"
 #include "zntopo/core/detail/OperationScope.h"
 #include "zntopo/filter/TopoFiltHandler.h"
+#include "zntopo/filter/TopoFiltSql.h"
 #include "zntopo/filter/detail/FilterTrace.h"
-#include "zntopo/filter/detail/TopoFiltSql.h"
 #include "zntopo/store/StoreAccess.h"
 
 namespace zntopo {
@@ -65,14 +65,14 @@ std::unique_ptr<std::list<ObjID>> TopoFiltHandler::ExecFilter(MessageList_t& lis
                                                               const std::string& filterName,
                                                               ZNTopoAPIStatus& status) {
   const detail::OperationScope scope("ExecFilter");
-  return run(detail::objectsOfTopoFiltSql, list, filterName, status);
+  return run(objectsOfTopoFiltSql, list, filterName, status);
 }
 
 std::unique_ptr<std::list<ObjID>> TopoFiltHandler::ExecAddressFilter(MessageList_t& list,
                                                                      const std::string& filterName,
                                                                      ZNTopoAPIStatus& status) {
   const detail::OperationScope scope("ExecAddressFilter");
-  return run(detail::addressesOfTopoFiltSql, list, filterName, status);
+  return run(addressesOfTopoFiltSql, list, filterName, status);
 }
 
 std::unique_ptr<std::list<ObjID>> TopoFiltHandler::run(std::string (*sqlOf)(const TopoFilt&),

@@ -8,7 +8,7 @@
 /// The statements that run filters, as texts. Blanks are part of them. They name the active tables,
 /// whatever the table set, with the aliases NODE, IF and ADDR that conditions are written with.
 
-namespace zntopo::detail {
+namespace zntopo {
 
 /// The identifiers of what a filter selects: nodes, interfaces, or the owners of addresses. Where
 /// the condition has a blank, another alias and a dot anywhere in its text, that table is joined.
@@ -17,4 +17,4 @@ std::string objectsOfTopoFiltSql(const TopoFilt& filter);
 /// The same of a filter of addresses, with the identifiers of the addresses themselves.
 std::string addressesOfTopoFiltSql(const TopoFilt& filter);
 
-}  // namespace zntopo::detail
+}  // namespace zntopo

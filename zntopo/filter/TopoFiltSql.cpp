@@ -1,6 +1,6 @@
-#include "zntopo/filter/detail/TopoFiltSql.h"
+#include "zntopo/filter/TopoFiltSql.h"
 
-namespace zntopo::detail {
+namespace zntopo {
 
 namespace {
 
@@ -61,4 +61,4 @@ std::string addressesOfTopoFiltSql(const TopoFilt& filter) {
   return sqlOf(filter, "select ADDR.addressid ");
 }
 
-}  // namespace zntopo::detail
+}  // namespace zntopo
