@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <stdexcept>
 
@@ -123,6 +124,20 @@ CliResult run(const std::vector<std::string>& arguments,
   return result;
 }
 
+/// The subcommands that a help lists.
+std::vector<std::string> listedIn(const std::vector<std::string>& call) {
+  std::istringstream help(zntopoRun(call).out);
+  std::vector<std::string> names;
+  std::string line;
+  while (std::getline(help, line) && line != "Subcommands:") {
+  }
+  // Further lines of a description stand further in.
+  while (std::getline(help, line) && !line.empty()) {
+    if (line.size() > 2 && line[2] != ' ') names.push_back(line.substr(2, line.find(' ', 2) - 2));
+  }
+  return names;
+}
+
 }  // namespace
 
 CliResult zntopoRun(const std::vector<std::string>& arguments,
@@ -149,16 +164,21 @@ std::string failureOf(std::vector<std::string> call) {
 }
 
 std::vector<std::string> subcommands() {
-  std::istringstream help(zntopoRun({"--help"}).out);
   std::vector<std::string> names;
-  std::string line;
-  while (std::getline(help, line) && line != "Subcommands:") {
-  }
-  // Further lines of a description stand further in.
-  while (std::getline(help, line) && !line.empty()) {
-    if (line.size() > 2 && line[2] != ' ') names.push_back(line.substr(2, line.find(' ', 2) - 2));
+  for (const std::string& name : listedIn({"--help"})) {
+    const std::vector<std::string> members = listedIn({name, "--help"});
+    if (members.empty()) names.push_back(name);
+    for (const std::string& member : members) names.push_back(name + " " + member);
   }
   return names;
+}
+
+std::vector<std::string> callOf(const std::string& subcommand,
+                                const std::vector<std::string>& more) {
+  std::istringstream words(subcommand);
+  std::vector<std::string> call{std::istream_iterator<std::string>(words), {}};
+  call.insert(call.end(), more.begin(), more.end());
+  return call;
 }
 
 CliResult zntopoRunOnTerminal(const std::vector<std::string>& arguments) {

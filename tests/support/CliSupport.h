@@ -38,8 +38,12 @@ nlohmann::json answerOf(std::vector<std::string> call);
 /// The name of the status that a call tells in JSON; it must fail.
 std::string failureOf(std::vector<std::string> call);
 
-/// The names of the subcommands, as the help lists them.
+/// The names of the subcommands, as the help lists them, those of a group with its name: "filter
+/// list".
 std::vector<std::string> subcommands();
+/// The call of a subcommand, with what is to follow its name.
+std::vector<std::string> callOf(const std::string& subcommand,
+                                const std::vector<std::string>& more = {});
 
 /// A sample network of this project.
 std::string samplePath(const std::string& name = "harbor-campus.rfc8345.json");

@@ -1,13 +1,49 @@
 #include "tools/zntopo/Commands.h"
 
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
 #include "tools/network/PlainText.h"
 
 namespace zntopo::tools {
 
 namespace {
 
+/// Subcommands whose names begin with one word.
+struct Group {
+  std::string_view name;
+  const char* about;
+};
+
+constexpr Group kGroups[] = {
+    {"filter", "List, run, check and explain topology filters."},
+};
+
+/// The group of a name, made when it is asked for first.
+CLI::App& groupOf(CLI::App& app, Context& context, const std::string& name) {
+  const auto known = app.get_subcommands([&](CLI::App* one) { return one->get_name() == name; });
+  if (!known.empty()) return *known.front();
+  const auto* const group = std::find_if(std::begin(kGroups), std::end(kGroups),
+                                         [&](const Group& one) { return one.name == name; });
+  CLI::App* const added = app.add_subcommand(name, group->about);
+  added->require_subcommand(1);
+  added->footer("\"zntopo " + name + " SUBCOMMAND --help\" shows the options and examples.");
+  addStoreOption(*added, context);
+  addJsonOption(*added, context);
+  return *added;
+}
+
+CLI::App* addNamed(CLI::App& app, Context& context, const Command& command) {
+  const std::string name = command.name;
+  const std::size_t blank = name.find(' ');
+  if (blank == std::string::npos) return app.add_subcommand(name, command.about);
+  return groupOf(app, context, name.substr(0, blank))
+      .add_subcommand(name.substr(blank + 1), command.about);
+}
+
 void addCommand(CLI::App& app, Context& context, const Command& command) {
-  CLI::App* const added = app.add_subcommand(command.name, command.about);
+  CLI::App* const added = addNamed(app, context, command);
   added->footer(std::string("Examples:\n") + command.examples);
   const Work work = command.prepare(*added);
   addStoreOption(*added, context);
@@ -57,13 +93,30 @@ void addIpLevelOption(CLI::App& command, int& value, const std::string& objects)
       ->check(CLI::IsMember({4, 6}));
 }
 
+CLI::Option* addPatternOption(CLI::App& command, const std::string& name, std::string& value,
+                              const std::string& about) {
+  return command.add_option(name, value, about)
+      ->type_name("PATTERN")
+      ->check(CLI::Validator(
+          [](const std::string& pattern) {
+            const std::string fault = nameFault(pattern);
+            return fault.empty() ? "" : "the pattern " + fault;
+          },
+          ""));
+}
+
 CLI::Option* addNameArgument(CLI::App& command, const std::string& name, std::string& value,
                              const std::string& object, const std::string& about) {
   return command.add_option(name, value, about)->check(isNameOf(object));
 }
 
+CLI::Option* addOptionalNodeArgument(CLI::App& command, const std::string& name,
+                                     std::string& value) {
+  return addNameArgument(command, name, value, "node", kNodeNames);
+}
+
 void addNodeArgument(CLI::App& command, const std::string& name, std::string& value) {
-  addNameArgument(command, name, value, "node", kNodeNames)->required();
+  addOptionalNodeArgument(command, name, value)->required();
 }
 
 void addNodeArguments(CLI::App& command, const std::string& name,

@@ -3,11 +3,14 @@
 #include <CLI/CLI.hpp>
 #include <array>
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "tools/zntopo/Answer.h"
+#include "tools/zntopo/fields/NumberNames.h"
 
 /// @file
 /// The subcommands of zntopo. Each is a record in a source file of its own; a list and the view of
@@ -57,6 +60,7 @@ using Work = std::function<void(const Context&, Answer&)>;
 
 /// A subcommand.
 struct Command {
+  /// One word, or two for a member of a group: "filter list". Commands.cpp has the groups.
   const char* name;
   /// One sentence for the list of subcommands; more may follow after a line feed.
   const char* about;
@@ -98,6 +102,7 @@ extern const Command kStateCommand;
 extern const Command kNodesCommand;
 extern const Command kNodeCommand;
 extern const Command kInterfacesCommand;
+extern const Command kAddressesCommand;
 extern const Command kVlansCommand;
 extern const Command kVlanCommand;
 extern const Command kContainersCommand;
@@ -108,14 +113,19 @@ extern const Command kSubnetCommand;
 extern const Command kNeighborsCommand;
 extern const Command kConnectivityCommand;
 extern const Command kPathCommand;
+extern const Command kFilterListCommand;
+extern const Command kFilterRunCommand;
+extern const Command kFilterCheckCommand;
+extern const Command kFilterExplainCommand;
 
 /// In the order of the help.
 inline constexpr std::array kCommands = {
-    &kInitCommand,    &kImportCommand,     &kGenerateCommand,   &kStateCommand,
-    &kNodesCommand,   &kNodeCommand,       &kInterfacesCommand, &kVlansCommand,
-    &kVlanCommand,    &kContainersCommand, &kContainerCommand,  &kHsrpCommand,
-    &kSubnetsCommand, &kSubnetCommand,     &kNeighborsCommand,  &kConnectivityCommand,
-    &kPathCommand,
+    &kInitCommand,         &kImportCommand,        &kGenerateCommand,   &kStateCommand,
+    &kNodesCommand,        &kNodeCommand,          &kInterfacesCommand, &kAddressesCommand,
+    &kVlansCommand,        &kVlanCommand,          &kContainersCommand, &kContainerCommand,
+    &kHsrpCommand,         &kSubnetsCommand,       &kSubnetCommand,     &kNeighborsCommand,
+    &kConnectivityCommand, &kPathCommand,          &kFilterListCommand, &kFilterRunCommand,
+    &kFilterCheckCommand,  &kFilterExplainCommand,
 };
 
 /// Adds all of kCommands, with their options for the store and for JSON.
@@ -128,11 +138,27 @@ CLI::Option* addLimit(CLI::App& command, const std::string& name, int& value,
                       const std::string& about);
 /// Adds the option --ip-level, for a list of some objects; 0 for none.
 void addIpLevelOption(CLI::App& command, int& value, const std::string& objects);
+/// Adds an option for a pattern of names or addresses.
+CLI::Option* addPatternOption(CLI::App& command, const std::string& name, std::string& value,
+                              const std::string& about);
+/// Adds an option whose values have names.
+template <typename Number, std::size_t size>
+CLI::Option* addNamedOption(CLI::App& command, const std::string& name,
+                            std::optional<Number>& value, const NumberName<Number> (&names)[size],
+                            const std::string& type, const std::string& about) {
+  std::map<std::string, Number> numbers;
+  for (const auto& [one, number] : names) numbers.emplace(one, number);
+  return command.add_option(name, value, about)
+      ->type_name("")
+      ->transform(CLI::CheckedTransformer(numbers).description(type));
+}
 /// Add an argument or an option that names something, and what it may be. What can be no name of
 /// an object is a wrong call.
 CLI::Option* addNameArgument(CLI::App& command, const std::string& name, std::string& value,
                              const std::string& object, const std::string& about);
-/// The same for a node, which the call must name, and for nodes, one at least.
+/// The same for a node, for one that the call must name, and for nodes, one at least.
+CLI::Option* addOptionalNodeArgument(CLI::App& command, const std::string& name,
+                                     std::string& value);
 void addNodeArgument(CLI::App& command, const std::string& name, std::string& value);
 void addNodeArguments(CLI::App& command, const std::string& name, std::vector<std::string>& values);
 

@@ -1,7 +1,6 @@
 #include "tools/zntopo/Commands.h"
-#include "tools/zntopo/Lookup.h"
-#include "tools/zntopo/fields/EntityFields.h"
-#include "tools/zntopo/fields/InterfaceFields.h"
+#include "tools/zntopo/FilterOptions.h"
+#include "tools/zntopo/ObjectLists.h"
 
 namespace zntopo::tools {
 
@@ -9,37 +8,43 @@ namespace {
 
 struct InterfacesOptions {
   std::string node;
+  FilterOptions filter;
 };
 
 void addOptions(CLI::App& command, InterfacesOptions& options) {
-  addNodeArgument(command, "NODE", options.node);
+  auto* const node = addOptionalNodeArgument(command, "NODE", options.node);
+  addFilterOptions(command, options.filter, "interfaces")->excludes(node);
+  command.parse_complete_callback([&options] {
+    if (options.node.empty() && !options.filter.isGiven()) {
+      throw CLI::RequiredError("NODE or --filter NAME");
+    }
+  });
 }
 
 void interfaces(const Context& context, const InterfacesOptions& options, Answer& answer) {
   Session session(context);
+  if (options.filter.isGiven()) {
+    interfaceListing(session, runFilter(session, options.filter, E_Interface))
+        .fill(answer, "interfaces", "interface");
+    return;
+  }
   const NamedNode named = findNode(session, options.node);
   answer.json["node"] = named.node->getName();
   answer.json["node_id"] = named.id();
   const auto list = interfacesOf(*named.node);
-  std::vector<ZNRefPtr<ZNInterface>> interfaces(list.begin(), list.end());
-  sortBy(interfaces, [](const ZNRefPtr<ZNInterface>& one) { return naturalKey(*one); });
-  const auto addresses = addressesOf(session, *named.node);
-  Listing<InterfaceDetails> listing(interfaceFields());
-  for (const auto& interface : interfaces) {
-    const auto own = addresses.find(interface->getObjID().toString());
-    listing.add({*interface, own == addresses.end() ? std::vector<std::string>() : own->second});
-  }
-  listing.fill(answer, "interfaces", "interface");
+  interfaceListing(session, {list.begin(), list.end()}, *named.node)
+      .fill(answer, "interfaces", "interface");
 }
 
 }  // namespace
 
 constinit const Command kInterfacesCommand = {
     .name = "interfaces",
-    .about = "List the interfaces of a node with their addresses.",
+    .about = "List the interfaces of a node, or those that a filter selects, with their addresses.",
     .examples =
         "  zntopo interfaces core-1\n"
-        "  zntopo interfaces 10.20.8.17 --json",
+        "  zntopo interfaces 10.20.8.17 --json\n"
+        "  zntopo interfaces --filter DownInterfaces",
     .empty = R"({"node": null, "node_id": null, "interfaces": []})",
     .prepare = prepare<addOptions, interfaces>,
 };

@@ -1,5 +1,6 @@
 #include "tools/zntopo/Lookup.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -50,18 +51,40 @@ FoundNode findReadyNode(Session& session, const std::string& text) {
   throw Failure(ZN_API_OBJ_NOT_EXIST, "ObjID for node [" + text + "] not found.");
 }
 
-/// The result of a request for each kind of identifiers, by identifier text.
-template <typename Object, typename Request, typename IdOf>
-std::map<std::string, ZNRefPtr<Object>> byId(const Identifiers& ids, const Request& request,
-                                             const IdOf& idOf) {
-  std::map<std::string, ZNRefPtr<Object>> result;
+/// The results of a request for each kind of identifiers.
+template <typename Object, typename Request>
+std::vector<ZNRefPtr<Object>> listOf(const Identifiers& ids, const Request& request) {
+  std::vector<ZNRefPtr<Object>> result;
   for (const auto& [kind, set] : ids.byKind()) {
     ZNTopoAPIStatus status;
     const auto objects = request(set, status);
     check(status);
-    for (const auto& object : *objects) result.emplace(((*object).*idOf)().toString(), object);
+    result.insert(result.end(), objects->begin(), objects->end());
   }
   return result;
+}
+
+/// The same by identifier text.
+template <typename Object, typename IdOf>
+std::map<std::string, ZNRefPtr<Object>> byId(const std::vector<ZNRefPtr<Object>>& objects,
+                                             const IdOf& idOf) {
+  std::map<std::string, ZNRefPtr<Object>> result;
+  for (const auto& object : objects) {
+    const ObjID& id = ((*object).*idOf)();
+    if (!id.isNull()) result.emplace(id.toString(), object);
+  }
+  return result;
+}
+
+/// Parts of a list of texts, none too long for the parameters of one statement.
+template <typename Work>
+void forEachPart(const std::vector<std::string>& texts, const Work& work) {
+  constexpr std::size_t most = 500;
+  for (std::size_t at = 0; at < texts.size(); at += most) {
+    const auto begin = texts.begin() + static_cast<std::ptrdiff_t>(at);
+    work(
+        std::vector(begin, begin + static_cast<std::ptrdiff_t>(std::min(most, texts.size() - at))));
+  }
 }
 
 }  // namespace
@@ -86,44 +109,65 @@ void Identifiers::add(const ObjID& id) {
   sets_[id.getIDType()].insert(id);
 }
 
-std::map<std::string, ZNRefPtr<ZNNode>> nodesById(Session& session, const Identifiers& ids) {
+void Identifiers::add(const Identifiers& others) {
+  for (const auto& [kind, set] : others.sets_) sets_[kind].insert(set.begin(), set.end());
+}
+
+void Identifiers::keep(const Identifiers& others) {
+  for (auto& [kind, set] : sets_) {
+    const auto found = others.sets_.find(kind);
+    std::erase_if(set, [&](const ObjID& id) {
+      return found == others.sets_.end() || !found->second.contains(id);
+    });
+  }
+  std::erase_if(sets_, [](const auto& entry) { return entry.second.empty(); });
+}
+
+std::vector<std::string> Identifiers::texts() const {
+  std::vector<std::string> result;
+  for (const auto& [kind, set] : sets_) {
+    for (const ObjID& id : set) result.push_back(id.toString());
+  }
+  return result;
+}
+
+std::vector<ZNRefPtr<ZNNode>> nodeList(Session& session, const Identifiers& ids) {
   std::set<ObjID> notFound;
-  return byId<ZNNode>(
-      ids,
-      [&](const std::set<ObjID>& set, ZNTopoAPIStatus& status) {
-        return session.api().getNodesByObjIDList(set, notFound, status, false, false, false,
-                                                 ZNEntity::AllProtocol, -1);
-      },
-      &ZNNode::getObjID);
+  return listOf<ZNNode>(ids, [&](const std::set<ObjID>& set, ZNTopoAPIStatus& status) {
+    return session.api().getNodesByObjIDList(set, notFound, status, false, false, false,
+                                             ZNEntity::AllProtocol, -1);
+  });
+}
+
+std::map<std::string, ZNRefPtr<ZNNode>> nodesById(Session& session, const Identifiers& ids) {
+  return byId(nodeList(session, ids), &ZNNode::getObjID);
+}
+
+std::vector<ZNRefPtr<ZNInterface>> interfaceList(Session& session, const Identifiers& ids) {
+  std::set<ObjID> notFound;
+  return listOf<ZNInterface>(ids, [&](const std::set<ObjID>& set, ZNTopoAPIStatus& status) {
+    return session.api().getInterfacesByObjIDList(set, notFound, status, false, false);
+  });
 }
 
 std::map<std::string, ZNRefPtr<ZNInterface>> interfacesById(Session& session,
                                                             const Identifiers& ids) {
-  std::set<ObjID> notFound;
-  return byId<ZNInterface>(
-      ids,
-      [&](const std::set<ObjID>& set, ZNTopoAPIStatus& status) {
-        return session.api().getInterfacesByObjIDList(set, notFound, status, false, false);
-      },
-      &ZNInterface::getObjID);
+  return byId(interfaceList(session, ids), &ZNInterface::getObjID);
+}
+
+std::vector<ZNRefPtr<ZNAddress>> addressList(Session& session, const Identifiers& ids) {
+  return listOf<ZNAddress>(ids, [&](const std::set<ObjID>& set, ZNTopoAPIStatus& status) {
+    return session.api().getAddrsByObjIDs({set.begin(), set.end()}, status, false, ZNAddress::IPv4);
+  });
 }
 
 std::map<std::string, ZNRefPtr<ZNAddress>> addressesById(Session& session, const Identifiers& ids) {
-  return byId<ZNAddress>(
-      ids,
-      [&](const std::set<ObjID>& set, ZNTopoAPIStatus& status) {
-        return session.api().getAddrsByObjIDs({set.begin(), set.end()}, status, false,
-                                              ZNAddress::IPv4);
-      },
-      &ZNAddress::getAddressID);
+  return byId(addressList(session, ids), &ZNAddress::getAddressID);
 }
 
 std::map<std::string, std::string> namesById(Session& session, const std::string& table,
                                              const Identifiers& ids) {
-  std::vector<std::string> texts;
-  for (const auto& [kind, set] : ids.byKind()) {
-    for (const ObjID& id : set) texts.push_back(id.toString());
-  }
+  const std::vector<std::string> texts = ids.texts();
   std::map<std::string, std::string> names;
   if (texts.empty()) return names;
   for (const TextRow& row :
@@ -144,16 +188,18 @@ std::list<ZNRefPtr<ZNInterface>> interfacesOf(const ZNNode& node) {
   return list ? *list : std::list<ZNRefPtr<ZNInterface>>();
 }
 
-std::map<std::string, std::vector<std::string>> addressesOf(Session& session, const ZNNode& node) {
+std::map<std::string, std::vector<std::string>> addressesOf(Session& session,
+                                                            const Identifiers& interfaces) {
   Identifiers ids;
-  for (const TextRow& row : selectTexts(session.connection(),
-                                        "select a.AddressId from address a, nwinterface i "
-                                        "where a.ObjId = i.ObjId and i.NodeObjID = ?",
-                                        1, {node.getObjID().toString()})) {
-    ids.add(row.front());
-  }
-  std::vector<ZNRefPtr<ZNAddress>> addresses;
-  for (const auto& [id, address] : addressesById(session, ids)) addresses.push_back(address);
+  forEachPart(interfaces.texts(), [&](const std::vector<std::string>& part) {
+    for (const TextRow& row : selectTexts(
+             session.connection(),
+             "select AddressId from address where ObjId in (" + parameterMarks(part.size()) + ")",
+             1, part)) {
+      ids.add(row.front());
+    }
+  });
+  std::vector<ZNRefPtr<ZNAddress>> addresses = addressList(session, ids);
   sortBy(addresses, [](const ZNRefPtr<ZNAddress>& address) {
     return std::pair(address->getAddressType(), address->getAddressAsString());
   });

@@ -46,7 +46,12 @@ class Identifiers {
   /// Leaves out null ones, and texts with a quote: nothing is called so, and the library puts
   /// identifiers into its statements as they are.
   void add(const ObjID& id);
+  void add(const Identifiers& others);
+  /// Leaves out all that are not among others.
+  void keep(const Identifiers& others);
   const std::map<ObjID::ObjType, std::set<ObjID>>& byKind() const { return sets_; }
+  /// All of them as texts.
+  std::vector<std::string> texts() const;
 
  private:
   std::map<ObjID::ObjType, std::set<ObjID>> sets_;
@@ -55,9 +60,14 @@ class Identifiers {
 /// The nodes, interfaces and addresses of identifiers, by identifier text: those that are there,
 /// with one request of the library.
 std::map<std::string, ZNRefPtr<ZNNode>> nodesById(Session& session, const Identifiers& ids);
+std::vector<ZNRefPtr<ZNNode>> nodeList(Session& session, const Identifiers& ids);
 std::map<std::string, ZNRefPtr<ZNInterface>> interfacesById(Session& session,
                                                             const Identifiers& ids);
+std::vector<ZNRefPtr<ZNInterface>> interfaceList(Session& session, const Identifiers& ids);
 std::map<std::string, ZNRefPtr<ZNAddress>> addressesById(Session& session, const Identifiers& ids);
+/// The addresses of identifiers. The library does not give the identifier of an IPv6 address that
+/// lies in no subnet, so the map above lacks these.
+std::vector<ZNRefPtr<ZNAddress>> addressList(Session& session, const Identifiers& ids);
 
 /// The names of objects, by identifier text, from the names in a table.
 std::map<std::string, std::string> namesById(Session& session, const std::string& table,
@@ -66,8 +76,9 @@ std::map<std::string, std::string> namesById(Session& session, const std::string
 /// The interfaces of a node. Unlike the node's own list, it throws a Failure if it can't be read.
 std::list<ZNRefPtr<ZNInterface>> interfacesOf(const ZNNode& node);
 
-/// The IPv4 and IPv6 addresses of the interfaces of a node, by the identifier of the interface.
-std::map<std::string, std::vector<std::string>> addressesOf(Session& session, const ZNNode& node);
+/// The texts of the IPv4 and IPv6 addresses of interfaces, by the identifier of the interface.
+std::map<std::string, std::vector<std::string>> addressesOf(Session& session,
+                                                            const Identifiers& interfaces);
 
 /// The names of the VLANs of a node, which knows them by identifier alone.
 std::vector<std::string> vlanNamesOf(Session& session, const ZNNode& node);

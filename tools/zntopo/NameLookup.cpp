@@ -52,16 +52,6 @@ ObjID findReadyObject(Session& session, const NamedKind& kind, const std::string
   throw Failure(ZN_API_OBJ_NOT_EXIST, std::string("There is no ") + kind.word + " [" + text + "].");
 }
 
-void requireReady(Session& session) {
-  ZNTopoAPIStatus status;
-  const ZNTopologyState state = session.api().getTopologyState(status);
-  check(status);
-  if (state.getTopoState() == ZNTopologyState::READY) return;
-  throw Failure(ZN_API_DB_NOT_READY,
-                "Topology DB is not ready: it is empty until something is imported, or discovery "
-                "is at work (\"zntopo state\").");
-}
-
 }  // namespace
 
 std::optional<int> wholeNumber(const std::string& text) {
@@ -100,6 +90,16 @@ ObjID findObject(Session& session, const NamedKind& kind, const std::string& tex
   ObjID id;
   lookUp(session, [&] { id = findReadyObject(session, kind, text); });
   return id;
+}
+
+void requireReady(Session& session) {
+  ZNTopoAPIStatus status;
+  const ZNTopologyState state = session.api().getTopologyState(status);
+  check(status);
+  if (state.getTopoState() == ZNTopologyState::READY) return;
+  throw Failure(ZN_API_DB_NOT_READY,
+                "Topology DB is not ready: it is empty until something is imported, or discovery "
+                "is at work (\"zntopo state\").");
 }
 
 void lookUp(Session& session, const std::function<void()>& look) {

@@ -52,6 +52,9 @@ std::optional<ObjID> oneThat(Session& session, const NamedKind& kind, const std:
 /// in a store that is not ready.
 ObjID findObject(Session& session, const NamedKind& kind, const std::string& text);
 
+/// Throws a Failure ZN_API_DB_NOT_READY if the store is not ready.
+void requireReady(Session& session);
+
 /// Runs a look-up. What it misses in a store that is not ready may come: then a Failure
 /// ZN_API_DB_NOT_READY takes the place of ZN_API_OBJ_NOT_EXIST and ZN_API_NONUNIQUE_NAME.
 void lookUp(Session& session, const std::function<void()>& look);

@@ -1,7 +1,10 @@
+#include <utility>
+
 #include "tools/zntopo/Commands.h"
-#include "tools/zntopo/Session.h"
-#include "tools/zntopo/fields/EntityFields.h"
-#include "tools/zntopo/fields/NodeFields.h"
+#include "tools/zntopo/FilterOptions.h"
+#include "tools/zntopo/NamePattern.h"
+#include "tools/zntopo/ObjectLists.h"
+#include "tools/zntopo/Selection.h"
 
 namespace zntopo::tools {
 
@@ -9,35 +12,127 @@ namespace {
 
 struct NodesOptions {
   int ipLevel = 0;
+  std::string name;
+  std::vector<std::string> capabilities;
+  std::string address;
+  FilterOptions filter;
+
+  bool hasAttributes() const { return !name.empty() || !capabilities.empty(); }
 };
+
+/// The columns of capabilities. The option lets no other name into a statement.
+constexpr std::array kCapabilities = {
+    "isATM",           "isBGP",        "isCDP",        "isDS1",       "isDS3",   "isFrameRelay",
+    "isHSRP",          "isIPv4Router", "isIPv6Router", "isLanSwitch", "isMPLS",  "isManageable",
+    "isMultiHome",     "isOSPF",       "isRMON",       "isRMON2",     "isSONET", "isSTP",
+    "isSnmpSupported", "isVRRP",       "isWireless"};
 
 void addOptions(CLI::App& command, NodesOptions& options) {
   addIpLevelOption(command, options.ipLevel, "nodes");
+  addPatternOption(command, "--name", options.name,
+                   "Only nodes whose name or description fits: \"*\" is any text, \"?\" one "
+                   "character");
+  command
+      .add_option(
+          "--capability", options.capabilities,
+          "Only nodes with this capability, as \"zntopo node\" names it; with several, those that "
+          "have one of them")
+      ->type_name("CAPABILITY")
+      ->take_all()
+      ->check(CLI::IsMember(std::vector<std::string>(kCapabilities.begin(), kCapabilities.end()),
+                            CLI::ignore_case)
+                  .description(""));
+  command.add_option("--address", options.address, "Only nodes with this address on an interface")
+      ->type_name("ADDRESS")
+      ->check(CLI::Validator(
+          [](const std::string& text) {
+            return IpAddress::parse(text) ? "" : "\"" + text + "\" is no address";
+          },
+          ""));
+  addFilterOptions(command, options.filter, "nodes");
+}
+
+ZNTopoFilter attributesOf(const NodesOptions& options) {
+  ZNTopoFilter filter;
+  if (options.ipLevel != 0) filter.setIPLevel(static_cast<ZNEntity::IPLevel>(options.ipLevel));
+  if (!options.name.empty()) filter.setRegexEntityName(NamePattern(options.name).sql());
+  std::vector<ZNCapability> capabilities;
+  for (const std::string& name : options.capabilities) capabilities.emplace_back(name);
+  if (!capabilities.empty()) filter.setOrCapabilityNames(capabilities);
+  return filter;
+}
+
+Identifiers ownersOfIpv4(Session& session, const IpAddress& address) {
+  ZNTopoFilter filter;
+  filter.setAddressType(ZNAddress::IPv4);
+  filter.setAddressStr(address.text());
+  return idsByAttributes(session, &ZNTopoAPI::getNodeIDsByFilter, filter);
+}
+
+/// The library finds nodes by IPv4 addresses alone.
+Identifiers ownersOfIpv6(Session& session, const IpAddress& address) {
+  ZNTopoFilter filter;
+  filter.setAddressType(ZNAddress::IPv6);
+  filter.setPrefixAddressStr(address.text());
+  filter.setPrefixLength(address.bits());
+  const Identifiers addresses = idsByAttributes(session, &ZNTopoAPI::getAddressIDsByFilter, filter);
+  Identifiers interfaces;
+  for (const auto& one : addressList(session, addresses)) interfaces.add(one->getAssEntityID());
+  Identifiers nodes;
+  for (const auto& [id, interface] : interfacesById(session, interfaces)) {
+    nodes.add(interface->getParentObjID());
+  }
+  return nodes;
+}
+
+/// Asks for each condition alone: an address puts all other conditions of the library's filter out
+/// of force.
+Selection selected(Session& session, const NodesOptions& options) {
+  Selection selection;
+  if (options.filter.isGiven()) selection.keep(runFilter(session, options.filter, E_Node));
+  if (const auto address = IpAddress::parse(options.address)) {
+    selection.keep(address->isV6() ? ownersOfIpv6(session, *address)
+                                   : ownersOfIpv4(session, *address));
+  }
+  if (options.hasAttributes() || (options.ipLevel != 0 && selection.hasCondition())) {
+    selection.keep(idsByAttributes(session, &ZNTopoAPI::getNodeIDsByFilter, attributesOf(options)));
+  }
+  return selection;
+}
+
+std::vector<ZNRefPtr<ZNNode>> allNodes(Session& session, int ipLevel) {
+  ZNTopoAPIStatus status;
+  std::set<ObjID> notFound;
+  const auto list = session.api().getNodesByObjIDList({}, notFound, status, false, false, true,
+                                                      static_cast<ZNEntity::IPLevel>(ipLevel), -1);
+  check(status);
+  return {list->begin(), list->end()};
 }
 
 void nodes(const Context& context, const NodesOptions& options, Answer& answer) {
   Session session(context, Session::Load::NodesAlone);
-  ZNTopoAPIStatus status;
-  std::set<ObjID> notFound;
-  const auto list =
-      session.api().getNodesByObjIDList({}, notFound, status, false, false, true,
-                                        static_cast<ZNEntity::IPLevel>(options.ipLevel), -1);
-  check(status);
-  std::vector<ZNRefPtr<ZNNode>> nodes(list->begin(), list->end());
-  sortBy(nodes, [](const ZNRefPtr<ZNNode>& node) { return naturalKey(*node); });
-  Listing<ZNNode> listing(nodeFields());
-  for (const auto& node : nodes) listing.add(*node);
-  listing.fill(answer, "nodes", "node");
+  const Selection selection = selected(session, options);
+  auto nodes = selection.hasCondition() ? nodeList(session, selection.ids())
+                                        : allNodes(session, options.ipLevel);
+  if (!options.name.empty()) {
+    std::erase_if(nodes, [pattern = NamePattern(options.name)](const ZNRefPtr<ZNNode>& node) {
+      return !pattern.matchesEntity(*node);
+    });
+  }
+  nodeListing(std::move(nodes)).fill(answer, "nodes", "node");
 }
 
 }  // namespace
 
 constinit const Command kNodesCommand = {
     .name = "nodes",
-    .about = "List all nodes, by name.",
+    .about =
+        "List all nodes, by name, or those that meet conditions. Several conditions hold together.",
     .examples =
         "  zntopo nodes\n"
-        "  zntopo nodes --ip-level 6 --json",
+        "  zntopo nodes --ip-level 6 --json\n"
+        "  zntopo nodes --name \"access-*\" --capability isLanSwitch\n"
+        "  zntopo nodes --filter Routers",
     .empty = R"({"nodes": []})",
     .prepare = prepare<addOptions, nodes>,
 };

@@ -4,6 +4,7 @@
 #include "tools/network/PlainText.h"
 #include "tools/network/StoreStatement.h"
 #include "tools/zntopo/GroupKind.h"
+#include "tools/zntopo/NamePattern.h"
 #include "tools/zntopo/Names.h"
 #include "tools/zntopo/fields/EntityFields.h"
 #include "tools/zntopo/fields/SubnetFields.h"
@@ -20,6 +21,7 @@ struct SubnetsOptions {
   int hops = 1;
   int ipLevel = 0;
   std::optional<ScopeType> scope;
+  std::string name;
 };
 
 /// The subnets' own addresses, by the identifier of the subnet. One that is asked for alone has
@@ -139,6 +141,7 @@ ZNTopoFilter filterOf(const SubnetsOptions& options) {
   ZNTopoFilter filter;
   if (options.ipLevel != 0) filter.setIPLevel(static_cast<ZNEntity::IPLevel>(options.ipLevel));
   if (options.scope) filter.setV6ScopeType(*options.scope);
+  if (!options.name.empty()) filter.setRegexEntityName(NamePattern(options.name).sql());
   return filter;
 }
 
@@ -146,7 +149,21 @@ ZNTopoFilter filterOf(const SubnetsOptions& options) {
 std::vector<SubnetDetails> listed(Session& session, const SubnetsOptions& options) {
   auto subnets = readSubnets(session, {}, static_cast<ZNEntity::IPLevel>(options.ipLevel));
   std::erase_if(subnets, [&](const SubnetDetails& subnet) {
-    return options.scope && scopeOf(subnet) != *options.scope;
+    return options.scope && scopeOf(subnet.address) != *options.scope;
+  });
+  return subnets;
+}
+
+/// Those of the same whose name or description fits a pattern.
+std::vector<SubnetDetails> named(Session& session, const SubnetsOptions& options) {
+  ZNTopoAPIStatus status;
+  const auto ids = session.api().getSubnetIDsByFilter(filterOf(options), status);
+  check(status);
+  requireReady(session);
+  if (ids->empty()) return {};
+  auto subnets = readSubnetsOfAnyLevel(session, {ids->begin(), ids->end()});
+  std::erase_if(subnets, [&](const SubnetDetails& subnet) {
+    return !NamePattern(options.name).matchesEntity(*subnet.object);
   });
   return subnets;
 }
@@ -169,7 +186,8 @@ std::vector<SubnetDetails> around(Session& session, const SubnetsOptions& option
 void subnets(const Context& context, const SubnetsOptions& options, Answer& answer) {
   Session session(context, Session::Load::NodesAlone);
   if (options.from.empty()) {
-    listingOf(kSubnets, listed(session, options)).fill(answer, "subnets", kSubnets.name.word);
+    const auto found = options.name.empty() ? listed(session, options) : named(session, options);
+    listingOf(kSubnets, found).fill(answer, "subnets", kSubnets.name.word);
     return;
   }
   const NamedNode start = findNode(session, options.from);
@@ -181,18 +199,17 @@ void subnets(const Context& context, const SubnetsOptions& options, Answer& answ
 }
 
 void addOptions(CLI::App& command, SubnetsOptions& options) {
-  std::map<std::string, ScopeType> scopes;
-  for (const auto& [name, type] : kScopeNames) scopes.emplace(name, type);
   auto* const from =
       addNameArgument(command, "--from", options.from, "node", "Only subnets around this IPv6 node")
           ->type_name("NODE");
   addLimit(command, "--hops", options.hops, "How far from it: 1 for its own subnets")->needs(from);
   addIpLevelOption(command, options.ipLevel, "subnets");
-  command
-      .add_option("--scope", options.scope,
-                  "Only IPv6 subnets of this scope; the way from a node goes through no others")
-      ->type_name("")
-      ->transform(CLI::CheckedTransformer(scopes).description("SCOPE"));
+  addNamedOption(command, "--scope", options.scope, kScopeNames, "SCOPE",
+                 "Only IPv6 subnets of this scope; the way from a node goes through no others");
+  addPatternOption(command, "--name", options.name,
+                   "Only subnets whose name or description fits: \"*\" is any text, \"?\" one "
+                   "character")
+      ->excludes(from);
 }
 
 }  // namespace
@@ -203,6 +220,7 @@ constinit const Command kSubnetsCommand = {
     .examples =
         "  zntopo subnets\n"
         "  zntopo subnets --ip-level 6 --scope global\n"
+        "  zntopo subnets --name \"*offices*\"\n"
         "  zntopo subnets --from sensor-1 --hops 2 --json",
     .empty = R"({"subnets": []})",
     .prepare = prepare<addOptions, subnets>,

@@ -33,31 +33,42 @@ std::vector<std::string> withHelpWord(std::vector<std::string> words) {
   return words;
 }
 
-/// What stands where the name of a subcommand should; nothing if one was called.
+/// The app or the group of subcommands at which the call ended without naming one; nullptr if it
+/// named one.
+const CLI::App* unfinished(const CLI::App& app) {
+  const CLI::App* at = &app;
+  while (!at->get_subcommands().empty()) at = at->get_subcommands().front();
+  return at->get_require_subcommand_min() > 0 ? at : nullptr;
+}
+
+/// What stands where the name of a subcommand should.
 std::optional<std::string> unknownWord(const CLI::App& app) {
-  if (!app.get_subcommands().empty()) return std::nullopt;
   for (const std::string& word : app.remaining()) {
     if (word.empty() || word.front() != '-') return word;
   }
   return std::nullopt;
 }
 
-std::vector<std::string> commandNames() {
+std::vector<std::string> subcommandsOf(const CLI::App& app) {
   std::vector<std::string> names;
-  for (const Command* command : kCommands) names.emplace_back(command->name);
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    names.push_back(command->get_name());
+  }
   return names;
 }
 
 /// What is wrong with a call without a subcommand, and what there is.
-std::string subcommandComplaint(const std::optional<std::string>& word) {
-  const std::vector<std::string> names = commandNames();
+std::string subcommandComplaint(const CLI::App& app, const std::optional<std::string>& word) {
+  const bool isGroup = app.get_parent() != nullptr;
+  const std::string group = isGroup ? app.get_name() + " " : "";
+  const std::vector<std::string> names = subcommandsOf(app);
   std::string text = "A subcommand is missing.\n";
   if (word) {
-    text = "There is no subcommand \"" + *word + "\".";
+    text = "There is no subcommand \"" + group + *word + "\".";
     const std::string near = nearest(*word, names);
-    text += near.empty() ? "\n" : " Did you mean \"" + near + "\"?\n";
+    text += near.empty() ? "\n" : " Did you mean \"" + group + near + "\"?\n";
   }
-  text += "Subcommands:";
+  text += isGroup ? "Subcommands of " + app.get_name() + ":" : "Subcommands:";
   for (const std::string& name : names) text += " " + name;
   return text + "\nRun with --help for more information.\n";
 }
@@ -66,11 +77,12 @@ std::string subcommandComplaint(const std::optional<std::string>& word) {
 int finish(const CLI::App& app, const CLI::ParseError& error, AnswerStream& answers) {
   std::ostringstream out;
   std::ostringstream complaint;
-  const std::optional<std::string> word = unknownWord(app);
-  const bool isBare = error.get_name() == "RequiredError" && app.get_subcommands().empty();
+  const CLI::App* const open = unfinished(app);
+  const std::optional<std::string> word = open ? unknownWord(*open) : std::nullopt;
+  const bool isBare = open && error.get_name() == "RequiredError";
   int code = ExitWrongCall;
   if (word || isBare) {
-    complaint << subcommandComplaint(word);
+    complaint << subcommandComplaint(*open, word);
   } else {
     code = app.exit(error, out, complaint) == 0 ? ExitAnswer : ExitWrongCall;
   }

@@ -58,6 +58,30 @@ TEST(CliCallTest, AWrongCallEndsWithTwoAndSaysWhatIsWrong) {
       {{"connectivity"}, "NODE is required"},
       {{"connectivity", "core-1", "caf\xe9"}, "the name of the node is not UTF-8"},
       {{"path", "core-1", "caf\xe9"}, "the name of the node is not UTF-8"},
+      {{"nodes", "--name", ""}, "the pattern is empty"},
+      {{"nodes", "--name", "caf\xe9"}, "the pattern is not UTF-8"},
+      {{"nodes", "--capability", "isRouter = 1 or 1"}, "isRouter = 1 or 1"},
+      {{"nodes", "--address", "10.20.8.*"}, "\"10.20.8.*\" is no address"},
+      {{"nodes", "--filter", ""}, "the name of the filter is empty"},
+      {{"nodes", "--file", "x.xml"}, "--file requires --filter"},
+      {{"interfaces"}, "NODE or --filter NAME is required"},
+      {{"interfaces", "core-1", "--filter", "Uplinks"}, "excludes"},
+      {{"addresses", "--prefix", "10.20.8.0"}, "\"10.20.8.0\" is no prefix"},
+      {{"addresses", "--type", "ipx"}, "ipx"},
+      {{"addresses", "--address", "a\nb"}, "the pattern has a control character in it"},
+      {{"subnets", "--from", "a", "--name", "b"}, "excludes"},
+      {{"filter"}, "A subcommand is missing.\nSubcommands of filter: list run check explain\n"},
+      {{"--json", "filter"}, "A subcommand is missing.\nSubcommands of filter: list"},
+      {{"filter", "lst"}, "There is no subcommand \"filter lst\". Did you mean \"filter list\"?"},
+      {{"filter", "lst", "--help"}, "There is no subcommand \"filter lst\"."},
+      {{"help", "filter", "rum"}, "Did you mean \"filter run\"?"},
+      {{"filter", "nodes"}, "There is no subcommand \"filter nodes\".\nSubcommands of filter: "},
+      {{"filter", "--nope"}, "A subcommand is missing.\nSubcommands of filter: list"},
+      {{"filter", "list", "--nope"}, "--nope"},
+      {{"filter", "run"}, "NAME is required"},
+      {{"filter", "check"}, "FILE is required"},
+      {{"filter", "check", ""}, "the name of the file is empty"},
+      {{"filter", "list", "--file", ""}, "the name of the file is empty"},
   };
   for (const WrongCall& call : calls) {
     const std::string what = testing::PrintToString(call.words);
@@ -74,13 +98,13 @@ TEST(CliCallTest, HelpShowsExamplesOnStandardOutput) {
   const std::vector<std::string> commands = subcommands();
   EXPECT_THAT(commands, testing::IsSupersetOf({"init", "nodes", "path"}));
   for (const std::string& command : commands) {
-    const CliResult result = zntopoRun({command, "--help"});
+    const CliResult result = zntopoRun(callOf(command, {"--help"}));
     EXPECT_EQ(result.status, 0) << command;
     EXPECT_THAT(result.out, HasSubstr("  zntopo " + command)) << command;
     EXPECT_THAT(result.out, HasSubstr("--store")) << command;
     EXPECT_THAT(result.out, HasSubstr("--json")) << command;
     EXPECT_EQ(result.err, "") << command;
-    EXPECT_EQ(zntopoRun({"help", command}).out, result.out) << command;
+    EXPECT_EQ(zntopoRun(callOf("help " + command)).out, result.out) << command;
   }
   EXPECT_THAT(zntopoRun({"--help"}).out, HasSubstr("Exit status"));
   EXPECT_EQ(zntopoRun({"help"}).out, zntopoRun({"--help"}).out);

@@ -42,7 +42,11 @@ TEST_P(CliPostgresReaderTest, EveryQuestionIsAnsweredAsItIsToTheOwner) {
                                             {"subnets", "--json"},
                                             {"subnet", "10.20.8.17", "--json"},
                                             {"connectivity", "core-1", "core-2", "--json"},
-                                            {"path", "crane-4-plc", "customs-printer", "--json"}}) {
+                                            {"path", "crane-4-plc", "customs-printer", "--json"},
+                                            {"nodes", "--name", "core-?", "--json"},
+                                            {"addresses", "dist-quay", "--json"},
+                                            {"filter", "run", "Routers", "--json"},
+                                            {"filter", "explain", "Routers", "--json"}}) {
     const CliResult owner = zntopoRun(call);
     EXPECT_EQ(owner.status, 0) << call[0] << owner.err;
     EXPECT_NE(owner.out, "") << call[0];

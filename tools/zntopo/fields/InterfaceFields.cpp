@@ -1,24 +1,31 @@
 #include "tools/zntopo/fields/InterfaceFields.h"
 
+#include "tools/zntopo/fields/EntityFields.h"
+
 namespace zntopo::tools {
 
 namespace {
 
 template <auto pointer>
 Json of(const InterfaceDetails& details) {
-  return member<pointer>(details.interface);
+  return ofObject<pointer>(details);
 }
 
 template <auto pointer>
 Json knownOf(const InterfaceDetails& details) {
-  return knownMember<pointer>(details.interface);
+  return knownOfObject<pointer>(details);
 }
 
 constexpr Field<InterfaceDetails> kInterfaceFields[] = {
+    {.head = "NODE",
+     .value = [](const InterfaceDetails& all) { return all.isOfOneNode ? Json() : Json(all.node); },
+     .isRare = true},
     {.key = "name",
      .head = "INTERFACE",
-     .value = [](const InterfaceDetails& all) -> Json { return interfaceLabel(all.interface); }},
+     .value = [](const InterfaceDetails& all) -> Json { return interfaceLabel(*all.object); }},
     {.key = "id", .value = of<&ZNInterface::getObjID>},
+    {.key = "node", .value = knownMember<&InterfaceDetails::node>},
+    {.key = "node_id", .value = of<&ZNInterface::getParentObjID>},
     {.key = "if_name", .value = knownOf<&ZNInterface::getIfName>},
     {.key = "alias", .value = knownOf<&ZNInterface::getIfAlias>},
     {.key = "description", .value = knownOf<&ZNInterface::getDescription>},

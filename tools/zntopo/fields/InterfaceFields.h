@@ -13,9 +13,13 @@ std::string interfaceLabel(const ZNInterface& interface);
 
 /// An interface with what it does not hold itself.
 struct InterfaceDetails {
-  const ZNInterface& interface;
+  ZNRefPtr<ZNInterface> object;
   /// IPv4 ones first.
-  std::vector<std::string> addresses;
+  std::vector<std::string> addresses = {};
+  /// The name of its node; empty if the store does not have it.
+  std::string node = {};
+  /// The list is that of one node, and so does not show which.
+  bool isOfOneNode = false;
 };
 
 /// What a list of interfaces tells of each.

@@ -3,8 +3,6 @@
 #include <set>
 
 #include "tools/zntopo/fields/EntityFields.h"
-#include "zntopo/model/InetAddressIPv4.h"
-#include "zntopo/model/ZNRefPtrConversion.h"
 
 namespace zntopo::tools {
 
@@ -18,12 +16,7 @@ std::string otherPrefix(const SubnetDetails& subnet) {
   return valueText(text == subnet.object->getName() ? Json() : known(text));
 }
 
-Json scope(const SubnetDetails& subnet) {
-  for (const auto& [name, type] : kScopeNames) {
-    if (type == scopeOf(subnet)) return name;
-  }
-  return nullptr;
-}
+Json scope(const SubnetDetails& subnet) { return nameOf(kScopeNames, scopeOf(subnet.address)); }
 
 Json nodes(const SubnetDetails& subnet) {
   std::set<std::string> ids;
@@ -52,26 +45,9 @@ constexpr auto kMemberFields =
            std::array{Field<SubnetMember>{
                .key = "address", .head = "ADDRESS", .value = knownMember<&SubnetMember::address>}});
 
-template <typename Address>
-std::string withLength(const Address& address) {
-  return address.getAddressAsString() + "/" + std::to_string(address.getPrefixLength());
-}
-
 }  // namespace
 
-std::string prefixText(const SubnetDetails& subnet) {
-  if (subnet.address.isNull()) return "";
-  if (const auto v6 = ZNRefPtrConversion::Address2IPv6(subnet.address); !v6.isNull()) {
-    return withLength(*v6);
-  }
-  const auto v4 = ZNRefPtrConversion::Address2IPv4(subnet.address);
-  return v4.isNull() ? "" : withLength(*v4);
-}
-
-InetAddressIPv6::ScopeType scopeOf(const SubnetDetails& subnet) {
-  const auto v6 = ZNRefPtrConversion::Address2IPv6(subnet.address);
-  return v6.isNull() ? InetAddressIPv6::Unknown : v6->getScopeType();
-}
+std::string prefixText(const SubnetDetails& subnet) { return textWithLength(subnet.address); }
 
 std::span<const Field<SubnetDetails>> subnetFields() { return kSubnetFields; }
 std::span<const Field<SubnetMember>> subnetMemberFields() { return kMemberFields; }

@@ -3,8 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/zntopo/fields/Field.h"
-#include "tools/zntopo/fields/LinkFields.h"
+#include "tools/zntopo/fields/AddressFields.h"
 #include "zntopo/core/ZNRefPtr.h"
 #include "zntopo/model/ZNSubnet.h"
 
@@ -26,19 +25,8 @@ struct SubnetDetails {
   std::vector<SubnetMember> members = {};
 };
 
-/// The scopes of IPv6 subnets as users read and type them.
-struct ScopeName {
-  const char* name;
-  InetAddressIPv6::ScopeType type;
-};
-inline constexpr ScopeName kScopeNames[] = {{"link-local", InetAddressIPv6::LinkLocal},
-                                            {"site-local", InetAddressIPv6::SiteLocal},
-                                            {"global", InetAddressIPv6::Global}};
-
 /// As "10.20.8.0/24"; empty if it is not known.
 std::string prefixText(const SubnetDetails& subnet);
-/// InetAddressIPv6::Unknown for an IPv4 subnet.
-InetAddressIPv6::ScopeType scopeOf(const SubnetDetails& subnet);
 
 std::span<const Field<SubnetDetails>> subnetFields();
 std::span<const Field<SubnetMember>> subnetMemberFields();

@@ -1,0 +1,393 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include "tests/support/CliSupport.h"
+
+/// @file
+/// Topology filters from the command line: with documents of the tests' own, and the default ones.
+
+namespace zntopo::test {
+namespace {
+
+using Json = nlohmann::json;
+using Call = std::vector<std::string>;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+using testing::UnorderedElementsAreArray;
+
+const std::string kSpace = "http://corvane.example/marlo/NetworkTopology/TopologyFilter";
+
+std::string document(const std::string& filters) {
+  return "<filters xmlns=\"" + kSpace + "\">\n" + filters + "\n</filters>\n";
+}
+
+std::string test(const std::string& column, const std::string& value) {
+  return "<attribute><" + column + "><string>" + value + "</string></" + column + "></attribute>";
+}
+
+std::string assertion(const std::string& kind, const std::string& name, const std::string& tests) {
+  return "<" + kind + "Assertion name=\"" + name + "\"><operator oper=\"NOOP\">" + tests +
+         "</operator></" + kind + "Assertion>\n";
+}
+
+std::string reference(const std::string& name, const std::string& to) {
+  return "<nodeFilter name=\"" + name + "\"><operator oper=\"NOOP\"><reference>" + to +
+         "</reference></operator></nodeFilter>\n";
+}
+
+const std::string kFilters = document(
+    "<nodeAssertion name=\"cores\" description=\"The two cores\"><operator oper=\"NOOP\">" +
+    test("name", "core-?") + "</operator></nodeAssertion>\n" + reference("backbone", "cores") +
+    assertion("interface", "uplinks", test("ifName", "Te1/0/1")) +
+    assertion("address", "printer",
+              "<attribute><IPAddress><IPv4><address>10.20.8.17</address></IPv4></IPAddress>"
+              "</attribute>") +
+    assertion("node", "nobody", test("name", "nobody's")));
+
+std::vector<std::string> each(const Json& list, const char* name) {
+  std::vector<std::string> result;
+  for (const Json& one : list) result.push_back(one[name]);
+  return result;
+}
+
+class CliFiltersTest : public CliSampleTest {
+ protected:
+  void SetUp() override {
+    CliSampleTest::SetUp();
+    if (IsSkipped() || HasFatalFailure()) return;
+    file_ = write("site.xml", kFilters);
+  }
+
+  Json run(const std::string& name) const {
+    return answerOf({"filter", "run", name, "--file", file_});
+  }
+  std::vector<std::string> stored(const std::string& sql) const {
+    std::vector<std::string> result;
+    for (const auto& row : select(sql, 1)) result.push_back(row.front());
+    EXPECT_THAT(result, Not(IsEmpty())) << sql;
+    return result;
+  }
+
+  std::string file_;
+};
+ZNTOPO_ON_ENGINES(CliFiltersTest, kMainEngines);
+
+TEST_P(CliFiltersTest, ListTellsNamesTypesAndDescriptions) {
+  const Json json = answerOf({"filter", "list", "--file", file_});
+  EXPECT_EQ(json["file"], file_);
+  EXPECT_THAT(each(json["filters"], "name"),
+              ElementsAre("backbone", "cores", "nobody", "printer", "uplinks"));
+  EXPECT_THAT(each(json["filters"], "type"),
+              ElementsAre("node", "node", "node", "address", "interface"));
+  EXPECT_EQ(json["filters"][1]["description"], "The two cores");
+  EXPECT_EQ(json["filters"][0]["description"], nullptr);
+  EXPECT_THAT(zntopoRun({"filter", "list", "--file", file_}).out, EndsWith("5 filters\n"));
+}
+
+TEST_P(CliFiltersTest, ListNeedsNoStore) {
+  const CliResult result =
+      zntopoRun({"filter", "list", "--json"}, {"TV_TOPO_STORE=/nonexistent/x.db"});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_THAT(each(result.json()["filters"], "name"), testing::Contains("Routers"));
+}
+
+TEST_P(CliFiltersTest, EachDefaultFilterRunsAndGivesWhatTheListsOfItsKindGive) {
+  const Json filters = answerOf({"filter", "list"})["filters"];
+  EXPECT_GE(filters.size(), 20u);
+  std::size_t found = 0;
+  for (const Json& filter : filters) {
+    const std::string name = filter["name"];
+    const std::string type = filter["type"];
+    const std::string list = type + (type == "address" ? "es" : "s");
+    Json answer = answerOf({"filter", "run", name});
+    EXPECT_EQ(answer["type"], type);
+    EXPECT_EQ(answer[list], answerOf({list, "--filter", name})[list]) << name;
+    found += answer[list].size();
+    for (const char* one : {"nodes", "interfaces", "addresses"}) {
+      EXPECT_TRUE(one == list || answer[one].empty()) << name;
+    }
+  }
+  EXPECT_GT(found, 20u);
+}
+
+TEST_P(CliFiltersTest, RunListsNodesInterfacesAndAddressesAsTheirCommandsDo) {
+  Json nodes = answerOf({"nodes"})["nodes"];
+  std::erase_if(nodes.get_ref<Json::array_t&>(), [](const Json& node) {
+    return !node["name"].get<std::string>().starts_with("core-");
+  });
+  EXPECT_EQ(run("cores")["nodes"], nodes);
+  EXPECT_EQ(run("backbone")["nodes"], nodes);
+  EXPECT_THAT(
+      each(run("uplinks")["interfaces"], "id"),
+      UnorderedElementsAreArray(stored("select ObjId from nwinterface where IfName = 'Te1/0/1'")));
+  Json addresses = answerOf({"addresses", "customs-printer"})["addresses"];
+  addresses.erase(1);
+  EXPECT_EQ(run("printer")["addresses"], addresses);
+  EXPECT_EQ(answerOf({"addresses", "--filter", "printer", "--file", file_})["addresses"],
+            addresses);
+}
+
+TEST_P(CliFiltersTest, InterfacesOfAFilterTellTheirNode) {
+  const Json list = answerOf({"interfaces", "--filter", "uplinks", "--file", file_});
+  EXPECT_EQ(list["node"], nullptr);
+  const Json own = answerOf({"interfaces", "core-1"})["interfaces"];
+  for (const Json& interface : list["interfaces"]) {
+    if (interface["node"] != "core-1") continue;
+    EXPECT_NE(std::find(own.begin(), own.end(), interface), own.end()) << interface;
+  }
+  const CliResult text = zntopoRun({"interfaces", "--filter", "uplinks", "--file", file_});
+  EXPECT_THAT(text.out, StartsWith("NODE "));
+  EXPECT_THAT(zntopoRun({"interfaces", "core-1"}).out, StartsWith("INTERFACE "));
+}
+
+TEST_P(CliFiltersTest, AFilterHoldsTogetherWithOtherConditions) {
+  const Json cores = answerOf({"nodes", "--filter", "cores", "--file", file_, "--name", "*-2"});
+  EXPECT_THAT(each(cores["nodes"], "name"), ElementsAre("core-2"));
+  EXPECT_THAT(
+      answerOf({"addresses", "core-1", "--filter", "printer", "--file", file_})["addresses"],
+      IsEmpty());
+}
+
+TEST_P(CliFiltersTest, NothingSelectedIsAnEmptyListAndNoFailure) {
+  for (const Call& call : {Call{"filter", "run", "nobody"}, Call{"nodes", "--filter", "nobody"}}) {
+    Call with = call;
+    with.insert(with.end(), {"--file", file_});
+    const CliResult result = zntopoRun(with);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, EndsWith("0 nodes\n"));
+    EXPECT_EQ(result.err, "");
+  }
+}
+
+TEST_P(CliFiltersTest, AnUnknownFilterBringsOneOfANameLikeIt) {
+  for (const Call& call : {Call{"filter", "run", "coers"}, Call{"filter", "explain", "coers"},
+                           Call{"nodes", "--filter", "coers"}}) {
+    Call with = call;
+    with.insert(with.end(), {"--file", file_, "--json"});
+    const CliResult result = zntopoRun(with);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.json()["status"]["name"], "ZN_API_XML_FILTER_NAME_NOT_FOUND_ERROR");
+    EXPECT_THAT(result.err, HasSubstr("There is no filter \"coers\" in " + file_ +
+                                      ". Did you mean \"cores\"?"));
+  }
+  EXPECT_THAT(zntopoRun({"filter", "run", "x'; --"}).err,
+              HasSubstr("\"zntopo filter list\" lists those that there are."));
+}
+
+TEST_P(CliFiltersTest, AFilterOfAnotherKindNamesTheListThatFits) {
+  const CliResult result = zntopoRun({"nodes", "--filter", "uplinks", "--file", file_, "--json"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.json()["status"]["name"], "ZN_API_XML_FILTER_OBJECT_TYPE_MISMATCH_ERROR");
+  EXPECT_THAT(result.err, HasSubstr("\"zntopo interfaces --filter uplinks\""));
+}
+
+TEST_P(CliFiltersTest, ExplainShowsTheFormTheStatementAndThePlan) {
+  const Json json = answerOf({"filter", "explain", "backbone", "--file", file_});
+  EXPECT_THAT(std::string(json["intermediate"]), HasSubstr("#cores#"));
+  const std::string sql = json["sql"];
+  EXPECT_THAT(sql, StartsWith("select NODE.objid from nwnode NODE where "));
+  EXPECT_THAT(sql, Not(HasSubstr("#")));
+  EXPECT_THAT(stored(sql), UnorderedElementsAreArray(
+                               stored("select ObjId from nwnode where EntityName like 'core-_'")));
+  EXPECT_THAT(json["plan"], Not(IsEmpty()));
+  EXPECT_THAT(json["plan"].dump(), HasSubstr(GetParam() == Engine::Postgres ? "cost=" : "NODE"));
+  EXPECT_THAT(zntopoRun({"filter", "explain", "backbone", "--file", file_}).out,
+              HasSubstr(GetParam() == Engine::Postgres ? "\nPlan of PostgreSQL:\n"
+                                                       : "\nPlan of SQLite:\n"));
+}
+
+TEST_P(CliFiltersTest, ExplainShowsTheStatementThatRunsForAddresses) {
+  const std::string sql = answerOf({"filter", "explain", "printer", "--file", file_})["sql"];
+  EXPECT_THAT(stored(sql), ElementsAre(run("printer")["addresses"][0]["id"].get<std::string>()));
+}
+
+TEST_P(CliFiltersTest, ExplainWithoutAStoreStillShowsTheStatement) {
+  const CliResult result = zntopoRun(
+      {"filter", "explain", "cores", "--file", file_, "--json", "--store", "/nonexistent/x.db"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.json()["status"]["name"], "ZN_API_DB_CONNECTION_FAILURE");
+  EXPECT_THAT(std::string(result.json()["sql"]), StartsWith("select NODE.objid"));
+  EXPECT_THAT(result.json()["plan"], IsEmpty());
+}
+
+TEST_P(CliFiltersTest, CheckOfAGoodDocumentAsksTheEngineForEachFilter) {
+  const CliResult result = zntopoRun({"filter", "check", file_, "--json"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(result.json()["filters"], 5);
+  EXPECT_THAT(result.json()["errors"], IsEmpty());
+  EXPECT_EQ(zntopoRun({"filter", "check", file_}).out, file_ + ": 5 filters, no error\n");
+  EXPECT_EQ(zntopoRun({"filter", "check", file_, "--store", "/nonexistent/x.db"}).status, 1);
+}
+
+/// Lays a configuration whose stylesheet makes of each filter a condition that no engine takes, and
+/// gives the environment for it.
+std::vector<std::string> badConfiguration(const Scratch& scratch) {
+  const auto folder = scratch.folder() / "conf/qrmrz/topology/filter";
+  std::filesystem::create_directories(folder);
+  std::filesystem::copy(ZNTOPO_SOURCE_DIR "/data/filter/TopoFilter.xsd", folder);
+  std::ofstream(folder / "Filter2IFilter.xsl")
+      << "<xsl:stylesheet version=\"1.0\" xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\""
+         " xmlns:f=\""
+      << kSpace << "\"><xsl:template match=\"/\"><iFilters><xsl:for-each select=\"f:filters/*\">"
+      << "<iAssertion objectType=\"Node\" name=\"{@name}\"><whereQueryStr> NODE.nonsense = 1"
+      << "</whereQueryStr></iAssertion></xsl:for-each></iFilters></xsl:template></xsl:stylesheet>";
+  return {"TV_ETC_PATH=" + scratch.folder().string()};
+}
+
+TEST_P(CliFiltersTest, CheckTellsEachFilterThatTheEngineRefusesAtItsPlace) {
+  const Scratch scratch;
+  const auto environment = badConfiguration(scratch);
+  const CliResult result = zntopoRun({"filter", "check", file_, "--json"}, environment);
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.json()["status"]["name"], "ZN_API_SQL_BIND_STATEMENT_ERROR");
+  const Json errors = result.json()["errors"];
+  ASSERT_EQ(errors.size(), 5u) << errors;
+  EXPECT_THAT(each(errors, "message"), testing::Each(HasSubstr("nonsense")));
+  EXPECT_THAT(std::string(errors[1]["message"]), StartsWith("Filter cores: "));
+  EXPECT_EQ(errors[1]["line"], 2);
+  // The same document is good where no engine is asked.
+  EXPECT_EQ(zntopoRun({"filter", "check", file_}, {environment[0], "TV_TOPO_STORE="}).status, 0);
+}
+
+TEST_P(CliFiltersTest, WhatTheEngineRefusesIsExplainedUpToThePlan) {
+  const Scratch scratch;
+  const auto environment = badConfiguration(scratch);
+  const CliResult result =
+      zntopoRun({"filter", "explain", "cores", "--file", file_, "--json"}, environment);
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.json()["sql"], "select NODE.objid from nwnode NODE where  NODE.nonsense = 1");
+  EXPECT_THAT(result.json()["plan"], IsEmpty());
+  const CliResult run = zntopoRun({"filter", "run", "cores", "--file", file_}, environment);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("nonsense"));
+}
+
+TEST_P(CliFiltersTest, AStoreThatIsNotReadyIsSaidToBeSo) {
+  TestEngine other(GetParam());
+  const std::string empty =
+      other.isPostgres() ? other.store() : (other.folder() / "empty.db").string();
+  ASSERT_EQ(zntopoRun({"init", "--store", empty}).status, 0);
+  for (const Call& call :
+       {Call{"filter", "run", "cores"}, Call{"filter", "run", "printer"},
+        Call{"nodes", "--filter", "nobody"}, Call{"interfaces", "--filter", "uplinks"}}) {
+    Call with = call;
+    with.insert(with.end(), {"--file", file_, "--store", empty});
+    EXPECT_EQ(failureOf(with), "ZN_API_DB_NOT_READY") << testing::PrintToString(call);
+  }
+}
+
+/// Documents that no store is asked about.
+class CliFilterCheckTest : public testing::Test {
+ protected:
+  void SetUp() override { unsetenv("TV_TOPO_STORE"); }
+
+  std::string write(const std::string& text) const { return scratch_.write("broken.xml", text); }
+  /// What is wrong with a document, as JSON; it must be something.
+  Json errorsOf(const std::string& text, const std::string& status) const {
+    const CliResult result = zntopoRun({"filter", "check", write(text), "--json"});
+    EXPECT_EQ(result.status, 1) << text;
+    EXPECT_EQ(result.json()["status"]["name"], status) << result.out;
+    EXPECT_THAT(result.json()["errors"], Not(IsEmpty()));
+    return result.json()["errors"];
+  }
+
+  Scratch scratch_;
+};
+
+TEST_F(CliFilterCheckTest, EachErrorOfAValidationHasItsPlace) {
+  const std::string text =
+      document("<nodeAssertion name=\"a b\"><operator oper=\"XOR\">" + test("name", "x") +
+               "</operator></nodeAssertion>\n" + "<nodeThing/>");
+  const std::string file = write(text);
+  const Json errors = errorsOf(text, "ZN_API_XML_FILTER_VALIDATION_ERROR");
+  ASSERT_GE(errors.size(), 3u) << errors;
+  std::set<int> lines;
+  for (const Json& error : errors) {
+    EXPECT_EQ(error["file"], file);
+    EXPECT_GT(error["column"], 0);
+    EXPECT_NE(error["message"], "");
+    lines.insert(error["line"].get<int>());
+  }
+  EXPECT_THAT(lines, testing::IsSupersetOf({2, 3}));
+  EXPECT_THAT(errors.dump(), HasSubstr("XOR"));
+  const CliResult text1 = zntopoRun({"filter", "check", file});
+  EXPECT_THAT(text1.out, StartsWith(file + ":2:"));
+  EXPECT_THAT(text1.out, EndsWith(file + ": " + std::to_string(errors.size()) + " errors\n"));
+  EXPECT_EQ(std::count(text1.out.begin(), text1.out.end(), '\n'),
+            static_cast<std::ptrdiff_t>(errors.size() + 1));
+}
+
+TEST_F(CliFilterCheckTest, WhatIsNoXmlIsToldWithItsPlace) {
+  const Json errors = errorsOf("<filters>\n <oops", "ZN_API_XML_FILTER_VALIDATION_ERROR");
+  EXPECT_EQ(errors[0]["line"], 2);
+}
+
+TEST_F(CliFilterCheckTest, AFileThatIsNotThereIsToldToBeSo) {
+  const CliResult result = zntopoRun({"filter", "check", "/nonexistent/x.xml", "--json"});
+  EXPECT_EQ(result.status, 1);
+  ASSERT_EQ(result.json()["errors"].size(), 1u);
+  EXPECT_EQ(result.json()["errors"][0]["file"], "/nonexistent/x.xml");
+  EXPECT_EQ(result.json()["errors"][0]["line"], nullptr);
+}
+
+TEST_F(CliFilterCheckTest, WhatTheStylesheetRefusesIsToldAtItsFilter) {
+  const Json errors =
+      errorsOf(document(assertion("node", "good", test("name", "x")) +
+                        assertion("node", "two", test("name", "x") + test("name", "y"))),
+               "ZN_API_XML_FILTER_TRANSFORMATION_ERROR");
+  ASSERT_EQ(errors.size(), 1u);
+  EXPECT_THAT(std::string(errors[0]["message"]), HasSubstr("takes exactly one test"));
+  EXPECT_EQ(errors[0]["line"], 3);
+}
+
+TEST_F(CliFilterCheckTest, AReferenceToNothingIsToldAtTheFilterThatHasIt) {
+  const Json errors = errorsOf(document(reference("good", "one") + reference("one", "nothing")),
+                               "ZN_API_XML_FILTER_KEY_NOT_FOUND_ERROR");
+  ASSERT_EQ(errors.size(), 1u);
+  EXPECT_THAT(std::string(errors[0]["message"]), HasSubstr("nothing"));
+  EXPECT_EQ(errors[0]["line"], 3);
+}
+
+TEST_F(CliFilterCheckTest, FiltersThatReferToEachOtherAreCircular) {
+  const Json errors = errorsOf(document(assertion("node", "apart", test("name", "x")) +
+                                        reference("one", "two") + reference("two", "one")),
+                               "ZN_API_XML_FILTER_FILE_CIRCULAR_REF_ERROR");
+  EXPECT_THAT(std::string(errors[0]["message"]), HasSubstr("Circular reference"));
+  EXPECT_EQ(errors[0]["line"], 3);
+}
+
+TEST_F(CliFilterCheckTest, AFailedReadingShowsTheFirstErrorsAndWhereTheOthersAre) {
+  std::string filters;
+  for (int i = 0; i < 30; ++i) filters += "<nodeAssertion/>\n";
+  const std::string file = write(document(filters));
+  const CliResult result = zntopoRun({"filter", "list", "--file", file});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, HasSubstr("36 ZN_API_XML_FILTER_VALIDATION_ERROR"));
+  EXPECT_THAT(result.err, HasSubstr(file + ":2:"));
+  EXPECT_THAT(result.err, HasSubstr(" more, which \"zntopo filter check " + file + "\" lists"));
+}
+
+TEST_F(CliFilterCheckTest, HostileDocumentsEndInErrorsAndDisturbNoTerminal) {
+  for (const std::string& text :
+       {std::string("<!DOCTYPE filters [<!ENTITY a \"aaaa\">]>" + document("&a;")),
+        std::string("<!DOCTYPE f SYSTEM \"file:///etc/passwd\"><f/>"),
+        document("<nodeAssertion name=\"\xe2\x80\xae x&#x9b;31m\"/>"), std::string()}) {
+    const CliResult result = zntopoRun({"filter", "check", write(text)});
+    EXPECT_EQ(result.status, 1) << text;
+    EXPECT_THAT(result.out, HasSubstr("broken.xml"));
+    EXPECT_THAT(result.out, Not(HasSubstr("root:")));
+    EXPECT_THAT(result.out, Not(HasSubstr("\xe2\x80\xae")));
+    EXPECT_THAT(result.out, Not(HasSubstr("\xc2\x9b")));
+  }
+}
+
+}  // namespace
+}  // namespace zntopo::test

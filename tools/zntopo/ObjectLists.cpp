@@ -1,0 +1,93 @@
+#include "tools/zntopo/ObjectLists.h"
+
+#include <tuple>
+
+#include "tools/zntopo/Names.h"
+#include "tools/zntopo/fields/EntityFields.h"
+
+namespace zntopo::tools {
+
+namespace {
+
+std::vector<InterfaceDetails> interfaceDetails(
+    Session& session, const std::vector<ZNRefPtr<ZNInterface>>& interfaces) {
+  Identifiers ids;
+  for (const auto& interface : interfaces) ids.add(interface->getObjID());
+  auto addresses = addressesOf(session, ids);
+  std::vector<InterfaceDetails> result;
+  for (const auto& interface : interfaces) {
+    result.push_back(
+        {.object = interface, .addresses = std::move(addresses[interface->getObjID().toString()])});
+  }
+  return result;
+}
+
+Listing<InterfaceDetails> listingOf(const std::vector<InterfaceDetails>& interfaces) {
+  Listing<InterfaceDetails> listing(interfaceFields());
+  for (const InterfaceDetails& one : interfaces) listing.add(one);
+  return listing;
+}
+
+}  // namespace
+
+Listing<ZNNode> nodeListing(std::vector<ZNRefPtr<ZNNode>> nodes) {
+  sortBy(nodes, [](const ZNRefPtr<ZNNode>& node) { return naturalKey(*node); });
+  Listing<ZNNode> listing(nodeFields());
+  for (const auto& node : nodes) listing.add(*node);
+  return listing;
+}
+
+Listing<ZNNode> nodeListing(Session& session, const Identifiers& ids) {
+  return nodeListing(nodeList(session, ids));
+}
+
+Listing<InterfaceDetails> interfaceListing(Session& session,
+                                           std::vector<ZNRefPtr<ZNInterface>> interfaces,
+                                           const ZNNode& node) {
+  sortBy(interfaces, [](const ZNRefPtr<ZNInterface>& one) { return naturalKey(*one); });
+  std::vector<InterfaceDetails> details = interfaceDetails(session, interfaces);
+  for (InterfaceDetails& one : details) {
+    one.node = node.getName();
+    one.isOfOneNode = true;
+  }
+  return listingOf(details);
+}
+
+Listing<InterfaceDetails> interfaceListing(Session& session, const Identifiers& ids) {
+  std::vector<InterfaceDetails> details = interfaceDetails(session, interfaceList(session, ids));
+  Identifiers nodeIds;
+  for (const InterfaceDetails& one : details) nodeIds.add(one.object->getParentObjID());
+  const auto nodes = nodesById(session, nodeIds);
+  for (InterfaceDetails& one : details) {
+    const auto node = nodes.find(one.object->getParentObjID().toString());
+    if (node != nodes.end()) one.node = node->second->getName();
+  }
+  sortBy(details, [](const InterfaceDetails& one) {
+    return std::tuple(Natural{one.node}, naturalKey(*one.object));
+  });
+  return listingOf(details);
+}
+
+Listing<AddressDetails> addressListing(Session& session,
+                                       const std::vector<ZNRefPtr<ZNAddress>>& addresses) {
+  Identifiers owners;
+  for (const auto& address : addresses) owners.add(address->getAssEntityID());
+  const Names names(session, owners);
+  std::vector<AddressDetails> details;
+  for (const auto& address : addresses) {
+    details.push_back({address, names.end(address->getAssEntityID())});
+  }
+  sortBy(details, [](const AddressDetails& one) {
+    return std::tuple(naturalKey(one.end), one.object->getAddressType(),
+                      Natural{one.object->getAddressAsString()});
+  });
+  Listing<AddressDetails> listing(addressFields());
+  for (const AddressDetails& one : details) listing.add(one);
+  return listing;
+}
+
+Listing<AddressDetails> addressListing(Session& session, const Identifiers& ids) {
+  return addressListing(session, addressList(session, ids));
+}
+
+}  // namespace zntopo::tools

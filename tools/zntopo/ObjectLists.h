@@ -1,0 +1,31 @@
+#pragma once
+
+#include <vector>
+
+#include "tools/zntopo/Lookup.h"
+#include "tools/zntopo/fields/AddressFields.h"
+#include "tools/zntopo/fields/InterfaceFields.h"
+#include "tools/zntopo/fields/NodeFields.h"
+
+/// @file
+/// Nodes, interfaces and addresses as lists, whatever chose them.
+
+namespace zntopo::tools {
+
+/// By name.
+Listing<ZNNode> nodeListing(std::vector<ZNRefPtr<ZNNode>> nodes);
+Listing<ZNNode> nodeListing(Session& session, const Identifiers& ids);
+
+/// By name. Interfaces of one node, which is not named in the table.
+Listing<InterfaceDetails> interfaceListing(Session& session,
+                                           std::vector<ZNRefPtr<ZNInterface>> interfaces,
+                                           const ZNNode& node);
+/// By node and name.
+Listing<InterfaceDetails> interfaceListing(Session& session, const Identifiers& ids);
+
+/// By node, interface and address.
+Listing<AddressDetails> addressListing(Session& session,
+                                       const std::vector<ZNRefPtr<ZNAddress>>& addresses);
+Listing<AddressDetails> addressListing(Session& session, const Identifiers& ids);
+
+}  // namespace zntopo::tools
