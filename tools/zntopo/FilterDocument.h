@@ -16,10 +16,10 @@ using FilePosition = std::optional<unsigned long>;
 
 /// What is wrong with a document of filters, and where.
 struct FilterFault {
-  std::string file;
+  std::string file = {};
   FilePosition line = {};
   FilePosition column = {};
-  std::string message;
+  std::string message = {};
 
   /// "site.xml:12:40: message", on one line.
   std::string text() const;
