@@ -11,8 +11,8 @@
 #include "zntopo/core/ZNTopoStatus.h"
 #include "zntopo/filter/FilterNamespace.h"
 #include "zntopo/filter/TopoFiltHandler.h"
+#include "zntopo/filter/TopoFiltSql.h"
 #include "zntopo/filter/XMLUtil.h"
-#include "zntopo/filter/detail/TopoFiltSql.h"
 #include "zntopo/platform/tvdbil/TvDbil.h"
 #include "zntopo/platform/tvxpl/Utf8.h"
 
@@ -221,7 +221,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const TopoFilt& filter = filters.at(place);
     compare(filter.getFinalWhereClause(), isWild ? likeOf(text) : text,
             (isWild ? wild : plain).at(place).getFinalWhereClause(), isWild ? "'a%b'" : "'ab'");
-    store.take(detail::objectsOfTopoFiltSql(filter));
+    store.take(objectsOfTopoFiltSql(filter));
   }
   return 0;
 }
