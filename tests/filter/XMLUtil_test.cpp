@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <functional>
 #include <sstream>
 #include <thread>
 #include <vector>
@@ -239,7 +240,8 @@ TEST_F(XMLUtilTest, ASourcesEncodingIsTaken) {
 /// A source that throws when it is opened, or when it is read.
 class ThrowingSource : public xercesc::InputSource {
  public:
-  ThrowingSource(void (*thrown)(), bool whenRead) : thrown_(thrown), whenRead_(whenRead) {}
+  ThrowingSource(const std::function<void()>& thrown, bool whenRead)
+      : thrown_(thrown), whenRead_(whenRead) {}
 
   /// The caller deletes what it gets.
   xercesc::BinInputStream* makeStream() const override {
@@ -249,7 +251,7 @@ class ThrowingSource : public xercesc::InputSource {
 
  private:
   struct Stream : xercesc::BinInputStream {
-    explicit Stream(void (*thrower)()) : thrown(thrower) {}
+    explicit Stream(const std::function<void()>& thrower) : thrown(thrower) {}
     XMLFilePos curPos() const override { return 0; }
     XMLSize_t readBytes(XMLByte* const, const XMLSize_t) override {
       thrown();
@@ -257,27 +259,27 @@ class ThrowingSource : public xercesc::InputSource {
     }
     const XMLCh* getContentType() const override { return nullptr; }
 
-    void (*thrown)();
+    const std::function<void()>& thrown;
   };
 
-  void (*thrown_)();
+  const std::function<void()>& thrown_;
   bool whenRead_;
 };
 
 TEST_F(XMLUtilTest, WhatIsThrownWhileASourceIsReadIsTold) {
   using xercesc::RuntimeException;
-  static const RuntimeException kException(__FILE__, __LINE__,
-                                           xercesc::XMLExcepts::Gen_ParseInProgress);
-  const std::string ownText = TvXplStr::narrowed(kException.getMessage());
+  // Gone before the library is: it keeps its text in the library's memory.
+  const RuntimeException exception(__FILE__, __LINE__, xercesc::XMLExcepts::Gen_ParseInProgress);
+  const std::string ownText = TvXplStr::narrowed(exception.getMessage());
   EXPECT_NE(ownText, "");
   struct Case {
-    void (*thrown)();
+    std::function<void()> thrown;
     std::string text;
   };
   for (const Case& each :
        {Case{[] { throw xercesc::SAXException(u"broken off"); },
              "SAX exception when parsing xml: broken off\n"},
-        Case{[] { throw RuntimeException(kException); }, ownText},
+        Case{[&] { throw RuntimeException(exception); }, ownText},
         Case{[] { throw 42; }, "Unexpected exception when parsing xml.\n"},
         Case{[] { throw std::bad_alloc(); }, "Unexpected exception when parsing xml.\n"}}) {
     for (const bool whenRead : {false, true}) {

@@ -234,6 +234,8 @@ TEST(ReceiverOfALostBrokerTest, ADeadConsumerHoldsNoSenderUp) {
     Carrier carrier(EventMode::Broker);
     Consumer consumer;
     for (int i = 0; i < 3000; ++i) ASSERT_EQ(consumer.send(attributeChange(i)), ZN_API_SUCCESS);
+    // What is still on its way when the broker dies does not come.
+    ASSERT_TRUE(eventually([&] { return consumer.client().getNumberOfNotification() >= 1024; }));
     carrier.broker().crash();
     EXPECT_TRUE(eventually(
         [&] { return consumer.send(attributeChange(1)) == ZN_API_ATTR_NOTIF_GEN_ERROR; }));
