@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <sstream>
 #include <thread>
@@ -89,8 +90,8 @@ TEST(XMLUtilLifeTest, SeveralThreadsStartUseAndStopTheLibrariesAtOnce) {
       EXPECT_EQ(handler.finalOf("up"), " NODE.status = 1 ");
     }
   };
-  std::vector<std::thread> threads;
-  for (int i = 0; i < 4; ++i) threads.emplace_back(work);
+  std::array<std::thread, 4> threads;
+  for (std::thread& thread : threads) thread = std::thread(work);
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(XMLUtil::getRefCount(), 0);
 }
@@ -483,10 +484,11 @@ TEST_F(XMLUtilTest, AnythingThrownWhileASourceIsTransformedIsTold) {
 }
 
 TEST_F(XMLUtilTest, AStylesheetThatIsNoneFails) {
-  for (const std::string none :
-       {"", "text", "<a/>", "<xsl:stylesheet/>",
-        "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
-        "<xsl:nothing/></xsl:stylesheet>"}) {
+  const std::string unknownElement =
+      "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
+      "<xsl:nothing/></xsl:stylesheet>";
+  for (const std::string& none : {std::string(), std::string("text"), std::string("<a/>"),
+                                  std::string("<xsl:stylesheet/>"), unknownElement}) {
     error.clear();
     EXPECT_NE(util.xml.transform(good, none, result, error), 0) << none;
     EXPECT_NE(error, "") << none;

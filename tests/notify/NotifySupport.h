@@ -118,7 +118,7 @@ class Consumer {
   TopologyNotificationClient& client() { return *client_; }
   /// The next notification as text. Behind an error nothing more is to come.
   std::string next() {
-    const std::string text = described(client_->getNextNotification());
+    std::string text = described(client_->getNextNotification());
     if (text.rfind("error", 0) == 0) isReceiving_ = false;
     return text;
   }

@@ -33,6 +33,7 @@ inline void initLog(const std::string& name, std::vector<std::string> options,
                     MCDaemonFlag flag = MC_DAEMON) {
   options.insert(options.begin(), "program");
   std::vector<char*> arguments;
+  arguments.reserve(options.size() + 1);
   for (std::string& option : options) arguments.push_back(option.data());
   arguments.push_back(nullptr);
   MCLog::init(name, static_cast<int>(options.size()), arguments.data(), flag);

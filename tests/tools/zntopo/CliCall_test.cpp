@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <cstdio>
+#include <filesystem>
+
 #include "tests/support/CliSupport.h"
 
 /// @file
@@ -110,6 +113,18 @@ TEST(CliCallTest, HelpShowsExamplesOnStandardOutput) {
   EXPECT_EQ(zntopoRun({"help"}).out, zntopoRun({"--help"}).out);
   EXPECT_THAT(zntopoRun({"--version"}).out, StartsWith("zntopo "));
   EXPECT_THAT(zntopoRun({"path", "--help"}).out, HasSubstr("NUMBER:INT in [1 - 1000000]=20"));
+}
+
+TEST(CliCallTest, ACallThatIsFoundInThePathFindsItsDataToo) {
+  const std::string folder = std::filesystem::path(ZNTOPO_CLI).parent_path().string();
+  const std::string call =
+      "cd / && env -u TV_DATA_PATH -u TV_ETC_PATH PATH='" + folder + "' zntopo filter list";
+  FILE* const pipe = popen(call.c_str(), "r");
+  ASSERT_NE(pipe, nullptr);
+  std::string out;
+  for (int c = 0; (c = std::fgetc(pipe)) != EOF;) out += static_cast<char>(c);
+  EXPECT_EQ(pclose(pipe), 0);
+  EXPECT_THAT(out, HasSubstr("Routers"));
 }
 
 }  // namespace

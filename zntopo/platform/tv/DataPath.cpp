@@ -22,6 +22,19 @@ std::string installedDataDirectory(const std::string& object) {
   return ZNTOPO_DATA_DIR;
 }
 
+namespace {
+
+/// The file that this code is in. Of a program the loader knows what it was called by, and a call
+/// that was found by way of PATH says nothing of the place.
+std::string ownObject() {
+  Dl_info here{};
+  const bool known = dladdr(reinterpret_cast<const void*>(&dataDirectory), &here) != 0;
+  const std::string name = known && here.dli_fname ? here.dli_fname : "";
+  return name.find('/') == std::string::npos ? "/proc/self/exe" : name;
+}
+
+}  // namespace
+
 std::string dataDirectory() {
   const char* const named = std::getenv("TV_DATA_PATH");
   if (named && *named) {
@@ -29,9 +42,7 @@ std::string dataDirectory() {
     while (directory.size() > 1 && directory.back() == '/') directory.pop_back();
     return directory;
   }
-  Dl_info here{};
-  const bool known = dladdr(reinterpret_cast<const void*>(&dataDirectory), &here) != 0;
-  return installedDataDirectory(known && here.dli_fname ? here.dli_fname : "");
+  return installedDataDirectory(ownObject());
 }
 
 }  // namespace tv
