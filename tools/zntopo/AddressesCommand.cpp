@@ -24,6 +24,11 @@ struct AddressesOptions {
   bool hasAttributes() const {
     return ipLevel != 0 || type || scope || !prefix.empty() || !address.empty();
   }
+  /// The store has addresses in one form and in lower case.
+  NamePattern pattern() const {
+    const auto whole = IpAddress::parse(address);
+    return NamePattern(whole ? whole->text() : CLI::detail::to_lower(address));
+  }
 };
 
 void addOptions(CLI::App& command, AddressesOptions& options) {
@@ -33,7 +38,7 @@ void addOptions(CLI::App& command, AddressesOptions& options) {
                  "Only addresses of this type");
   addNamedOption(command, "--scope", options.scope, kScopeNames, "SCOPE",
                  "Only IPv6 addresses of this scope");
-  command.add_option("--prefix", options.prefix, "Only addresses with this prefix")
+  command.add_option("--prefix", options.prefix, "Only addresses that lie in this prefix")
       ->type_name("PREFIX")
       ->check(CLI::Validator(
           [](const std::string& text) {
@@ -51,7 +56,7 @@ ZNTopoFilter attributesOf(const AddressesOptions& options, std::optional<Address
   if (options.ipLevel != 0) filter.setIPLevel(static_cast<ZNEntity::IPLevel>(options.ipLevel));
   if (type) filter.setAddressType(*type);
   if (options.scope) filter.setV6ScopeType(*options.scope);
-  if (!options.address.empty()) filter.setAddressStr(NamePattern(options.address).sql());
+  if (!options.address.empty()) filter.setAddressStr(options.pattern().sql());
   const auto prefix = IpPrefix::parse(options.prefix);
   // The library compares the bits of IPv6 addresses alone.
   if (prefix && type == ZNAddress::IPv6) {
@@ -96,11 +101,43 @@ Identifiers ofNode(Session& session, const std::string& node) {
   return ids;
 }
 
+/// What the options say of rows of addresses, beside what isAskedFor() tells.
+std::string conditionsOf(const AddressesOptions& options) {
+  std::string sql;
+  const auto require = [&](const char* column, int value) {
+    sql += std::string(" and ") + column + " = " + std::to_string(value);
+  };
+  if (options.ipLevel != 0) require("IPLevel", options.ipLevel);
+  if (options.scope) require("V6ScopeType", *options.scope);
+  std::string types;
+  for (const AddressType type : typesOf(options)) {
+    types += (types.empty() ? "" : ", ") + std::to_string(type);
+  }
+  if (!types.empty()) sql += " and AddressType in (" + types + ")";
+  return sql;
+}
+
+/// Those that the filter selects and that meet the other options. The library asks for addresses
+/// of interfaces alone, and a filter may select those of subnets.
+Identifiers ofFilter(Session& session, const AddressesOptions& options) {
+  const Identifiers selected = runFilter(session, options.filter, E_Address);
+  const std::string conditions = conditionsOf(options);
+  if (conditions.empty()) return selected;
+  Identifiers fitting;
+  for (const TextRow& row : selectTexts(
+           session.connection(), "select AddressId from address where 1 = 1" + conditions, 1, {})) {
+    fitting.add(row.front());
+  }
+  fitting.keep(selected);
+  return fitting;
+}
+
 Selection selected(Session& session, const AddressesOptions& options) {
   Selection selection;
   if (!options.node.empty()) selection.keep(ofNode(session, options.node));
-  if (options.filter.isGiven()) selection.keep(runFilter(session, options.filter, E_Address));
-  if (options.hasAttributes() || !selection.hasCondition()) {
+  if (options.filter.isGiven()) {
+    selection.keep(ofFilter(session, options));
+  } else if (options.hasAttributes() || !selection.hasCondition()) {
     selection.keep(byAttributes(session, options));
   }
   return selection;
@@ -109,7 +146,7 @@ Selection selected(Session& session, const AddressesOptions& options) {
 /// Whether an address is one that the options ask for, where the store may give others too.
 bool isAskedFor(const ZNAddress& address, const AddressesOptions& options) {
   const std::string& text = address.getAddressAsString();
-  if (!options.address.empty() && !NamePattern(options.address).matches(text)) return false;
+  if (!options.address.empty() && !options.pattern().matches(text)) return false;
   if (options.prefix.empty()) return true;
   const auto ip = IpAddress::parse(text);
   return ip && IpPrefix::parse(options.prefix)->contains(*ip);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 #include "tools/network/PlainText.h"
 
@@ -86,6 +87,18 @@ CLI::Option* addLimit(CLI::App& command, const std::string& name, int& value,
       ->capture_default_str()
       ->type_name("NUMBER")
       ->check(CLI::Range(1, 1'000'000));
+}
+
+CLI::Validator isOneOf(std::vector<std::string> names) {
+  return {[names = std::move(names)](std::string& text) -> std::string {
+            for (const std::string& name : names) {
+              if (CLI::detail::to_lower(name) != CLI::detail::to_lower(text)) continue;
+              text = name;
+              return "";
+            }
+            return "\"" + text + "\" is none of " + CLI::detail::join(names, ", ");
+          },
+          ""};
 }
 
 void addIpLevelOption(CLI::App& command, int& value, const std::string& objects) {

@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 #include <array>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -141,16 +140,26 @@ void addIpLevelOption(CLI::App& command, int& value, const std::string& objects)
 /// Adds an option for a pattern of names or addresses.
 CLI::Option* addPatternOption(CLI::App& command, const std::string& name, std::string& value,
                               const std::string& about);
-/// Adds an option whose values have names.
+/// Refuses what is none of some names. Upper and lower case are one, and the name itself is what an
+/// option gets.
+CLI::Validator isOneOf(std::vector<std::string> names);
+/// Adds an option whose values have names, with all of them in its help.
 template <typename Number, std::size_t size>
 CLI::Option* addNamedOption(CLI::App& command, const std::string& name,
                             std::optional<Number>& value, const NumberName<Number> (&names)[size],
                             const std::string& type, const std::string& about) {
-  std::map<std::string, Number> numbers;
-  for (const auto& [one, number] : names) numbers.emplace(one, number);
-  return command.add_option(name, value, about)
-      ->type_name("")
-      ->transform(CLI::CheckedTransformer(numbers).description(type));
+  std::vector<std::string> list;
+  for (const NumberName<Number>& one : names) list.emplace_back(one.name);
+  const auto take = [&value, &names](const std::string& text) {
+    for (const NumberName<Number>& one : names) {
+      if (text == one.name) value = one.number;
+    }
+  };
+  return command
+      .add_option_function<std::string>(name, take,
+                                        about + ". One of " + CLI::detail::join(list, ", "))
+      ->type_name(type)
+      ->transform(isOneOf(list));
 }
 /// Add an argument or an option that names something, and what it may be. What can be no name of
 /// an object is a wrong call.

@@ -87,6 +87,39 @@ void forEachPart(const std::vector<std::string>& texts, const Work& work) {
   }
 }
 
+/// Those of identifiers that no address has.
+std::vector<std::string> missingAmong(const std::vector<ZNRefPtr<ZNAddress>>& addresses,
+                                      const Identifiers& ids) {
+  const auto known = byId(addresses, &ZNAddress::getAddressID);
+  std::vector<std::string> missing = ids.texts();
+  std::erase_if(missing, [&](const std::string& id) { return known.contains(id); });
+  return missing;
+}
+
+/// Gives addresses without identifiers those of the row that has their text.
+void identify(Session& session, const Identifiers& ids,
+              const std::vector<ZNRefPtr<ZNAddress>>& addresses) {
+  enum Column : std::size_t { Id, Owner, Text, COLUMN_COUNT };
+  std::multimap<std::string, TextRow> rows;
+  forEachPart(missingAmong(addresses, ids), [&](const std::vector<std::string>& part) {
+    for (const TextRow& row :
+         selectTexts(session.connection(),
+                     "select AddressId, ObjId, coalesce(V6Address, DNSName) from "
+                     "address where AddressId in (" +
+                         parameterMarks(part.size()) + ")",
+                     COLUMN_COUNT, part)) {
+      rows.emplace(row[Text], row);
+    }
+  });
+  for (const auto& address : addresses) {
+    const auto row = rows.find(address->getAddressAsString());
+    if (!address->getAddressID().isNull() || row == rows.end()) continue;
+    address->setAddressID(row->second[Id]);
+    if (!row->second[Owner].empty()) address->setAssEntityID(row->second[Owner]);
+    rows.erase(row);
+  }
+}
+
 }  // namespace
 
 NamedNode findNode(Session& session, const std::string& text) {
@@ -156,9 +189,12 @@ std::map<std::string, ZNRefPtr<ZNInterface>> interfacesById(Session& session,
 }
 
 std::vector<ZNRefPtr<ZNAddress>> addressList(Session& session, const Identifiers& ids) {
-  return listOf<ZNAddress>(ids, [&](const std::set<ObjID>& set, ZNTopoAPIStatus& status) {
+  const auto addresses = listOf<ZNAddress>(ids, [&](const std::set<ObjID>& set,
+                                                    ZNTopoAPIStatus& status) {
     return session.api().getAddrsByObjIDs({set.begin(), set.end()}, status, false, ZNAddress::IPv4);
   });
+  identify(session, ids, addresses);
+  return addresses;
 }
 
 std::map<std::string, ZNRefPtr<ZNAddress>> addressesById(Session& session, const Identifiers& ids) {

@@ -65,8 +65,8 @@ std::map<std::string, ZNRefPtr<ZNInterface>> interfacesById(Session& session,
                                                             const Identifiers& ids);
 std::vector<ZNRefPtr<ZNInterface>> interfaceList(Session& session, const Identifiers& ids);
 std::map<std::string, ZNRefPtr<ZNAddress>> addressesById(Session& session, const Identifiers& ids);
-/// The addresses of identifiers. The library does not give the identifier of an IPv6 address that
-/// lies in no subnet, so the map above lacks these.
+/// The same as a list. The library gives no identifiers of an IPv6 address that lies in no subnet:
+/// these come from its row.
 std::vector<ZNRefPtr<ZNAddress>> addressList(Session& session, const Identifiers& ids);
 
 /// The names of objects, by identifier text, from the names in a table.

@@ -1,7 +1,9 @@
 #include <utility>
 
+#include "tools/network/StoreStatement.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/FilterOptions.h"
+#include "tools/zntopo/NameLookup.h"
 #include "tools/zntopo/NamePattern.h"
 #include "tools/zntopo/ObjectLists.h"
 #include "tools/zntopo/Selection.h"
@@ -33,16 +35,19 @@ void addOptions(CLI::App& command, NodesOptions& options) {
                    "Only nodes whose name or description fits: \"*\" is any text, \"?\" one "
                    "character");
   command
-      .add_option(
-          "--capability", options.capabilities,
-          "Only nodes with this capability, as \"zntopo node\" names it; with several, those that "
-          "have one of them")
+      .add_option("--capability", options.capabilities,
+                  std::string("Only nodes with this capability, as \"zntopo node\" names it; with "
+                              "several, those that "
+                              "have one of them. One of ") +
+                      CLI::detail::join(kCapabilities, ", "))
       ->type_name("CAPABILITY")
       ->take_all()
       ->check(CLI::IsMember(std::vector<std::string>(kCapabilities.begin(), kCapabilities.end()),
                             CLI::ignore_case)
                   .description(""));
-  command.add_option("--address", options.address, "Only nodes with this address on an interface")
+  command
+      .add_option("--address", options.address,
+                  "Only nodes with this address, for their management or on an interface")
       ->type_name("ADDRESS")
       ->check(CLI::Validator(
           [](const std::string& text) {
@@ -62,25 +67,24 @@ ZNTopoFilter attributesOf(const NodesOptions& options) {
   return filter;
 }
 
-Identifiers ownersOfIpv4(Session& session, const IpAddress& address) {
-  ZNTopoFilter filter;
-  filter.setAddressType(ZNAddress::IPv4);
-  filter.setAddressStr(address.text());
-  return idsByAttributes(session, &ZNTopoAPI::getNodeIDsByFilter, filter);
-}
-
-/// The library finds nodes by IPv4 addresses alone.
-Identifiers ownersOfIpv6(Session& session, const IpAddress& address) {
-  ZNTopoFilter filter;
-  filter.setAddressType(ZNAddress::IPv6);
-  filter.setPrefixAddressStr(address.text());
-  filter.setPrefixLength(address.bits());
-  const Identifiers addresses = idsByAttributes(session, &ZNTopoAPI::getAddressIDsByFilter, filter);
-  Identifiers interfaces;
-  for (const auto& one : addressList(session, addresses)) interfaces.add(one->getAssEntityID());
+/// The nodes that have an address on an interface or for their management. The library finds those
+/// with an IPv4 address on an interface alone.
+Identifiers ownersOf(Session& session, const IpAddress& address) {
+  requireReady(session);
+  const std::string row = address.isV6() ? "V6AddressBS = ?" : "V4Address = ?";
+  std::string sql =
+      "select NodeObjID from nwinterface where ObjId in "
+      "(select ObjId from address where isSubnet = 0 and " +
+      row + ")";
+  std::vector<std::string> parameters = {address.isV6() ? address.bitText() : address.text()};
+  if (!address.isV6()) {
+    sql +=
+        " union select ObjId from nwnode where V4ManagementAddress = ? or PubV4ManagementAdd = ?";
+    parameters.resize(3, address.text());
+  }
   Identifiers nodes;
-  for (const auto& [id, interface] : interfacesById(session, interfaces)) {
-    nodes.add(interface->getParentObjID());
+  for (const TextRow& found : selectTexts(session.connection(), sql, 1, parameters)) {
+    nodes.add(found.front());
   }
   return nodes;
 }
@@ -91,8 +95,7 @@ Selection selected(Session& session, const NodesOptions& options) {
   Selection selection;
   if (options.filter.isGiven()) selection.keep(runFilter(session, options.filter, E_Node));
   if (const auto address = IpAddress::parse(options.address)) {
-    selection.keep(address->isV6() ? ownersOfIpv6(session, *address)
-                                   : ownersOfIpv4(session, *address));
+    selection.keep(ownersOf(session, *address));
   }
   if (options.hasAttributes() || (options.ipLevel != 0 && selection.hasCondition())) {
     selection.keep(idsByAttributes(session, &ZNTopoAPI::getNodeIDsByFilter, attributesOf(options)));

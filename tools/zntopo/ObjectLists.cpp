@@ -28,6 +28,12 @@ Listing<InterfaceDetails> listingOf(const std::vector<InterfaceDetails>& interfa
   return listing;
 }
 
+/// The interface that has an address. A subnet has its own address itself.
+ObjID interfaceOf(const ZNAddress& address) {
+  const auto* const inet = dynamic_cast<const InetAddress*>(&address);
+  return inet && inet->isSubnetAddress() ? ObjID() : address.getAssEntityID();
+}
+
 }  // namespace
 
 Listing<ZNNode> nodeListing(std::vector<ZNRefPtr<ZNNode>> nodes) {
@@ -71,11 +77,11 @@ Listing<InterfaceDetails> interfaceListing(Session& session, const Identifiers& 
 Listing<AddressDetails> addressListing(Session& session,
                                        const std::vector<ZNRefPtr<ZNAddress>>& addresses) {
   Identifiers owners;
-  for (const auto& address : addresses) owners.add(address->getAssEntityID());
+  for (const auto& address : addresses) owners.add(interfaceOf(*address));
   const Names names(session, owners);
   std::vector<AddressDetails> details;
   for (const auto& address : addresses) {
-    details.push_back({address, names.end(address->getAssEntityID())});
+    details.push_back({address, names.end(interfaceOf(*address))});
   }
   sortBy(details, [](const AddressDetails& one) {
     return std::tuple(naturalKey(one.end), one.object->getAddressType(),

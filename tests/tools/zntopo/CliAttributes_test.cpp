@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 
+#include <regex>
+#include <set>
+
 #include "tests/support/CliSupport.h"
+#include "tools/network/StoreStatement.h"
 
 /// @file
 /// Lists of nodes, subnets and addresses by attributes, held against statements on the store that
@@ -40,6 +44,13 @@ class CliAttributesTest : public CliSampleTest {
     EXPECT_THAT(result, testing::Not(IsEmpty())) << sql;
     return result;
   }
+  /// Changes rows of the store.
+  void change(const std::string& sql) const {
+    TvXplMsg::MessageList_t messages;
+    const TvDbil::DbSource_t source(messages, store());
+    TvDbil::DbConnection_t connection(messages, &source);
+    tools::executeText(connection, sql, "the store can't be changed");
+  }
   void expectAddresses(const Call& options, const std::string& condition) const {
     EXPECT_THAT(addresses(options),
                 UnorderedElementsAreArray(
@@ -69,17 +80,17 @@ TEST_P(CliAttributesTest, NodesAreFoundByCapabilitiesOfWhichTheyHaveOne) {
 }
 
 TEST_P(CliAttributesTest, EachCapabilityOfTheHelpIsAColumn) {
-  const std::string help = zntopoRun({"nodes", "--capability", "x"}).err;
-  const std::string open = "{";
-  std::string list = help.substr(help.find(open) + 1, help.find('}') - help.find(open) - 1);
-  std::size_t count = 0;
-  for (std::size_t at = 0; at != std::string::npos; ++count) {
-    const std::size_t comma = list.find(',', at);
-    const std::string name = list.substr(at, comma - at);
-    EXPECT_EQ(zntopoRun({"nodes", "--capability", name}).status, 0) << name;
-    at = comma == std::string::npos ? comma : comma + 1;
+  const std::string help = zntopoRun({"nodes", "--help"}).out;
+  static const std::regex name("\\bis[A-Z]\\w+");
+  const auto option = help.begin() + static_cast<std::ptrdiff_t>(help.find("--capability"));
+  const auto end = help.begin() + static_cast<std::ptrdiff_t>(help.find("\n  --address"));
+  std::set<std::string> names;
+  for (std::sregex_iterator at(option, end, name), none; at != none; ++at) names.insert(at->str());
+  EXPECT_EQ(names.size(), 21u) << help;
+  for (const std::string& one : names) {
+    EXPECT_EQ(zntopoRun({"nodes", "--capability", one}).status, 0) << one;
+    EXPECT_NO_THROW(select("select count(*) from nwnode where " + one + " = 1", 1)) << one;
   }
-  EXPECT_EQ(count, 21u) << help;
 }
 
 TEST_P(CliAttributesTest, NodesAreFoundByAddressesOfBothVersionsHoweverWritten) {
@@ -89,6 +100,35 @@ TEST_P(CliAttributesTest, NodesAreFoundByAddressesOfBothVersionsHoweverWritten) 
   EXPECT_THAT(nodes({"--address", "10.20.8.1"}), ElementsAre("core-1", "core-2"));
   EXPECT_THAT(nodes({"--address", "10.99.99.99"}), IsEmpty());
   EXPECT_THAT(nodes({"--address", "2001:db8::99"}), IsEmpty());
+}
+
+TEST_P(CliAttributesTest, NodesAreFoundByTheAddressThatTheListOfNodesShows) {
+  const Json list = answerOf({"nodes"})["nodes"];
+  std::size_t found = 0;
+  for (const Json& node : list) {
+    if (node["management_address"].is_null()) continue;
+    const std::string address = node["management_address"];
+    EXPECT_THAT(nodes({"--address", address}), testing::Contains(node["name"].get<std::string>()));
+    ++found;
+  }
+  EXPECT_GT(found, 5u);
+  EXPECT_THAT(nodes({"--address", "10.20.1.11"}), ElementsAre("core-1"));
+  change("update nwnode set PubV4ManagementAdd = '192.0.2.7' where EntityName = 'core-2'");
+  EXPECT_THAT(nodes({"--address", "192.0.2.7"}), ElementsAre("core-2"));
+}
+
+TEST_P(CliAttributesTest, AnAddressInNoSubnetHasItsOwnerAndItsIdentifier) {
+  const Json before = answerOf({"addresses", "customs-printer"})["addresses"][1];
+  change("update address set SubnetObjId = null where V6Address = '2001:db8:20:8::11'");
+  Json expected = before;
+  expected["subnet_id"] = nullptr;
+  ASSERT_NE(before, expected);
+  EXPECT_EQ(answerOf({"addresses", "customs-printer"})["addresses"][1], expected);
+  EXPECT_EQ(answerOf({"addresses", "--address", "2001:db8:20:8::11"})["addresses"],
+            Json::array({expected}));
+  EXPECT_THAT(nodes({"--address", "2001:db8:20:8::11"}), ElementsAre("customs-printer"));
+  EXPECT_EQ(answerOf({"interfaces", "customs-printer"})["interfaces"][0]["addresses"],
+            Json::array({"10.20.8.17", "2001:db8:20:8::11"}));
 }
 
 TEST_P(CliAttributesTest, SeveralConditionsOnNodesHoldTogether) {
@@ -136,13 +176,26 @@ TEST_P(CliAttributesTest, AllAddressesOfInterfacesAreListedWithTheirOwners) {
 
 TEST_P(CliAttributesTest, AddressesAreFoundByAttributes) {
   expectAddresses({"--type", "ipv6"}, "AddressType = 2");
+  expectAddresses({"--type", "IPv6"}, "AddressType = 2");
   expectAddresses({"--type", "dns"}, "AddressType = 16");
   expectAddresses({"--ip-level", "4"}, "IPLevel = 4");
   expectAddresses({"--scope", "link-local"}, "V6ScopeType = 1");
   expectAddresses({"--prefix", "2001:db8:20:8::/64"}, "V6Address like '2001:db8:20:8::%'");
   expectAddresses({"--prefix", "10.20.8.0/24"}, "V4Address like '10.20.8.%'");
+  expectAddresses({"--prefix", "10.20.0.0/18"},
+                  "(V4Address like '10.20._.%' or V4Address like '10.20.1_.%' or V4Address like "
+                  "'10.20.2_.%' or V4Address like '10.20.3_.%' or V4Address like '10.20.4_.%' or "
+                  "V4Address like '10.20.5_.%' or V4Address like '10.20.60.%' or V4Address like "
+                  "'10.20.61.%' or V4Address like '10.20.62.%' or V4Address like '10.20.63.%')");
+  expectAddresses({"--prefix", "10.20.0.0/30"},
+                  "V4Address in ('10.20.0.0', '10.20.0.1', '10.20.0.2', '10.20.0.3')");
+  expectAddresses({"--prefix", "2001:db8:20::/45"},
+                  "V6AddressBS like '001000000000000100001101101110000000000000100%'");
   expectAddresses({"--prefix", "0.0.0.0/0"}, "AddressType = 1");
   expectAddresses({"--prefix", "::/0"}, "AddressType = 2");
+  expectAddresses({"--address", "2001:DB8:20:8::11"}, "V6Address = '2001:db8:20:8::11'");
+  expectAddresses({"--address", "2001:db8:20:08:0::11"}, "V6Address = '2001:db8:20:8::11'");
+  expectAddresses({"--address", "2001:DB8:*"}, "V6Address like '2001:db8:%'");
   expectAddresses({"--address", "10.20.?.1"}, "V4Address like '10.20._.1'");
   expectAddresses({"--address", "*11"}, "(V4Address like '%11' or V6Address like '%11')");
   expectAddresses({"--address", "*11", "--type", "ipv6"}, "V6Address like '%11'");

@@ -57,7 +57,7 @@ TEST(CliCallTest, AWrongCallEndsWithTwoAndSaysWhatIsWrong) {
       {{"subnets", "--from", ""}, "the name of the node is empty"},
       {{"subnets", "--from", "a", "--hops", "0"}, "not in range 1 to 1000000"},
       {{"subnets", "--ip-level", "5"}, "5"},
-      {{"subnets", "--scope", "wide"}, "wide"},
+      {{"subnets", "--scope", "wide"}, "\"wide\" is none of link-local, site-local, global"},
       {{"connectivity"}, "NODE is required"},
       {{"connectivity", "core-1", "caf\xe9"}, "the name of the node is not UTF-8"},
       {{"path", "core-1", "caf\xe9"}, "the name of the node is not UTF-8"},
@@ -70,7 +70,8 @@ TEST(CliCallTest, AWrongCallEndsWithTwoAndSaysWhatIsWrong) {
       {{"interfaces"}, "NODE or --filter NAME is required"},
       {{"interfaces", "core-1", "--filter", "Uplinks"}, "excludes"},
       {{"addresses", "--prefix", "10.20.8.0"}, "\"10.20.8.0\" is no prefix"},
-      {{"addresses", "--type", "ipx"}, "ipx"},
+      {{"addresses", "--type", "ipx"}, "\"ipx\" is none of ipv4, ipv6, dns"},
+      {{"addresses", "--type", "16"}, "\"16\" is none of ipv4, ipv6, dns"},
       {{"addresses", "--address", "a\nb"}, "the pattern has a control character in it"},
       {{"subnets", "--from", "a", "--name", "b"}, "excludes"},
       {{"filter"}, "A subcommand is missing.\nSubcommands of filter: list run check explain\n"},
@@ -112,6 +113,7 @@ TEST(CliCallTest, HelpShowsExamplesOnStandardOutput) {
   EXPECT_THAT(zntopoRun({"--help"}).out, HasSubstr("Exit status"));
   EXPECT_EQ(zntopoRun({"help"}).out, zntopoRun({"--help"}).out);
   EXPECT_THAT(zntopoRun({"--version"}).out, StartsWith("zntopo "));
+  EXPECT_THAT(zntopoRun({"addresses", "--help"}).out, HasSubstr(". One of ipv4, ipv6, dns"));
   EXPECT_THAT(zntopoRun({"path", "--help"}).out, HasSubstr("NUMBER:INT in [1 - 1000000]=20"));
 }
 

@@ -15,6 +15,8 @@ constexpr NumberName<PingState> kPingStates[] = {{"responding", Ping_Responding}
                                                  {"agent_down", Ping_AgentDown},
                                                  {"disabled", Ping_Disabled}};
 
+Json id(const AddressDetails& all) { return known(all.object->getAddressID().toString()); }
+
 Json type(const AddressDetails& all) { return nameOf(kAddressTypes, all.object->getAddressType()); }
 
 Json scope(const AddressDetails& all) { return nameOf(kScopeNames, scopeOf(all.object)); }
@@ -45,7 +47,7 @@ constexpr Field<AddressDetails> kOwnFields[] = {
     {.key = "address",
      .head = "ADDRESS",
      .value = knownOfObject<&ZNAddress::getAddressAsString, AddressDetails>},
-    {.key = "id", .value = ofObject<&ZNAddress::getAddressID, AddressDetails>},
+    {.key = "id", .value = id},
     {.key = "type", .value = type},
     {.key = "prefix", .head = "PREFIX", .value = prefix},
     {.key = "scope", .head = "SCOPE", .value = scope, .isRare = true},
