@@ -16,6 +16,11 @@ constexpr const char* kRefused = "the engine does not take the statement of the 
 struct PlanLine {
   std::array<char, 4096> text{};
   int indicator = 0;
+
+  /// What the statement fetched last, marked where it was cut.
+  std::string of(const StoreStatement& statement) const {
+    return std::string(text.data()) + (statement.isCut() ? "..." : "");
+  }
 };
 
 std::vector<std::string> sqlitePlan(TvDbil::DbConnection_t& connection, const std::string& sql) {
@@ -34,7 +39,7 @@ std::vector<std::string> sqlitePlan(TvDbil::DbConnection_t& connection, const st
     const auto above = depths.find(parent);
     const std::size_t depth = above == depths.end() ? 0 : above->second + 1;
     depths[step] = depth;
-    plan.push_back(std::string(2 * depth, ' ') + line.text.data());
+    plan.push_back(std::string(2 * depth, ' ') + line.of(statement));
   }
   return plan;
 }
@@ -45,7 +50,7 @@ std::vector<std::string> postgresPlan(TvDbil::DbConnection_t& connection, const 
   statement.bind(line.text.data(), line.text.size(), &line.indicator);
   statement.execute();
   std::vector<std::string> plan;
-  while (statement.fetch()) plan.emplace_back(line.text.data());
+  while (statement.fetch()) plan.push_back(line.of(statement));
   return plan;
 }
 

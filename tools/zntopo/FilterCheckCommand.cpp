@@ -1,6 +1,8 @@
 #include <cstdlib>
 
 #include "tools/network/PlainText.h"
+#include "tools/network/StoreError.h"
+#include "tools/network/StoreStatement.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/EnginePlan.h"
 #include "tools/zntopo/FilterDocument.h"
@@ -44,7 +46,9 @@ std::vector<FilterFault> refusedFilters(const Context& context, const FilterDocu
   for (const auto& [name, filter] : document.filters()) {
     try {
       enginePlan(session.connection(), statementOf(filter));
-    } catch (const ToolError& error) {
+    } catch (const StoreError& error) {
+      // Of a store that takes nothing any more no filter is at fault: that ends the check.
+      selectTexts(session.connection(), "select 1", 1, {});
       FilterFault fault = document.faultOf(name);
       fault.message = "Filter " + name + ": " + onOneLine(error.what());
       faults.push_back(std::move(fault));
@@ -79,8 +83,8 @@ void checkFilters(const Context& context, const CheckOptions& options, Answer& a
 constinit const Command kFilterCheckCommand = {
     .name = "filter check",
     .about =
-        "Tell all that is wrong with a document of filters, a line each with file, line and "
-        "column.\n"
+        "Tell what is wrong with a document of filters, a line each with file, line and column.\n"
+        "That is all that is not valid, or else the first fault that keeps it from being read.\n"
         "If the call or TV_TOPO_STORE names a store, its engine has to take each filter, too.",
     .examples =
         "  zntopo filter check site-filters.xml\n"

@@ -19,8 +19,25 @@ namespace zntopo::tools {
 
 namespace {
 
-std::string defaultFile() {
-  return _TVBuildPath("%TV_ETC_PATH%\\conf", "qrmrz/topology/filter/TopoFilters.xml");
+/// A file of the configuration.
+std::string configured(const std::string& name) {
+  return _TVBuildPath("%TV_ETC_PATH%\\conf", "qrmrz/topology/filter/" + name);
+}
+
+std::string defaultFile() { return configured("TopoFilters.xml"); }
+
+/// A fault of the configuration, which is no fault of any document.
+std::optional<FilterFault> missingFile(const std::string& document) {
+  for (const char* const name : {"TopoFilters.xml", "TopoFilter.xsd", "Filter2IFilter.xsl"}) {
+    const std::string file = configured(name);
+    const bool isNeeded = document == defaultFile() || file != defaultFile();
+    if (!isNeeded || std::filesystem::exists(file)) continue;
+    return FilterFault{.file = file,
+                       .message =
+                           "The file is missing. TV_ETC_PATH names the folder in which it has to "
+                           "be: docs/filter-configuration.md tells more."};
+  }
+  return std::nullopt;
 }
 
 /// Takes a number and the text before it from the end of a line: ", line 12".
@@ -79,6 +96,19 @@ std::string withoutHeading(const std::string& text) {
   return text;
 }
 
+/// What a stylesheet says as it refuses a document, without what its processor puts around it.
+std::string withoutProcessor(std::string text) {
+  constexpr std::string_view heading = "ElemMessageTerminateExpression: ";
+  const std::size_t at = text.find(heading);
+  if (at == std::string::npos) return text;
+  text.erase(0, at + heading.size());
+  return text.substr(0, text.rfind(" (Occurred in entity "));
+}
+
+std::filesystem::path plainPath(const std::string& file) {
+  return std::filesystem::absolute(file).lexically_normal();
+}
+
 /// Hears what a document says of each filter: its elements below the root.
 class DefinitionReader : public XmlHandler {
  public:
@@ -133,19 +163,22 @@ void FilterDocument::readDefinitions() {
 }
 
 void FilterDocument::addFaults(const TvXplMsg::MessageList_t& messages) {
+  if (const auto missing = missingFile(file_)) {
+    faults_ = {*missing};
+    return;
+  }
   // The first message tells what is wrong, and others quote the document.
   const std::string& text = messages.GetMessage(0).GetText();
   faults_ = diagnosticsOf(text);
-  const std::filesystem::path absolute = std::filesystem::absolute(file_).lexically_normal();
   for (FilterFault& fault : faults_) {
-    if (fault.file == absolute) fault.file = file_;
+    if (plainPath(fault.file) == plainPath(file_)) fault.file = file_;
   }
   if (!faults_.empty()) return;
   const auto culprit = std::find_if(definitions_.begin(), definitions_.end(),
                                     [&](const auto& one) { return isAbout(text, one.first); });
   FilterFault fault =
       culprit == definitions_.end() ? FilterFault{.file = file_} : faultOf(culprit->first);
-  fault.message = onOneLine(withoutHeading(text));
+  fault.message = withoutProcessor(onOneLine(withoutHeading(text)));
   faults_.push_back(std::move(fault));
 }
 
@@ -174,7 +207,7 @@ void FilterDocument::require() const {
   }
   if (faults_.size() > most) {
     text += "\nand " + std::to_string(faults_.size() - most) +
-            " more, which \"zntopo filter check " + printable(file_) + "\" lists";
+            " more, which \"zntopo filter check " + shellWord(file_) + "\" lists";
   }
   throw Failure(status_, text);
 }
@@ -185,10 +218,12 @@ const TopoFilt& FilterDocument::find(const std::string& name) const {
   std::vector<std::string> names;
   for (const auto& [one, filter] : filters()) names.push_back(one);
   const std::string near = nearest(name, names);
-  throw Failure(ZN_API_XML_FILTER_NAME_NOT_FOUND_ERROR,
-                "There is no filter \"" + printable(name) + "\" in " + printable(file_) + "." +
-                    (near.empty() ? " \"zntopo filter list\" lists those that there are."
-                                  : " Did you mean \"" + near + "\"?"));
+  const std::string option = file_ == defaultFile() ? "" : " --file " + shellWord(file_);
+  throw Failure(
+      ZN_API_XML_FILTER_NAME_NOT_FOUND_ERROR,
+      "There is no filter \"" + printable(name) + "\" in " + printable(file_) + "." +
+          (near.empty() ? " \"zntopo filter list" + option + "\" lists those that there are."
+                        : " Did you mean \"" + near + "\"?"));
 }
 
 std::string FilterDocument::description(const std::string& name) const {

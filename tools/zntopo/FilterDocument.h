@@ -34,12 +34,14 @@ std::string statementOf(const TopoFilt& filter);
 /// A document of filters, as the library reads it: one document, whatever was read before.
 class FilterDocument {
  public:
-  /// Reads a file; the default file of the configuration for an empty name.
+  /// Reads a file; the default file of the configuration for an empty name. What is wrong with the
+  /// document is in status() and faults(). Throws an ImportError if the file of a document that the
+  /// library has read can't be read again for the places of its filters.
   explicit FilterDocument(const std::string& file);
 
   /// As the user has it, or the path of the default file.
   const std::string& file() const { return file_; }
-  /// A failed reading, with the message of the library, and what it found.
+  /// ZN_API_SUCCESS, or why the document could not be read; faults() then tells what is wrong.
   ZNTopoStatus status() const { return status_; }
   const std::vector<FilterFault>& faults() const { return faults_; }
   /// Throws a Failure for a failed reading, with the first faults.

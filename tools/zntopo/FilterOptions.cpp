@@ -2,6 +2,7 @@
 
 #include "tools/zntopo/FilterDocument.h"
 #include "tools/zntopo/FilterKind.h"
+#include "tools/zntopo/Spelling.h"
 
 namespace zntopo::tools {
 
@@ -47,9 +48,11 @@ Identifiers runFilter(Session& session, const FilterOptions& options, EntityType
   const TopoFilt& filter = document.find(options.name);
   const FilterKind* const kind = filterKindOf(filter.getObjType());
   if (kind && kind->type != type) {
+    const std::string file = options.file.empty() ? "" : " --file " + shellWord(options.file);
     throw Failure(ZN_API_XML_FILTER_OBJECT_TYPE_MISMATCH_ERROR,
                   "The filter \"" + options.name + "\" selects " + kind->list + ": \"zntopo " +
-                      kind->list + " --filter " + options.name + "\" lists them.");
+                      kind->list + " --filter " + shellWord(options.name) + file +
+                      "\" lists them.");
   }
   return document.run(session, filter);
 }

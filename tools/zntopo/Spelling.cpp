@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "tools/network/PlainText.h"
+
 namespace zntopo::tools {
 
 namespace {
@@ -36,6 +38,14 @@ std::string nearest(const std::string& word, const std::vector<std::string>& nam
     }
   }
   return result;
+}
+
+std::string shellWord(const std::string& text) {
+  constexpr const char* special = " \t\n\"'\\$`!*?[](){}<>|&;#~";
+  if (!text.empty() && text.find_first_of(special) == std::string::npos) return printable(text);
+  std::string quoted = "'";
+  for (const char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string{c};
+  return printable(quoted + "'");
 }
 
 }  // namespace zntopo::tools

@@ -9,4 +9,8 @@ namespace zntopo::tools {
 /// out, if it is near at all. Empty if none is.
 std::string nearest(const std::string& word, const std::vector<std::string>& names);
 
+/// A text as one word for a shell, for commands that a message tells: in single quotes if it needs
+/// them, and fit for a terminal.
+std::string shellWord(const std::string& text);
+
 }  // namespace zntopo::tools

@@ -110,6 +110,11 @@ TEST_P(CliFiltersTest, EachDefaultFilterRunsAndGivesWhatTheListsOfItsKindGive) {
     Json answer = answerOf({"filter", "run", name});
     EXPECT_EQ(answer["type"], type);
     EXPECT_EQ(answer[list], answerOf({list, "--filter", name})[list]) << name;
+    std::set<std::string> ids;
+    for (const auto& row : select(answerOf({"filter", "explain", name})["sql"], 1)) {
+      ids.insert(row.front());
+    }
+    EXPECT_THAT(each(answer[list], "id"), UnorderedElementsAreArray(ids)) << name;
     found += answer[list].size();
     for (const char* one : {"nodes", "interfaces", "addresses"}) {
       EXPECT_TRUE(one == list || answer[one].empty()) << name;
@@ -138,11 +143,16 @@ TEST_P(CliFiltersTest, RunListsNodesInterfacesAndAddressesAsTheirCommandsDo) {
 TEST_P(CliFiltersTest, InterfacesOfAFilterTellTheirNode) {
   const Json list = answerOf({"interfaces", "--filter", "uplinks", "--file", file_});
   EXPECT_EQ(list["node"], nullptr);
-  const Json own = answerOf({"interfaces", "core-1"})["interfaces"];
-  for (const Json& interface : list["interfaces"]) {
-    if (interface["node"] != "core-1") continue;
-    EXPECT_NE(std::find(own.begin(), own.end(), interface), own.end()) << interface;
+  std::vector<std::vector<std::string>> ends;
+  for (const Json& one : list["interfaces"]) {
+    ends.push_back({one["node"], one["node_id"], one["id"], one["if_name"]});
   }
+  const auto expected = select(
+      "select n.EntityName, n.ObjId, i.ObjId, i.IfName from nwinterface i, nwnode n "
+      "where i.NodeObjID = n.ObjId and i.IfName = 'Te1/0/1'",
+      4);
+  EXPECT_GT(expected.size(), 1u);
+  EXPECT_THAT(ends, UnorderedElementsAreArray(expected));
   const CliResult text = zntopoRun({"interfaces", "--filter", "uplinks", "--file", file_});
   EXPECT_THAT(text.out, StartsWith("NODE "));
   EXPECT_THAT(zntopoRun({"interfaces", "core-1"}).out, StartsWith("INTERFACE "));
@@ -182,11 +192,56 @@ TEST_P(CliFiltersTest, AnUnknownFilterBringsOneOfANameLikeIt) {
               HasSubstr("\"zntopo filter list\" lists those that there are."));
 }
 
+TEST_P(CliFiltersTest, CommandsThatMessagesTellNameTheDocument) {
+  std::filesystem::path other = file_;
+  other.replace_filename("other site's.xml");
+  std::filesystem::copy(file_, other);
+  std::string word = other.string();
+  word = "'" + word.replace(word.find('\''), 1, "'\\''") + "'";
+  EXPECT_THAT(zntopoRun({"filter", "run", "x'; --", "--file", other}).err,
+              HasSubstr("\"zntopo filter list --file " + word + "\" lists those"));
+  EXPECT_THAT(zntopoRun({"nodes", "--filter", "printer", "--file", other}).err,
+              HasSubstr("\"zntopo addresses --filter printer --file " + word + "\" lists them."));
+}
+
+TEST_P(CliFiltersTest, AFilterOfAddressesOfSubnetsHoldsTogetherWithOtherConditions) {
+  const std::string file = write(
+      "subnets.xml",
+      document(assertion("address", "subs",
+                         "<attribute><isSubnet><boolean>true</boolean></isSubnet></attribute>")));
+  const auto idsOf = [&](Call options) {
+    options.insert(options.begin(), {"addresses", "--filter", "subs", "--file", file});
+    return each(answerOf(options)["addresses"], "id");
+  };
+  const std::string all = "select AddressId from address where isSubnet = 1";
+  EXPECT_THAT(idsOf({}), UnorderedElementsAreArray(stored(all)));
+  EXPECT_THAT(idsOf({"--ip-level", "4"}),
+              UnorderedElementsAreArray(stored(all + " and IPLevel = 4")));
+  EXPECT_THAT(idsOf({"--type", "ipv6"}),
+              UnorderedElementsAreArray(stored(all + " and AddressType = 2")));
+  EXPECT_THAT(idsOf({"--scope", "global"}),
+              UnorderedElementsAreArray(stored(all + " and V6ScopeType = 3")));
+  EXPECT_THAT(
+      idsOf({"--prefix", "10.20.8.0/22"}),
+      UnorderedElementsAreArray(stored(
+          all + " and V4Address in ('10.20.8.0', '10.20.9.0', '10.20.10.0', '10.20.11.0')")));
+  EXPECT_THAT(idsOf({"--address", "*.8.0"}),
+              UnorderedElementsAreArray(stored(all + " and V4Address like '%.8.0'")));
+  EXPECT_THAT(idsOf({"core-1"}), IsEmpty());
+  for (const Json& one : answerOf({"addresses", "--filter", "subs", "--file", file})["addresses"]) {
+    for (const char* owner : {"node", "node_id", "interface", "interface_id"}) {
+      EXPECT_EQ(one[owner], nullptr) << one;
+    }
+    EXPECT_NE(one["subnet_id"], nullptr) << one;
+  }
+}
+
 TEST_P(CliFiltersTest, AFilterOfAnotherKindNamesTheListThatFits) {
   const CliResult result = zntopoRun({"nodes", "--filter", "uplinks", "--file", file_, "--json"});
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.json()["status"]["name"], "ZN_API_XML_FILTER_OBJECT_TYPE_MISMATCH_ERROR");
-  EXPECT_THAT(result.err, HasSubstr("\"zntopo interfaces --filter uplinks\""));
+  EXPECT_THAT(result.err,
+              HasSubstr("\"zntopo interfaces --filter uplinks --file " + file_ + "\" lists"));
 }
 
 TEST_P(CliFiltersTest, ExplainShowsTheFormTheStatementAndThePlan) {
@@ -202,6 +257,24 @@ TEST_P(CliFiltersTest, ExplainShowsTheFormTheStatementAndThePlan) {
   EXPECT_THAT(zntopoRun({"filter", "explain", "backbone", "--file", file_}).out,
               HasSubstr(GetParam() == Engine::Postgres ? "\nPlan of PostgreSQL:\n"
                                                        : "\nPlan of SQLite:\n"));
+}
+
+TEST_P(CliFiltersTest, ALongLineOfAPlanEndsWhereItWasCut) {
+  std::string tests;
+  for (int i = 0; i < 300; ++i) tests += test("name", "a rather long name " + std::to_string(i));
+  const std::string file = write("long.xml", document("<nodeAssertion name=\"long\"><operator "
+                                                      "oper=\"OR\">" +
+                                                      tests + "</operator></nodeAssertion>"));
+  const Json plan = answerOf({"filter", "explain", "long", "--file", file})["plan"];
+  ASSERT_THAT(plan, Not(IsEmpty()));
+  std::size_t cut = 0;
+  for (const Json& line : plan) {
+    const std::string text = line;
+    EXPECT_EQ(text.size() > 4000, text.ends_with("...")) << text;
+    if (text.ends_with("...")) ++cut;
+  }
+  // SQLite tells no conditions.
+  EXPECT_EQ(cut > 0, GetParam() == Engine::Postgres) << plan;
 }
 
 TEST_P(CliFiltersTest, ExplainShowsTheStatementThatRunsForAddresses) {
@@ -325,6 +398,22 @@ TEST_F(CliFilterCheckTest, EachErrorOfAValidationHasItsPlace) {
             static_cast<std::ptrdiff_t>(errors.size() + 1));
 }
 
+TEST_F(CliFilterCheckTest, ErrorsNameTheFileAsTheCallDoes) {
+  write("<filters>\n <oops");
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::create_directory(scratch_.folder() / "sub");
+  std::filesystem::current_path(scratch_.folder());
+  for (const char* const name :
+       {"broken.xml", "./broken.xml", "sub/../broken.xml", ".//broken.xml"}) {
+    const std::string file = name;
+    const CliResult result = zntopoRun({"filter", "check", file, "--json"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(each(result.json()["errors"], "file"), testing::Each(file));
+    EXPECT_THAT(zntopoRun({"filter", "check", file}).out, StartsWith(file + ":2:"));
+  }
+  std::filesystem::current_path(before);
+}
+
 TEST_F(CliFilterCheckTest, WhatIsNoXmlIsToldWithItsPlace) {
   const Json errors = errorsOf("<filters>\n <oops", "ZN_API_XML_FILTER_VALIDATION_ERROR");
   EXPECT_EQ(errors[0]["line"], 2);
@@ -338,13 +427,34 @@ TEST_F(CliFilterCheckTest, AFileThatIsNotThereIsToldToBeSo) {
   EXPECT_EQ(result.json()["errors"][0]["line"], nullptr);
 }
 
+TEST_F(CliFilterCheckTest, AMissingFileOfTheConfigurationIsNamedWithItsVariable) {
+  const std::string file = write(kFilters);
+  const std::string folder = scratch_.path("etc");
+  const std::string place = folder + "/conf/qrmrz/topology/filter/";
+  const std::vector<std::string> environment = {"TV_ETC_PATH=" + folder};
+  const auto missing = [&](const Call& call) { return zntopoRun(call, environment).err; };
+  const std::string advice =
+      ": The file is missing. TV_ETC_PATH names the folder in which it has to be: "
+      "docs/filter-configuration.md tells more.";
+  EXPECT_THAT(missing({"filter", "list"}), HasSubstr(place + "TopoFilters.xml" + advice));
+  std::filesystem::create_directories(place);
+  std::filesystem::copy(file, place + "TopoFilters.xml");
+  EXPECT_THAT(missing({"filter", "list"}), HasSubstr(place + "TopoFilter.xsd" + advice));
+  EXPECT_THAT(missing({"filter", "list", "--file", file}),
+              HasSubstr(place + "TopoFilter.xsd" + advice));
+  std::filesystem::copy(ZNTOPO_SOURCE_DIR "/data/filter/TopoFilter.xsd", place);
+  EXPECT_THAT(missing({"filter", "list"}), HasSubstr(place + "Filter2IFilter.xsl" + advice));
+  std::filesystem::copy(ZNTOPO_SOURCE_DIR "/data/filter/Filter2IFilter.xsl", place);
+  EXPECT_EQ(zntopoRun({"filter", "list"}, environment).status, 0);
+}
+
 TEST_F(CliFilterCheckTest, WhatTheStylesheetRefusesIsToldAtItsFilter) {
   const Json errors =
       errorsOf(document(assertion("node", "good", test("name", "x")) +
                         assertion("node", "two", test("name", "x") + test("name", "y"))),
                "ZN_API_XML_FILTER_TRANSFORMATION_ERROR");
   ASSERT_EQ(errors.size(), 1u);
-  EXPECT_THAT(std::string(errors[0]["message"]), HasSubstr("takes exactly one test"));
+  EXPECT_EQ(errors[0]["message"], "Filter two: the operator NOOP takes exactly one test.");
   EXPECT_EQ(errors[0]["line"], 3);
 }
 
