@@ -42,9 +42,7 @@ void addOptions(CLI::App& command, NodesOptions& options) {
                       CLI::detail::join(kCapabilities, ", "))
       ->type_name("CAPABILITY")
       ->take_all()
-      ->check(CLI::IsMember(std::vector<std::string>(kCapabilities.begin(), kCapabilities.end()),
-                            CLI::ignore_case)
-                  .description(""));
+      ->transform(isOneOf(std::vector<std::string>(kCapabilities.begin(), kCapabilities.end())));
   command
       .add_option("--address", options.address,
                   "Only nodes with this address, for their management or on an interface")
