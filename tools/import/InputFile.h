@@ -26,7 +26,7 @@ struct InputFile {
 };
 
 /// The most bytes that a file may have.
-constexpr std::size_t kInputFileLimit = 256u * 1024 * 1024;
+constexpr std::size_t kInputFileLimit = std::size_t{256} * 1024 * 1024;
 
 /// Reads a file. Throws ImportError for one that can't be read, is a folder, or is too large.
 InputFile loadInputFile(const std::string& path, std::size_t limit = kInputFileLimit);

@@ -120,7 +120,7 @@ std::string conditionsOf(const AddressesOptions& options) {
 /// Those that the filter selects and that meet the other options. The library asks for addresses
 /// of interfaces alone, and a filter may select those of subnets.
 Identifiers ofFilter(Session& session, const AddressesOptions& options) {
-  const Identifiers selected = runFilter(session, options.filter, E_Address);
+  Identifiers selected = runFilter(session, options.filter, E_Address);
   const std::string conditions = conditionsOf(options);
   if (conditions.empty()) return selected;
   Identifiers fitting;
