@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "tests/notify/NotifySupport.h"
+#include "tests/notify/TracedTexts.h"
 #include "tests/support/FreePort.h"
 #include "zntopo/notify/detail/OwningStatusNotification.h"
 #include "zntopo/platform/tvutil/TvUtil.h"
@@ -220,18 +221,6 @@ TEST(SessionManagementNotificationTest, NeverTravels) {
     EXPECT_EQ(notification.getStatus().getStatus(), ZN_API_NO_PATH);
     EXPECT_EQ(notification.getNotifSubType(), SHUTDOWN);
   });
-}
-
-/// The texts of a trace without what stands before them: time, process, thread, name, place.
-std::vector<std::string> tracedTexts(const std::string& trace, int category) {
-  std::vector<std::string> texts;
-  const std::string mark = " QRMRZTopology " + std::to_string(category) + " ../";
-  for (const std::string& line : linesOf(trace)) {
-    const std::size_t at = line.find(mark);
-    if (at == std::string::npos) continue;
-    texts.push_back(line.substr(line.find(' ', at + mark.size()) + 1));
-  }
-  return texts;
 }
 
 TEST(EventTraceTest, TellsTheStepsOfASend) {

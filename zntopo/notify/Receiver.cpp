@@ -60,9 +60,14 @@ void applyAttribute(const TopologyAttrChangeNotification& change, ZNTopoAPIStatu
                                           change.getAddrId(), status);
 }
 
-void freePdu(SNMPPdu* pdu) {
-  const SessionGuard hold;
-  TVsnmpFreePdu(pdu);
+/// Tells of an end that nobody foresaw, as far as there is memory for it: who waits for the next
+/// event would wait for ever.
+void reportEnd(const std::exception& failure) {
+  try {
+    MCLog::log(MC_CRITICAL, "The receipt of events ends: %s\n", failure.what());
+    reportLoss(ZN_API_NOTIFCHANNEL_RECV_ERROR);
+  } catch (const std::exception&) {
+  }
 }
 
 }  // namespace
@@ -98,11 +103,16 @@ Receiver::~Receiver() {
   if (descriptor_ >= 0) close(descriptor_);
 }
 
+void Receiver::FreePdu::operator()(SNMPPdu* pdu) const {
+  const SessionGuard hold;
+  TVsnmpFreePdu(pdu);
+}
+
 void Receiver::run() {
   try {
     receive();
   } catch (const std::exception& failure) {
-    MCLog::log(MC_CRITICAL, "The receipt of events ends: %s\n", failure.what());
+    reportEnd(failure);
   }
   const SessionGuard hold;
   channel_->close();
@@ -114,10 +124,10 @@ void Receiver::receive() {
     const Wait waited = wait();
     if (waited == Wait::Again) continue;
     if (waited == Wait::Failed) return reportLoss(ZN_API_NOTIFCHANNEL_DISCONNECTED);
-    SNMPPdu* pdu = nullptr;
+    Pdu pdu;
     if (!take(pdu)) continue;
-    if (pdu == nullptr) return reportLoss(ZN_API_NOTIFCHANNEL_RECV_ERROR);
-    deliver(pdu);
+    if (!pdu) return reportLoss(ZN_API_NOTIFCHANNEL_RECV_ERROR);
+    deliver(*pdu);
   }
 }
 
@@ -126,24 +136,22 @@ Receiver::Wait Receiver::wait() const {
   return errno == EINTR ? Wait::Again : Wait::Failed;
 }
 
-bool Receiver::take(SNMPPdu*& pdu) const {
+bool Receiver::take(Pdu& pdu) const {
   const SessionGuard hold;
   // Another thread on the same session may have been faster: who waits under the guard shuts all
-  // senders out.
-  if (pollFor(descriptor_, 0) == 0) return false;
-  pdu = channel_->use([](SNMPSession* session) { return TVsnmpRecv(session); });
-  if (pdu == nullptr) traceFailedReceipt();
+  // senders out. A signal ends even a look that does not wait, and tells of no event.
+  if (pollFor(descriptor_, 0) <= 0) return false;
+  pdu.reset(channel_->use([](SNMPSession* session) { return TVsnmpRecv(session); }));
+  if (!pdu) traceFailedReceipt();
   return true;
 }
 
-void Receiver::deliver(SNMPPdu* pdu) {
-  const auto notification = TopologyNotificationFactory::createNotification(pdu);
-  if (!notification.isNull()) {
-    // The cache first: who reacts to an event finds the change there.
-    applyToCache(*notification, status_);
-    clientQueue().queue(notification);
-  }
-  freePdu(pdu);
+void Receiver::deliver(SNMPPdu& pdu) {
+  const auto notification = TopologyNotificationFactory::createNotification(&pdu);
+  if (notification.isNull()) return;
+  // The cache first: who reacts to an event finds the change there.
+  applyToCache(*notification, status_);
+  clientQueue().queue(notification);
 }
 
 }  // namespace zntopo::detail

@@ -28,16 +28,19 @@ class ThreadAttributes {
  public:
   explicit ThreadAttributes(std::size_t stackSize) {
     pthread_attr_init(&attributes_);
-    pthread_attr_setstacksize(&attributes_, stackSize);
+    result_ = pthread_attr_setstacksize(&attributes_, stackSize);
   }
   ~ThreadAttributes() { pthread_attr_destroy(&attributes_); }
   ThreadAttributes(const ThreadAttributes&) = delete;
   ThreadAttributes& operator=(const ThreadAttributes&) = delete;
 
   const pthread_attr_t* get() const { return &attributes_; }
+  /// Not 0 on a system whose threads can't have a stack of that size: they would get a larger one.
+  int result() const { return result_; }
 
  private:
   pthread_attr_t attributes_;
+  int result_ = 0;
 };
 
 void traceThreadFailure(const char* call, int result) {
@@ -46,9 +49,27 @@ void traceThreadFailure(const char* call, int result) {
   detail::traceLine(detail::kTraceEventFailure, text);
 }
 
+bool startThread(pthread_t& thread, void* (*body)(void*), void* argument) {
+  const ThreadAttributes attributes(detail::Receiver::kStackSize);
+  if (attributes.result() != 0) {
+    traceThreadFailure("pthread_attr_setstacksize", attributes.result());
+    return false;
+  }
+  detail::traceLine(detail::kTraceEvent, "Creating a thread using pthread_create");
+  const int result = pthread_create(&thread, attributes.get(), body, argument);
+  if (result != 0) traceThreadFailure("pthread_create", result);
+  return result == 0;
+}
+
 ZNTopoAPIStatus failed(ZNTopoStatus code) {
   ZNTopoAPIStatus status;
   status.setStatus(code);
+  return status;
+}
+
+ZNTopoAPIStatus failed(ZNTopoStatus code, const char* text) {
+  ZNTopoAPIStatus status;
+  detail::setFailure(status, code, text);
   return status;
 }
 
@@ -70,18 +91,12 @@ ZNTopoAPIStatus TopologySession::createBlockingRecvThrd() {
   if (!theStatus.isOK()) return theStatus;
   auto receiver = std::make_unique<detail::Receiver>(channel_);
   if (!receiver->isReady()) {
-    ZNTopoAPIStatus status;
-    detail::setFailure(status, ZN_API_NOTIFCHANNEL_DISCONNECTED, "The session is closed");
-    return status;
+    return getSession() == nullptr
+               ? failed(ZN_API_NOTIFCHANNEL_DISCONNECTED, "The session is closed")
+               : failed(ZN_API_THREAD_CREATE_FAILED, "The process has no file descriptor left");
   }
-  const ThreadAttributes attributes(detail::Receiver::kStackSize);
-  detail::traceLine(detail::kTraceEvent, "Creating a thread using pthread_create");
   pthread_t thread{};
-  const int created = pthread_create(&thread, attributes.get(), dispatchTo, receiver.get());
-  if (created != 0) {
-    traceThreadFailure("pthread_create", created);
-    return failed(ZN_API_THREAD_CREATE_FAILED);
-  }
+  if (!startThread(thread, dispatchTo, receiver.get())) return failed(ZN_API_THREAD_CREATE_FAILED);
   [[maybe_unused]] auto* const taken = receiver.release();
   const int detached = pthread_detach(thread);
   if (detached == 0) return {};

@@ -41,7 +41,8 @@ class ZNTOPO_EXPORT TopologySession : public TvSnmpObject {
   /// Starts a thread that receives until the session ends: it changes the cache, then queues each
   /// notification for the client. Its stack has 64 KB.
   ///
-  /// ZN_API_THREAD_CREATE_FAILED without a thread; ZN_API_THREAD_DETACH_FAILED with one that runs;
+  /// ZN_API_THREAD_CREATE_FAILED without a thread, for the system has no more or none with so small
+  /// a stack; ZN_API_THREAD_DETACH_FAILED with one that runs;
   /// the session's own status, and no thread, if it could not be opened;
   /// ZN_API_NOTIFCHANNEL_DISCONNECTED, and no thread, if it is closed.
   ZNTopoAPIStatus createBlockingRecvThrd();

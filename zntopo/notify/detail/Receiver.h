@@ -36,18 +36,23 @@ class Receiver {
 
   /// False if the session is closed, or the system has no descriptor left.
   bool isReady() const { return descriptor_ >= 0; }
-  /// The thread's body: receives until the session ends, tells the client of that, and closes the
-  /// session.
+  /// The thread's body: receives until the session ends or something throws, tells the client of
+  /// that, and closes the session.
   void run();
 
  private:
   enum class Wait { Event, Again, Failed };
+  /// Takes the guard of the event sessions.
+  struct FreePdu {
+    void operator()(SNMPPdu* pdu) const;
+  };
+  using Pdu = std::unique_ptr<SNMPPdu, FreePdu>;
 
   void receive();
   Wait wait() const;
-  /// False if another thread took the event.
-  bool take(SNMPPdu*& pdu) const;
-  void deliver(SNMPPdu* pdu);
+  /// False if there is no event any more: another thread took it.
+  bool take(Pdu& pdu) const;
+  void deliver(SNMPPdu& pdu);
 
   const std::shared_ptr<EventChannel> channel_;
   /// This thread's own, so that it stays what it is while the session is closed.
