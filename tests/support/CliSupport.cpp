@@ -163,6 +163,12 @@ std::string failureOf(std::vector<std::string> call) {
   return result.json()["status"]["name"];
 }
 
+std::vector<std::string> each(const nlohmann::json& list, const std::string& name) {
+  std::vector<std::string> result;
+  for (const nlohmann::json& one : list) result.push_back(one.at(name));
+  return result;
+}
+
 std::vector<std::string> subcommands() {
   std::vector<std::string> names;
   for (const std::string& name : listedIn({"--help"})) {
@@ -225,6 +231,13 @@ std::vector<std::vector<std::string>> CliTest::select(
   const TvDbil::DbSource_t source(messages, store_);
   TvDbil::DbConnection_t connection(messages, &source);
   return tools::selectTexts(connection, sql, columns, parameters);
+}
+
+std::vector<std::string> CliTest::stored(const std::string& sql) const {
+  std::vector<std::string> result;
+  for (const auto& row : select(sql, 1)) result.push_back(row.front());
+  EXPECT_FALSE(result.empty()) << sql;
+  return result;
 }
 
 void CliSampleTest::SetUp() {

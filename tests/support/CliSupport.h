@@ -38,6 +38,9 @@ nlohmann::json answerOf(std::vector<std::string> call);
 /// The name of the status that a call tells in JSON; it must fail.
 std::string failureOf(std::vector<std::string> call);
 
+/// A text of each object of a list in JSON.
+std::vector<std::string> each(const nlohmann::json& list, const std::string& name);
+
 /// The names of the subcommands, as the help lists them, those of a group with its name: "filter
 /// list".
 std::vector<std::string> subcommands();
@@ -63,6 +66,8 @@ class CliTest : public testing::TestWithParam<Engine> {
   std::vector<std::vector<std::string>> select(
       const std::string& sql, std::size_t columns,
       const std::vector<std::string>& parameters = {}) const;
+  /// The first column of a statement, which has to give something.
+  std::vector<std::string> stored(const std::string& sql) const;
 
  private:
   std::optional<TestEngine> engine_;

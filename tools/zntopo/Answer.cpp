@@ -61,17 +61,19 @@ bool AnswerStream::write(const std::string& text) {
   return true;
 }
 
+CLI::Validator isNotEmpty(const std::string& what) {
+  return {
+      [what](const std::string& text) { return text.empty() ? "the " + what + " is empty" : ""; },
+      ""};
+}
+
 void addStoreOption(CLI::App& command, Context& context) {
   command
       .add_option("--store", context.store,
                   "The store: a SQLite file or an ODBC connection string "
                   "(otherwise TV_TOPO_STORE names it)")
       ->type_name("STORE")
-      ->check(CLI::Validator(
-          [](const std::string& store) {
-            return store.empty() ? "the name of the store is empty" : "";
-          },
-          ""));
+      ->check(isNotEmpty("name of the store"));
 }
 
 void addJsonOption(CLI::App& command, Context& context) {

@@ -65,6 +65,8 @@ struct Answer {
   ZNTopoAPIStatus status;
 };
 
+/// Refuses an empty text: "the name of the file is empty" for "name of the file".
+CLI::Validator isNotEmpty(const std::string& what);
 /// Add the options --store and --json.
 void addStoreOption(CLI::App& command, Context& context);
 void addJsonOption(CLI::App& command, Context& context);

@@ -19,11 +19,7 @@ struct CheckOptions {
 void addOptions(CLI::App& command, CheckOptions& options) {
   command.add_option("FILE", options.file, "The document of filters")
       ->required()
-      ->check(CLI::Validator(
-          [](const std::string& file) {
-            return file.empty() ? "the name of the file is empty" : "";
-          },
-          ""));
+      ->check(isNotEmpty("name of the file"));
 }
 
 bool isStoreNamed(const Context& context) {

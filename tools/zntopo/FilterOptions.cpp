@@ -6,16 +6,6 @@
 
 namespace zntopo::tools {
 
-namespace {
-
-CLI::Validator isNotEmpty(const std::string& what) {
-  return {
-      [what](const std::string& text) { return text.empty() ? "the " + what + " is empty" : ""; },
-      ""};
-}
-
-}  // namespace
-
 CLI::Option* addFilterFileOption(CLI::App& command, std::string& file) {
   return command
       .add_option("--file", file, "The document of filters (otherwise the default filters)")

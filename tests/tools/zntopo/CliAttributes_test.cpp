@@ -19,13 +19,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAreArray;
 
-/// A member of each object of a list.
-std::vector<std::string> each(const Json& list, const char* name) {
-  std::vector<std::string> result;
-  for (const Json& one : list) result.push_back(one[name]);
-  return result;
-}
-
 class CliAttributesTest : public CliSampleTest {
  protected:
   static std::vector<std::string> nodes(Call options) {
@@ -37,13 +30,6 @@ class CliAttributesTest : public CliSampleTest {
     return each(answerOf(options)["addresses"], "id");
   }
 
-  /// The first column of a statement.
-  std::vector<std::string> stored(const std::string& sql) const {
-    std::vector<std::string> result;
-    for (const auto& row : select(sql, 1)) result.push_back(row.front());
-    EXPECT_THAT(result, testing::Not(IsEmpty())) << sql;
-    return result;
-  }
   /// Changes rows of the store.
   void change(const std::string& sql) const {
     TvXplMsg::MessageList_t messages;

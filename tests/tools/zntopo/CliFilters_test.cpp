@@ -52,12 +52,6 @@ const std::string kFilters = document(
               "</attribute>") +
     assertion("node", "nobody", test("name", "nobody's")));
 
-std::vector<std::string> each(const Json& list, const char* name) {
-  std::vector<std::string> result;
-  for (const Json& one : list) result.push_back(one[name]);
-  return result;
-}
-
 class CliFiltersTest : public CliSampleTest {
  protected:
   void SetUp() override {
@@ -68,12 +62,6 @@ class CliFiltersTest : public CliSampleTest {
 
   Json run(const std::string& name) const {
     return answerOf({"filter", "run", name, "--file", file_});
-  }
-  std::vector<std::string> stored(const std::string& sql) const {
-    std::vector<std::string> result;
-    for (const auto& row : select(sql, 1)) result.push_back(row.front());
-    EXPECT_THAT(result, Not(IsEmpty())) << sql;
-    return result;
   }
 
   std::string file_;
