@@ -20,8 +20,6 @@ function(zntopo_test name)
   target_link_libraries(${name}_test PRIVATE zntopo_test_support GTest::gmock GTest::gtest_main ${TEST_LIBRARIES})
   # A test is compiled more often than its speed matters; the floors keep their optimisation.
   target_compile_options(${name}_test PRIVATE $<$<CONFIG:Release>:-O0>)
-  target_compile_definitions(${name}_test PRIVATE
-    ZNTOPO_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZNTOPO_BUILD_DIR="${PROJECT_BINARY_DIR}")
   # The limit ends what hangs: it leaves room for sanitizers on a busy machine.
   gtest_discover_tests(${name}_test DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 1200 LABELS ${name})
 endfunction()

@@ -3,6 +3,7 @@
 #include "tests/support/ApiFixture.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FilterConfiguration.h"
+#include "tests/support/Places.h"
 
 namespace zntopo::test {
 namespace {
@@ -39,7 +40,7 @@ class NodesByRXNameTest : public ApiTest {
     EXPECT_EQ(status.getAuxMsg(), text + "\n");
   }
 
-  const FilterConfiguration configuration{"etc", ZNTOPO_SOURCE_DIR "/data/filter"};
+  const FilterConfiguration configuration{"etc", inSourceTree("data/filter")};
 };
 ZNTOPO_ON_ENGINES(NodesByRXNameTest, kMainEngines);
 

@@ -5,6 +5,7 @@
 
 #include "tests/support/ApiFixture.h"
 #include "tests/support/AttributeFilters.h"
+#include "tests/support/Places.h"
 #include "tests/support/Statements.h"
 #include "zntopo/api/detail/AttributeFilterSql.h"
 #include "zntopo/api/detail/GroupSql.h"
@@ -64,8 +65,7 @@ TEST_P(PreparedStatementsTest, AnEmptyListIsTakenOrRefusedAsTheEngineHasIt) {
 std::vector<std::string> statementFunctions() {
   std::vector<std::string> names;
   const std::regex declaration("std::string (\\w+)\\(");
-  for (const auto& entry :
-       std::filesystem::recursive_directory_iterator(ZNTOPO_SOURCE_DIR "/zntopo")) {
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(inSourceTree("zntopo"))) {
     const std::string file = entry.path().filename().string();
     if (file.size() < 5 || file.compare(file.size() - 5, 5, "Sql.h") != 0) continue;
     const std::string text = contentOf(entry.path());
@@ -78,7 +78,7 @@ std::vector<std::string> statementFunctions() {
 }
 
 TEST(EveryStatementTest, EveryFunctionThatMakesOneIsAmongThem) {
-  const std::string list = contentOf(ZNTOPO_SOURCE_DIR "/tests/support/Statements.cpp");
+  const std::string list = contentOf(inSourceTree("tests/support/Statements.cpp"));
   const std::vector<std::string> functions = statementFunctions();
   EXPECT_GT(functions.size(), 30U);
   for (const std::string& function : functions) {

@@ -10,6 +10,7 @@
 #include <thread>
 #include <vector>
 
+#include "tests/support/Places.h"
 #include "tests/support/Scratch.h"
 #include "zntopo/core/detail/CatalogueFiles.h"
 #include "zntopo/platform/tv/MsgCatalogue.h"
@@ -23,7 +24,7 @@ using zntopo::test::setEnv;
 
 namespace {
 
-const std::string kData = ZNTOPO_BUILD_DIR "/data";
+const std::string kData = zntopo::test::inBuildTree("data");
 const char* const kGerman29 = "Es wurde kein Layer-2-Pfad gefunden";
 
 bool isOpen() { return ___zorb_topoMsg_fd__() != reinterpret_cast<nl_catd>(-1); }

@@ -1,4 +1,5 @@
 #include "zntopo/core/detail/MessageTexts.h"
+#include "tests/support/Places.h"
 
 #include <gtest/gtest.h>
 #include <nl_types.h>
@@ -31,7 +32,8 @@ Texts textsOfTheTable() {
 
 // Every text of a built catalogue, in whatever set and number.
 std::map<int, Texts> textsOfTheCatalogue(const std::string& language) {
-  const std::string file = ZNTOPO_BUILD_DIR "/data/messages/" + language + "/zorb_topo.cat";
+  const std::string file =
+      zntopo::test::inBuildTree("data/messages/") + language + "/zorb_topo.cat";
   const nl_catd catalogue = catopen(file.c_str(), 0);
   EXPECT_NE(catalogue, reinterpret_cast<nl_catd>(-1)) << file;
   std::map<int, Texts> texts;

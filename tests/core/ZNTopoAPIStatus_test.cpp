@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/core/LogTest.h"
+#include "tests/support/Places.h"
 
 using namespace zntopo;
 using testing::ElementsAre;
@@ -80,7 +81,7 @@ TEST_F(ZNTopoAPIStatusTest, CodesWithoutATextOfTheirOwnAreUnknown) {
 }
 
 TEST_F(ZNTopoAPIStatusTest, TheMessageIsInTheLanguageOfTheEnvironment) {
-  setEnv("NLSPATH", ZNTOPO_BUILD_DIR "/data/messages/%l/%N.cat");
+  setEnv("NLSPATH", test::inBuildTree("data/messages/%l/%N.cat"));
   setEnv("LANG", "de_DE.UTF-8");
   EXPECT_EQ(ZNTopoAPIStatus(ZN_API_NO_PATH, "").getStatusMsg(),
             "Es wurde kein Layer-2-Pfad gefunden");
@@ -93,6 +94,6 @@ TEST_F(ZNTopoAPIStatusTest, TheMessageIsInTheLanguageOfTheEnvironment) {
 }
 
 TEST_F(ZNTopoAPIStatusTest, TheMessageIsTheDefaultWithoutALanguage) {
-  setEnv("NLSPATH", ZNTOPO_BUILD_DIR "/data/messages/de/%N.cat");
+  setEnv("NLSPATH", test::inBuildTree("data/messages/de/%N.cat"));
   EXPECT_EQ(ZNTopoAPIStatus(ZN_API_NO_PATH, "").getStatusMsg(), "No layer 2 path is found");
 }

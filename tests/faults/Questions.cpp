@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "tests/faults/QuestionRows.h"
+#include "tests/support/Places.h"
 
 namespace zntopo::test {
 
@@ -44,7 +45,7 @@ Answered askCold(const Question& question) {
 void Healthy::learn() {
   // The questions first: some parse filters of a configuration of their own, once.
   const std::vector<Question>& all = questions();
-  language_.emplace("etc", ZNTOPO_SOURCE_DIR "/data/filter");
+  language_.emplace("etc", inSourceTree("data/filter"));
   StatementSpy spy;
   for (const Question& question : all) {
     spy.clear();

@@ -1,4 +1,5 @@
 #include "tests/faults/Schema.h"
+#include "tests/support/Places.h"
 
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -36,7 +37,7 @@ std::string creation(const TableOf& table) {
 
 const std::vector<TableOf>& describedTables() {
   static const auto* const tables = [] {
-    std::ifstream file(ZNTOPO_SOURCE_DIR "/data/schema/tables.json");
+    std::ifstream file(inSourceTree("data/schema/tables.json"));
     const json description = json::parse(file);
     auto* const result = new std::vector<TableOf>;
     for (const json& one : description.at("tables")) {

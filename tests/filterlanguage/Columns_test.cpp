@@ -10,6 +10,7 @@
 #include "tests/filterlanguage/LanguageTest.h"
 #include "tests/filterlanguage/MarkdownPage.h"
 #include "tests/filterlanguage/XmlTree.h"
+#include "tests/support/Places.h"
 
 /// @file
 /// Holds the tables of docs/filters.md, the schema of the language, its stylesheet and the schema
@@ -38,7 +39,7 @@ const Kind kKinds[] = {
 class ColumnsTest : public testing::TestWithParam<Kind> {
  protected:
   static std::vector<std::vector<std::string>> documented() {
-    return MarkdownPage(ZNTOPO_SOURCE_DIR "/docs/filters.md").table(GetParam().heading);
+    return MarkdownPage(inSourceTree("docs/filters.md")).table(GetParam().heading);
   }
 };
 
@@ -126,7 +127,7 @@ TEST_P(ColumnsTest, EachColumnOfTheTableCanBeTested) {
       if (c == ',') tested.insert(std::exchange(name, ""));
     }
   }
-  std::ifstream file(ZNTOPO_SOURCE_DIR "/data/schema/tables.json");
+  std::ifstream file(inSourceTree("data/schema/tables.json"));
   const nlohmann::json description = nlohmann::json::parse(file);
   std::size_t count = 0;
   // A text stands for a list of columns that several tables have.

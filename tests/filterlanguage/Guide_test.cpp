@@ -4,6 +4,7 @@
 #include "tests/filterlanguage/LanguageTest.h"
 #include "tests/filterlanguage/MarkdownPage.h"
 #include "tests/filterlanguage/XmlTree.h"
+#include "tests/support/Places.h"
 
 /// @file
 /// Holds the examples of docs/filters.md to what they say.
@@ -44,7 +45,7 @@ class GuideTest : public LanguageTest {
     return names;
   }
 
-  const MarkdownPage page_{ZNTOPO_SOURCE_DIR "/docs/filters.md"};
+  const MarkdownPage page_{inSourceTree("docs/filters.md")};
 };
 
 ZNTOPO_ON_ENGINES(GuideTest, kMainEngines);
@@ -134,7 +135,7 @@ TEST_P(GuideTest, EachExampleSelectsWhatThePageSays) {
 
 TEST(Guide, ListsTheStatesOfTheSchemaWithTheirNumbers) {
   const XmlTree schema = readXml(contentOf(languageFile("TopoFilter.xsd")));
-  const MarkdownPage page(ZNTOPO_SOURCE_DIR "/docs/filters.md");
+  const MarkdownPage page(inSourceTree("docs/filters.md"));
   std::map<std::string, std::string> types;
   schema.walk([&](const XmlTree& each, const std::vector<const XmlTree*>&) {
     if (each.name == "element") types[each.attribute("name")] = each.attribute("type");
@@ -189,7 +190,7 @@ std::vector<std::string> kindsWith(const MarkdownPage& page, const std::string& 
 }
 
 TEST(Guide, EachStateBecomesTheNumberThatThePageLists) {
-  const MarkdownPage page(ZNTOPO_SOURCE_DIR "/docs/filters.md");
+  const MarkdownPage page(inSourceTree("docs/filters.md"));
   std::string filters;
   std::map<std::string, std::string> numbers;
   for (const std::vector<std::string>& row : page.table("### States")) {

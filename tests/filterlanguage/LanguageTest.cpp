@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "tests/filterlanguage/XmlTree.h"
+#include "tests/support/Places.h"
 #include "tools/network/StoreStatement.h"
 #include "zntopo/filter/XMLUtil.h"
 
@@ -26,7 +27,7 @@ std::string assertion(const std::string& kind, const std::string& name, const st
 FilterConfig::FilterConfig() {
   const fs::path folder = scratch_.folder() / kFolder;
   fs::create_directories(folder);
-  for (const fs::directory_entry& file : fs::directory_iterator(ZNTOPO_SOURCE_DIR "/data/filter")) {
+  for (const fs::directory_entry& file : fs::directory_iterator(inSourceTree("data/filter"))) {
     if (file.path().filename() != "CMakeLists.txt") {
       fs::copy_file(file.path(), folder / file.path().filename());
     }
@@ -42,9 +43,7 @@ void FilterConfig::write(const std::string& name, const std::string& text) const
   scratch_.write(path.string(), text);
 }
 
-std::string languageFile(const std::string& name) {
-  return std::string(ZNTOPO_SOURCE_DIR "/data/filter/") + name;
-}
+std::string languageFile(const std::string& name) { return inSourceTree("data/filter/") + name; }
 
 std::string document(const std::string& filters) {
   return std::string("<filters xmlns=\"") + kNamespace + "\">" + filters + "</filters>";

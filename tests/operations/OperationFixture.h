@@ -3,6 +3,7 @@
 #include "tests/operations/Operations.h"
 #include "tests/support/CachePeer.h"
 #include "tests/support/FilterConfiguration.h"
+#include "tests/support/Places.h"
 #include "tests/support/RecordedPauses.h"
 
 namespace zntopo::test {
@@ -31,7 +32,7 @@ class OperationTest : public ApiTest {
     impl.validate(status);
   }
 
-  const FilterConfiguration filters{"etc", ZNTOPO_SOURCE_DIR "/data/filter"};
+  const FilterConfiguration filters{"etc", inSourceTree("data/filter")};
   ZNTopoAPI api;
   const RecordedPauses pauses;
 };

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "tests/operations/OperationFixture.h"
+#include "tests/support/Places.h"
 #include "zntopo/platform/tvdbil/StatementCount.h"
 
 namespace zntopo::test {
@@ -164,7 +165,7 @@ TEST(StatementGrowthTest, NoCostGrowsWithMoreThanItsRowNames) {
 }
 
 TEST(StatementGrowthTest, TheExceptionsAreTheOnesThatRowsNameAndThatTheDocumentationExplains) {
-  std::ifstream file(ZNTOPO_SOURCE_DIR "/docs/statements.md");
+  std::ifstream file(inSourceTree("docs/statements.md"));
   std::string page{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   for (const Operation& operation : allOperations()) {
     EXPECT_EQ(isException(operation), operation.growth == Growth::Exceptional) << operation.name;

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "tests/support/Places.h"
 #include "tests/support/TestEngine.h"
 
 namespace zntopo::test {
@@ -14,7 +15,7 @@ namespace {
 using testing::HasSubstr;
 
 std::string fileText(const std::string& name) {
-  return contentOf(ZNTOPO_SOURCE_DIR "/data/schema/" + name);
+  return contentOf(inSourceTree("data/schema/") + name);
 }
 
 TEST(SchemaScriptTest, TheLibraryCarriesTheScriptsOfTheDataFolder) {

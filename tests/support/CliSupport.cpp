@@ -12,6 +12,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "tests/support/Places.h"
 #include "tests/support/StoreDump.h"
 #include "tools/network/StoreStatement.h"
 
@@ -89,7 +90,7 @@ bool becomeNobody() {
 /// Starts zntopo with its output and its errors in two files.
 pid_t start(const std::vector<std::string>& arguments, const std::vector<std::string>& environment,
             const std::string& out, const std::string& err, User user = User::Self) {
-  std::vector<std::string> all = {ZNTOPO_CLI};
+  std::vector<std::string> all = {inBuildTree("tools/zntopo")};
   all.insert(all.end(), arguments.begin(), arguments.end());
   const std::vector<std::string> variables = environmentWith(environment);
   const std::vector<char*> words = pointers(all);
@@ -98,7 +99,7 @@ pid_t start(const std::vector<std::string>& arguments, const std::vector<std::st
   if (child < 0) throw std::runtime_error("zntopo can't be started");
   if (child > 0) return child;
   // Opened before, since nobody may not come as far as the file.
-  const int command = open(ZNTOPO_CLI, O_RDONLY | O_CLOEXEC);
+  const int command = open(inBuildTree("tools/zntopo").c_str(), O_RDONLY | O_CLOEXEC);
   dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
   dup2(outputFile(out), STDOUT_FILENO);
   dup2(outputFile(err), STDERR_FILENO);
@@ -198,9 +199,7 @@ CliResult zntopoRunOnTerminal(const std::vector<std::string>& arguments) {
   return result;
 }
 
-std::string samplePath(const std::string& name) {
-  return std::string(ZNTOPO_SOURCE_DIR) + "/data/networks/" + name;
-}
+std::string samplePath(const std::string& name) { return inSourceTree("data/networks/") + name; }
 
 void CliTest::SetUp() {
   ZNTOPO_NEED_ENGINE(GetParam());

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "tests/support/Places.h"
 #include "tests/support/Scratch.h"
 
 /// @file
@@ -33,9 +34,9 @@ class FilterConfiguration {
  public:
   /// @param etc the name of the directory that TV_ETC_PATH names
   /// @param source where its files come from
-  explicit FilterConfiguration(const std::string& etc = "etc",
-                               const std::filesystem::path& source = ZNTOPO_SOURCE_DIR
-                               "/tests/filter/config")
+  explicit FilterConfiguration(
+      const std::string& etc = "etc",
+      const std::filesystem::path& source = inSourceTree("tests/filter/config"))
       : folder_(scratch_.folder() / etc / "conf/qrmrz/topology/filter") {
     std::filesystem::create_directories(folder_);
     for (const auto& file : std::filesystem::directory_iterator(source)) {

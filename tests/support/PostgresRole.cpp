@@ -9,6 +9,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "tests/support/Places.h"
 #include "tests/support/TestEngine.h"
 
 namespace zntopo::test {
@@ -55,7 +56,7 @@ std::string uniqueLogin() {
 
 void makePostgresRoles(const std::string& store) {
   std::string told;
-  if (!psql(store, "-f", ZNTOPO_SOURCE_DIR "/data/schema/postgresql-roles.sql", told)) {
+  if (!psql(store, "-f", inSourceTree("data/schema/postgresql-roles.sql"), told)) {
     throw std::runtime_error("the roles: " + told);
   }
 }

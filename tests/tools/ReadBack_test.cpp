@@ -5,6 +5,7 @@
 #include <set>
 
 #include "tests/support/ConnectedStore.h"
+#include "tests/support/Places.h"
 #include "tests/tools/GroupLines.h"
 #include "tools/generate/GenerateCampus.h"
 #include "tools/generate/SiteBuilder.h"
@@ -30,7 +31,7 @@ NetworkModel readFile(const std::string& path) {
 }
 
 NetworkModel readSample(const std::string& name) {
-  return readFile(std::string(ZNTOPO_SOURCE_DIR) + "/data/networks/" + name);
+  return readFile(test::inSourceTree("data/networks/") + name);
 }
 
 /// All lines that begin with a word.

@@ -9,6 +9,7 @@
 #include <map>
 
 #include "tests/platform/tvdbil/EngineFixture.h"
+#include "tests/support/Places.h"
 #include "tests/support/PostgresServer.h"
 
 namespace zntopo::test {
@@ -91,8 +92,7 @@ TEST_F(WireTest, TheKeepAliveTimesOfTheConnectionStringAreThoseOfTheSocket) {
       ";Username=zntopo;Database=postgres;";
   const std::string options =
       "pqopt={keepalives_idle=30 keepalives_interval=5 keepalives_count=3 tcp_user_timeout=30000};";
-  EXPECT_NE(contentOf(ZNTOPO_SOURCE_DIR "/docs/stores.md").find("`" + options + "`"),
-            std::string::npos);
+  EXPECT_NE(contentOf(inSourceTree("docs/stores.md")).find("`" + options + "`"), std::string::npos);
   MessageList_t messages;
   const DbSource_t source(messages, store + options);
   const DbConnection_t connection(messages, &source);

@@ -7,6 +7,7 @@
 #include <regex>
 #include <sstream>
 
+#include "tests/support/Places.h"
 #include "tests/tools/import/Rfc8345Text.h"
 #include "tools/import/Rfc8345Keys.h"
 #include "tools/network/NetworkFields.h"
@@ -476,7 +477,7 @@ TEST(Rfc8345ExtensionTest, ErrorsSayWhere) {
 // The table of fields and the YANG module.
 
 std::string yangModule() {
-  std::ifstream stream(ZNTOPO_SOURCE_DIR "/data/yang/zntopo-topology.yang");
+  std::ifstream stream(test::inSourceTree("data/yang/zntopo-topology.yang"));
   std::ostringstream text;
   text << stream.rdbuf();
   return text.str();

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "tests/support/CliSupport.h"
+#include "tests/support/Places.h"
 
 /// @file
 /// How the command reads its words: no store is needed.
@@ -118,7 +119,7 @@ TEST(CliCallTest, HelpShowsExamplesOnStandardOutput) {
 }
 
 TEST(CliCallTest, ACallThatIsFoundInThePathFindsItsDataToo) {
-  const std::string folder = std::filesystem::path(ZNTOPO_CLI).parent_path().string();
+  const std::string folder = inBuildTree("tools");
   const std::string call =
       "cd / && env -u TV_DATA_PATH -u TV_ETC_PATH PATH='" + folder + "' zntopo filter list";
   FILE* const pipe = popen(call.c_str(), "r");

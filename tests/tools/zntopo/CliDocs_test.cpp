@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "tests/support/CliSupport.h"
+#include "tests/support/Places.h"
 
 /// @file
 /// Holds docs/tools.md against the command: the subcommands, the examples, the members of JSON.
@@ -37,7 +38,7 @@ std::vector<std::string> trimmedLinesOf(const std::string& text) {
 }
 
 std::vector<std::string> documentation() {
-  return trimmedLinesOf(contentOf(ZNTOPO_SOURCE_DIR "/docs/tools.md"));
+  return trimmedLinesOf(contentOf(inSourceTree("docs/tools.md")));
 }
 
 /// Words as a shell splits them, with double quotes.
@@ -149,7 +150,7 @@ class CliDocsTest : public testing::Test {
   void SetUp() override {
     before_ = std::filesystem::current_path();
     std::filesystem::current_path(scratch_.folder());
-    std::filesystem::create_directory_symlink(ZNTOPO_SOURCE_DIR "/data", "data");
+    std::filesystem::create_directory_symlink(inSourceTree("data"), "data");
     std::ofstream("broken.json") << R"({"ietf-network:networks": {"network": [{"network-id": "n",
         "node": [{"node-id": "a"}, {"node-id": "b"}, {"node-id": "c"}, {"node-id": ""}]}]}})";
     const std::string filters = xmlOf(documentation());

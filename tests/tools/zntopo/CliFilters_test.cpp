@@ -6,6 +6,7 @@
 #include <set>
 
 #include "tests/support/CliSupport.h"
+#include "tests/support/Places.h"
 
 /// @file
 /// Topology filters from the command line: with documents of the tests' own, and the default ones.
@@ -293,7 +294,7 @@ TEST_P(CliFiltersTest, CheckOfAGoodDocumentAsksTheEngineForEachFilter) {
 std::vector<std::string> badConfiguration(const Scratch& scratch) {
   const auto folder = scratch.folder() / "conf/qrmrz/topology/filter";
   std::filesystem::create_directories(folder);
-  std::filesystem::copy(ZNTOPO_SOURCE_DIR "/data/filter/TopoFilter.xsd", folder);
+  std::filesystem::copy(inSourceTree("data/filter/TopoFilter.xsd"), folder);
   std::ofstream(folder / "Filter2IFilter.xsl")
       << "<xsl:stylesheet version=\"1.0\" xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\""
          " xmlns:f=\""
@@ -430,9 +431,9 @@ TEST_F(CliFilterCheckTest, AMissingFileOfTheConfigurationIsNamedWithItsVariable)
   EXPECT_THAT(missing({"filter", "list"}), HasSubstr(place + "TopoFilter.xsd" + advice));
   EXPECT_THAT(missing({"filter", "list", "--file", file}),
               HasSubstr(place + "TopoFilter.xsd" + advice));
-  std::filesystem::copy(ZNTOPO_SOURCE_DIR "/data/filter/TopoFilter.xsd", place);
+  std::filesystem::copy(inSourceTree("data/filter/TopoFilter.xsd"), place);
   EXPECT_THAT(missing({"filter", "list"}), HasSubstr(place + "Filter2IFilter.xsl" + advice));
-  std::filesystem::copy(ZNTOPO_SOURCE_DIR "/data/filter/Filter2IFilter.xsl", place);
+  std::filesystem::copy(inSourceTree("data/filter/Filter2IFilter.xsl"), place);
   EXPECT_EQ(zntopoRun({"filter", "list"}, environment).status, 0);
 }
 

@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "tests/support/CliSupport.h"
+#include "tests/support/Places.h"
 #include "zntopo/platform/tvdbil/TvDbil.h"
 
 namespace zntopo::test {
@@ -101,7 +102,7 @@ TEST(CliStoreTest, APasswordIsNotShown) {
 }
 
 TEST(CliStoreTest, AFileThatIsNoStoreIsNotSentToInit) {
-  const CliResult result = zntopoRun({"nodes", "--store", ZNTOPO_SOURCE_DIR "/README.md"});
+  const CliResult result = zntopoRun({"nodes", "--store", inSourceTree("README.md")});
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.err, HasSubstr("file is not a database"));
   EXPECT_THAT(result.err, testing::Not(HasSubstr("zntopo init")));
