@@ -22,26 +22,28 @@ inline bool isStoreFailure(ZNTopoStatus status) {
          status == ZN_API_SQL_START_TRANSACTION_ERROR;
 }
 
-/// The network in a store of its own, which no other test shares.
-class FaultTest : public testing::TestWithParam<Engine> {
- protected:
-  void SetUp() override { setUpWith(0); }
+/// A store with the little network that can be taken away, until the end of this object.
+class FallibleStore {
+ public:
+  FallibleStore() = default;
+  FallibleStore(Engine engine, int moreNodes) { make(engine, moreNodes); }
+  ~FallibleStore() { end(); }
+  FallibleStore(const FallibleStore&) = delete;
+  FallibleStore& operator=(const FallibleStore&) = delete;
 
-  void setUpWith(int moreNodes) {
-    ZNTOPO_NEED_ENGINE(GetParam());
-    if (GetParam() == Engine::Postgres) {
+  void make(Engine engine, int moreNodes) {
+    if (engine == Engine::Postgres) {
       server_.emplace();
       server_->setEnvironment();
     } else {
       disk_.emplace();
     }
-    store_.emplace(GetParam());
+    store_.emplace(engine);
     fillLittleNetwork(*store_, moreNodes);
     ZNTopoAPI::setTopoConfiguration(ZNTopoConfig());
-    healthy_.learn();
   }
 
-  void TearDown() override {
+  void end() {
     if (store_) bringBack();
     store_.reset();
     server_.reset();
@@ -53,6 +55,37 @@ class FaultTest : public testing::TestWithParam<Engine> {
   }
 
   void bringBack() { server_ ? server_->start() : disk_->repair(); }
+
+  /// The test's own connection is not one that heals.
+  void bringBackWithNewConnection() {
+    bringBack();
+    store_->disconnect();
+  }
+
+  /// The servers of tests acknowledge what is not on the disk yet; this one does so no more, on
+  /// connections from now on.
+  void keepWhatIsAcknowledged() {
+    if (store_->isPostgres()) store_->execute("alter role zntopo set synchronous_commit = on");
+    ZNDBTestAccess::forget();
+  }
+
+  std::optional<PostgresServer> server_;
+  std::optional<FaultyDisk> disk_;
+  std::optional<TestStore> store_;
+};
+
+/// The network in a store of its own, which no other test shares.
+class FaultTest : public testing::TestWithParam<Engine>, protected FallibleStore {
+ protected:
+  void SetUp() override { setUpWith(0); }
+
+  void setUpWith(int moreNodes) {
+    ZNTOPO_NEED_ENGINE(GetParam());
+    make(GetParam(), moreNodes);
+    healthy_.learn();
+  }
+
+  void TearDown() override { end(); }
 
   /// Everything is answered as before, and nobody holds a connection.
   void expectRecovery(const std::string& after) {
@@ -88,9 +121,6 @@ class FaultTest : public testing::TestWithParam<Engine> {
     EXPECT_TRUE(ZNDBTestAccess::isUnlocked()) << after;
   }
 
-  std::optional<PostgresServer> server_;
-  std::optional<FaultyDisk> disk_;
-  std::optional<TestStore> store_;
   Healthy healthy_;
 };
 

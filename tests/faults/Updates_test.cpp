@@ -21,12 +21,6 @@ class UpdateFaultsTest : public FaultTest {
     return update.written(*store_, kID, ActiveDB);
   }
 
-  /// The test's own connection is not one that heals.
-  void bringBackWithNewConnection() {
-    bringBack();
-    store_->disconnect();
-  }
-
   /// Each is carried out.
   void expectUpdates(const std::string& when) {
     for (const StoreUpdate& update : storeUpdates()) {
@@ -57,9 +51,7 @@ TEST_P(UpdateFaultsTest, EachUpdateFailsWhileTheStoreIsAwayAndWorksAfterwards) {
 }
 
 TEST_P(UpdateFaultsTest, WhatWasAcknowledgedOutlivesACrash) {
-  // The servers of tests acknowledge what is not on the disk yet.
-  if (store_->isPostgres()) store_->execute("alter role zntopo set synchronous_commit = on");
-  ZNDBTestAccess::forget();
+  keepWhatIsAcknowledged();
   expectUpdates("before the crash");
   takeAway(Stop::Crash);
   bringBackWithNewConnection();

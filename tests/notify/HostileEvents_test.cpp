@@ -69,10 +69,9 @@ TEST_P(HostileEventsTest, VariablesOfAnotherTypeCountAsMissing) {
   inFreshProcess([mode = GetParam()] {
     Carrier carrier(mode);
     Consumer consumer;
-    const Outcome outcome = received(
-        consumer, 60001102,
-        {number(1), number(2), number(3), text("1"), text("5"), text("0"), text("3"), number(4),
-         number(5), text("6")});
+    const Outcome outcome = received(consumer, 60001102,
+                                     {number(1), number(2), number(3), text("1"), text("5"),
+                                      text("0"), text("3"), number(4), number(5), text("6")});
     EXPECT_EQ(outcome.notification, "attribute 0");
     EXPECT_THAT(outcome.calls, ElementsAre("updateCacheObjectAttribute(NULL, 0, 0, 0, NULL)"));
   });
@@ -89,8 +88,8 @@ TEST_P(HostileEventsTest, AnOversizedTextIsCut) {
                                     {text(""), text(std::string(59000, 'x')), text("marlo"),
                                      text("0"), number(1), number(5), number(1), number(5)});
     EXPECT_EQ(status.notification, "status Normal to Major");
-    EXPECT_THAT(status.calls, ElementsAre("updateCacheObjectStatus(" + std::string(2047, 'x') +
-                                          ", 1, 5, 0, 5)"));
+    EXPECT_THAT(status.calls,
+                ElementsAre("updateCacheObjectStatus(" + std::string(2047, 'x') + ", 1, 5, 0, 5)"));
   });
 }
 
@@ -103,9 +102,9 @@ TEST_P(HostileEventsTest, AThreadInWhichSomethingThrowsTellsTheConsumerThatItEnd
     FakeCacheOwner::instance().onCall([] { throw std::bad_alloc(); });
     ASSERT_EQ(consumer.send(attributeChange(2)), ZN_API_SUCCESS);
     EXPECT_EQ(consumer.next(), "error 45");
-    EXPECT_TRUE(eventually(
-        [&] { return consumer.send(attributeChange(3)) == ZN_API_ATTR_NOTIF_GEN_ERROR; }))
-        << "the session is closed, as behind any error";
+    EXPECT_TRUE(eventually([&] {
+      return consumer.send(attributeChange(3)) == ZN_API_ATTR_NOTIF_GEN_ERROR;
+    })) << "the session is closed, as behind any error";
   });
 }
 

@@ -41,10 +41,9 @@ TEST(NoMemoryTest, WithoutMemoryForTheFactoryThereIsNoneAndThePlatformIsTold) {
     EXPECT_THAT(tracedTexts(scratch.read("trace"), 4),
                 testing::ElementsAre("Could not create TopoNotificationClientFactory in "
                                      "TopoNotificationClientFactory::instance"));
-    EXPECT_THAT(
-        linesOf(scratch.read("log")),
-        testing::ElementsAre(EndsWith("Memory Allocation for TopoNotificationClientFactory "
-                                      "Failed")));
+    EXPECT_THAT(linesOf(scratch.read("log")),
+                testing::ElementsAre(EndsWith("Memory Allocation for TopoNotificationClientFactory "
+                                              "Failed")));
   });
 }
 

@@ -45,11 +45,11 @@ TEST(ReceivingTraceTest, TellsTheStepsOfEachKindOfEvent) {
     for (const unsigned event : {60001101U, 60001102U, 60001103U}) {
       ASSERT_EQ(tvsnmp::sendEvent(sender.get(), {event, {}}), EventError::None);
     }
-    ASSERT_EQ(tvsnmp::sendEvent(sender.get(), {60001104,
-                                               {text("topology"), text("marlo"), number(1),
-                                                number(2), number(10), number(20), number(5),
-                                                number(1)}}),
-              EventError::None);
+    ASSERT_EQ(
+        tvsnmp::sendEvent(sender.get(), {60001104,
+                                         {text("topology"), text("marlo"), number(1), number(2),
+                                          number(10), number(20), number(5), number(1)}}),
+        EventError::None);
     for (int i = 0; i < 4; ++i) consumer.next();
     EXPECT_THAT(
         receivingLines(scratch.read("trace")),

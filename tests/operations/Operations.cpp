@@ -44,9 +44,9 @@ void PrintTo(const Cost& cost, std::ostream* stream) {
 
 std::vector<Operation> allOperations() {
   std::vector<Operation> all;
-  for (const auto family :
-       {nodeOperations(), interfaceOperations(), addressOperations(), groupOperations(),
-        filterOperations(), objectOperations(), connectivityOperations(), updateOperations()}) {
+  for (const auto family : {nodeOperations(), interfaceOperations(), addressOperations(),
+                            groupOperations(), filterOperations(), objectOperations(),
+                            connectivityOperations(), updateOperations(), setterOperations()}) {
     all.insert(all.end(), family.begin(), family.end());
   }
   return all;

@@ -90,6 +90,7 @@ std::span<const Operation> filterOperations();
 std::span<const Operation> objectOperations();
 std::span<const Operation> connectivityOperations();
 std::span<const Operation> updateOperations();
+std::span<const Operation> setterOperations();
 std::vector<Operation> allOperations();
 
 /// An operation whose cost grows faster than its batches and hops. There is no other place for
