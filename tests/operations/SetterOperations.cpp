@@ -11,7 +11,7 @@ namespace {
 Answer done(const ZNTopoAPIStatus& status) { return {status.getStatus(), {}}; }
 
 /// One of two values, the other one than the last time: some setters write what is new alone.
-/// Neither is what the network begins with.
+/// Neither is what the network begins with, nor what other operations set.
 template <typename Value>
 Value other(Value first, Value second) {
   static std::atomic<unsigned> count{0};
@@ -63,7 +63,7 @@ constexpr Formula kTwoStatements = [](const Size&) { return kStatement * 2; };
 constexpr Operation kOperations[] = {
     {"ZNNode::setOverallStatus",
      [](const Desk& desk) {
-       const auto status = other(ObjectStatus::Major, ObjectStatus::Critical);
+       const auto status = other(ObjectStatus::Warning, ObjectStatus::Marginal);
        return done(leafOf(desk)->setOverallStatus(status, 5000, true, ActiveDB));
      },
      kNone, Growth::None,
