@@ -14,6 +14,7 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/zntopo/
   PATTERN "platform" EXCLUDE
   PATTERN "store" EXCLUDE
   PATTERN "connectivity" EXCLUDE
+  PATTERN "bridge" EXCLUDE
   PATTERN "TopoFilt*.h" EXCLUDE
   PATTERN "TrimUnneededWhiteSpace.h" EXCLUDE
   PATTERN "XMLParseHandler.h" EXCLUDE

@@ -1,0 +1,153 @@
+package com.corvane.tv.zntopology;
+
+import static com.corvane.tv.zntopology.Sample.NATIVES;
+import static com.corvane.tv.zntopology.Sample.assertOK;
+import static com.corvane.tv.zntopology.Sample.assertStatus;
+import static org.junit.jupiter.api.Assertions.*;
+
+import java.util.ArrayList;
+import java.util.List;
+import java.util.Vector;
+import org.junit.jupiter.api.Test;
+
+class JavaCacheTest {
+  private final ZorbTopoStatus status = new ZorbTopoStatus();
+  private final ZorbTopoCache cache = new ZorbTopoCache();
+
+  @Test
+  void aNodeInTheCacheComesBackAsItWasPutThere() {
+    ObjID id = Sample.nodeID("core-1");
+    ZorbNode first = NATIVES.getNodeNativeByObjID(id, status, cache);
+    assertSame(first, cache.hasNodeID(id.getStringValue()));
+    NATIVES.updateCacheObjectStatusNative(
+        id, false, EntityType.E_NODE.toInt(), ObjectStatus.MAJOR.toInt(), 0,
+        EntityStatusType.OVERALL.toInt(), status, false);
+    assertSame(first, NATIVES.getNodeNativeByObjID(id, status, cache));
+    assertSame(first, NATIVES.getNativeNodeByName("core-1", status, cache));
+    assertNotEquals(ObjectStatus.MAJOR, first.getOverallStatus());
+    assertEquals(
+        ObjectStatus.MAJOR, NATIVES.getNodeNativeByObjID(id, status, null).getOverallStatus());
+  }
+
+  @Test
+  void withoutACacheEachObjectIsMadeAnew() {
+    ObjID id = Sample.nodeID("core-1");
+    assertNotSame(
+        NATIVES.getNodeNativeByObjID(id, status, null),
+        NATIVES.getNodeNativeByObjID(id, status, null));
+  }
+
+  @Test
+  void eachKindIsMadeOnce() {
+    ObjID[] interfaces = {Sample.id("select min(objid) from nwentity where entitytype = 2")};
+    ObjID address = Sample.id("select min(addressid) from address");
+    ObjID subnet = Sample.id("select min(objid) from nwentity where entitytype = 7");
+    ObjID vlan = Sample.id("select min(objid) from nwentity where entitytype = 4");
+    ObjID[] groups = {Sample.id("select min(objid) from nwentity where entitytype = 11")};
+    ObjID[] ifcs = {Sample.id("select min(objid) from nwentity where entitytype = 12")};
+    List<Object> first = new ArrayList<>();
+    for (int round = 0; round < 2; round++) {
+      List<Object> found =
+          List.of(
+              NATIVES
+                  .getInterfacesByObjIDListNative(interfaces, false, false, status, cache)
+                  .get(0),
+              NATIVES.getAddressNativeByObjID(address, status, cache),
+              NATIVES.getSubnetNativeByObjID(subnet, status, cache),
+              NATIVES.getVlanByObjIDNative(vlan, status, cache),
+              NATIVES.getHSRPsNativeByObjIDs(groups, false, status, cache).get(0),
+              NATIVES.getIfcsByObjIDListNative(ifcs, status, cache).get(0));
+      for (int i = 0; round == 1 && i < found.size(); i++) {
+        assertSame(first.get(i), found.get(i));
+      }
+      first.addAll(found);
+    }
+  }
+
+  @Test
+  void theAddressesOfAnObjectAreKeptAndTheOneThatManagesItIsNot() {
+    ObjID[] ids = {
+      Sample.id("select objid from address where v4address = '10.20.3.44'")
+    };
+    ZorbInterface anInterface =
+        NATIVES.getInterfacesByObjIDListNative(ids, false, false, status, cache).get(0);
+    Address address = anInterface.getAddresses().get(0);
+    assertSame(address, cache.hasAddressID(address.getAddressID().getStringValue()));
+    ZorbNode node = NATIVES.getNativeNodeByName("core-1", status, new ZorbTopoCache());
+    Address management = node.getNodeProperty().managementAddress();
+    assertNull(cache.hasAddressID(management.getAddressID().getStringValue()));
+  }
+
+  @Test
+  void whatACacheGivesIsTakenAsItIs() {
+    ZorbNode decoy = new ZorbNode(null);
+    ZorbTopoCache always =
+        new ZorbTopoCache() {
+          @Override
+          public ZorbNode hasNodeID(String id) {
+            return decoy;
+          }
+        };
+    Vector<ZorbNode> nodes = NATIVES.getNativeAllNodes(status, always, 0, -1);
+    assertOK(status);
+    assertEquals(24, nodes.size());
+    assertTrue(nodes.stream().allMatch(node -> node == decoy));
+  }
+
+  @Test
+  void anExceptionOfACacheReachesTheCaller() {
+    ZorbTopoCache broken =
+        new ZorbTopoCache() {
+          @Override
+          public ZorbNode hasNodeID(String id) {
+            throw new UnsupportedOperationException("probe");
+          }
+
+          @Override
+          public void addVlan(ZorbVlan vlan) {
+            throw new UnsupportedOperationException("store");
+          }
+
+          @Override
+          public Address hasAddressID(String id) {
+            throw new UnsupportedOperationException("inside");
+          }
+        };
+    assertThrown(() -> NATIVES.getNativeAllNodes(status, broken, 0, -1), "probe");
+    assertThrown(() -> NATIVES.getVlans(status, broken, -1), "store");
+    ObjID[] ids = {Sample.id("select objid from address where v4address = '10.20.3.44'")};
+    assertThrown(
+        () -> NATIVES.getInterfacesByObjIDListNative(ids, false, false, status, broken), "inside");
+    // The calls before left nothing behind.
+    assertEquals(24, NATIVES.getNativeAllNodes(status, null, 0, -1).size());
+  }
+
+  @Test
+  void anExceptionOfAListOrAFilterOrAStatusReachesTheCaller() {
+    Object[] ids = {new ObjID("nobody")};
+    assertThrows(
+        UnsupportedOperationException.class,
+        () -> NATIVES.getConnectivityNative(ids, List.of(), true, false, status, null));
+    TopoFilter filter =
+        new TopoFilter() {
+          @Override
+          public boolean isFieldIgnored(int field) {
+            throw new UnsupportedOperationException("filter");
+          }
+        };
+    assertThrown(() -> NATIVES.getNodeIDsByFilterNative(filter, null, status), "filter");
+    ZorbTopoStatus throwing =
+        new ZorbTopoStatus() {
+          @Override
+          public void setStatus(int number, String auxMsg) {
+            throw new UnsupportedOperationException("status");
+          }
+        };
+    assertThrown(() -> NATIVES.getVlans(throwing, null, -1), "status");
+  }
+
+  private static void assertThrown(org.junit.jupiter.api.function.Executable call, String message) {
+    assertEquals(
+        message, assertThrows(UnsupportedOperationException.class, call).getMessage());
+  }
+}

@@ -1,0 +1,53 @@
+#include <com_corvane_tv_zntopology_ZorbNative.h>
+
+#include "zntopo/bridge/detail/Builders.h"
+#include "zntopo/bridge/detail/NativeFrame.h"
+
+using namespace zntopo;
+using namespace zntopo::bridge;
+
+ZORB_NATIVE(jobject, getInterfacesByObjIDListNative)
+(JNIEnv* jni, jobject, jobjectArray objIDsArg, jboolean areQRMOIDArg, jboolean getAllConnected,
+ jobject statusArg, jobject theJavaCache) {
+  return runNative(jni, "getInterfacesByObjIDListNative", [&](JavaEnv& env) {
+    const Answer answer(env, statusArg, theJavaCache);
+    const auto ids = createObjIDSetNative(env, objIDsArg);
+    return listAnswer(
+        env, answer, {"getInterfacesByObjIDList"},
+        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
+          std::set<ObjID> notFound;
+          return api.getInterfacesByObjIDList(*ids, notFound, status, areQRMOIDArg != 0,
+                                              getAllConnected != 0);
+        },
+        [&](const auto& interfaces) {
+          return createInterfaceList(env, interfaces, answer.theJavaCache);
+        });
+  });
+}
+
+ZORB_NATIVE(jobject, getInterfaceIDListFromNode)
+(JNIEnv* jni, jclass, jobject ObjIDArg, jobject statusArg) {
+  return runNative(jni, "getInterfaceIDListFromNode", [&](JavaEnv& env) {
+    const ObjID id = getNativeObjID(env, ObjIDArg);
+    return singleAnswer(
+        env, {env, statusArg},
+        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) { return api.getNodeByObjID(id, status); },
+        [](JavaEnv& inner, const ZNRefPtr<ZNNode>& node, jobject) {
+          return createObjIDSet(inner, node->getInterfaceIDSet());
+        });
+  });
+}
+
+ZORB_NATIVE(jobject, parseAndGetInterfacesByTopoFilterNative)
+(JNIEnv* jni, jobject, jstring aFilterStr, jstring aFiltName, jobject statusArg,
+ jobject theJavaCache) {
+  return runNative(jni, "parseAndGetInterfacesByTopoFilterNative", [&](JavaEnv& env) {
+    const Answer answer(env, statusArg, theJavaCache);
+    return listAnswer(
+        env, answer, {"ParseAndGetInterfacesByTopoFilter"},
+        twoTexts(env, aFilterStr, aFiltName, &ZNTopoAPI::ParseAndGetInterfacesByTopoFilter),
+        [&](const auto& interfaces) {
+          return createInterfaceList(env, interfaces, answer.theJavaCache);
+        });
+  });
+}

@@ -1,0 +1,79 @@
+#include <com_corvane_tv_zntopology_ZorbNative.h>
+
+#include "zntopo/bridge/detail/Builders.h"
+#include "zntopo/bridge/detail/NativeFrame.h"
+
+using namespace zntopo;
+using namespace zntopo::bridge;
+
+ZORB_NATIVE(jobject, getNodeNativeByObjID)
+(JNIEnv* jni, jobject, jobject ObjIDArg, jobject statusArg, jobject theJavaCache) {
+  return runNative(jni, "getNodeNativeByObjID", [&](JavaEnv& env) {
+    const ObjID id = getNativeObjID(env, ObjIDArg);
+    return singleAnswer(
+        env, {env, statusArg, theJavaCache},
+        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) { return api.getNodeByObjID(id, status); },
+        createNodeNative);
+  });
+}
+
+ZORB_NATIVE(jobject, getNodeNativeByQRMObjID)
+(JNIEnv* jni, jobject, jobject QRMIDArg, jobject statusArg, jobject theJavaCache) {
+  return runNative(jni, "getNodeNativeByQRMObjID", [&](JavaEnv& env) {
+    ObjID id;
+    if (!readObjID(env, QRMIDArg, "getNodeNativeByQRMObjID", id)) return LocalRef<>();
+    return singleAnswer(
+        env, {env, statusArg, theJavaCache},
+        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) { return api.getNodeByQRMObjID(id, status); },
+        createNodeNative);
+  });
+}
+
+ZORB_NATIVE(jobject, getNativeNodeByName)
+(JNIEnv* jni, jobject, jstring aName, jobject statusArg, jobject theJavaCache) {
+  return runNative(jni, "getNativeNodeByName", [&](JavaEnv& env) {
+    const TextArgument name(env, aName);
+    return singleAnswer(
+        env, {env, statusArg, theJavaCache},
+        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
+          if (!name.isSound(status)) return ZNRefPtr<ZNNode>();
+          return api.getNodeByName(name.get(), status, kNoRD);
+        },
+        createNodeNative);
+  });
+}
+
+ZORB_NATIVE(jobject, getNativeAllNodes)
+(JNIEnv* jni, jobject, jobject statusArg, jobject theJavaCache, jint ipLevel, jint aRD) {
+  return runNative(jni, "getNativeAllNodes", [&](JavaEnv& env) {
+    const Answer answer(env, statusArg, theJavaCache);
+    return listAnswer(
+        env, answer, {"getNodesByObjIDList"},
+        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
+          std::set<ObjID> notFound;
+          return api.getNodesByObjIDList({}, notFound, status, true, false, true,
+                                         static_cast<ZNEntity::IPLevel>(ipLevel), aRD);
+        },
+        [&](const auto& nodes) { return createNodeList(env, nodes, answer.theJavaCache); });
+  });
+}
+
+ZORB_NATIVE(jobject, getNodeIDsByFilterNative)
+(JNIEnv* jni, jobject, jobject filterArg, jobject /*batchInfoArg*/, jobject statusArg) {
+  return runNative(jni, "getNodeIDsByFilterNative", [&](JavaEnv& env) {
+    return idsByFilter(env, statusArg, filterArg, "getNodeIDsByFilter",
+                       &ZNTopoAPI::getNodeIDsByFilter);
+  });
+}
+
+ZORB_NATIVE(jobject, parseAndGetNodesByTopoFilterNative)
+(JNIEnv* jni, jobject, jstring aFilterStr, jstring aFiltName, jobject statusArg,
+ jobject theJavaCache) {
+  return runNative(jni, "parseAndGetNodesByTopoFilterNative", [&](JavaEnv& env) {
+    const Answer answer(env, statusArg, theJavaCache);
+    return listAnswer(
+        env, answer, {"ParseAndGetNodesByTopoFilter"},
+        twoTexts(env, aFilterStr, aFiltName, &ZNTopoAPI::ParseAndGetNodesByTopoFilter),
+        [&](const auto& nodes) { return createNodeList(env, nodes, answer.theJavaCache); });
+  });
+}

@@ -1,0 +1,167 @@
+#pragma once
+
+#include <jni.h>
+
+#include <exception>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#include "zntopo/api/ZNTopoAPI.h"
+#include "zntopo/bridge/detail/Arguments.h"
+#include "zntopo/bridge/detail/Builders.h"
+#include "zntopo/bridge/detail/JavaEnv.h"
+#include "zntopo/core/MCLog.h"
+#include "zntopo/core/ZNTopoAPIStatus.h"
+#include "zntopo/core/detail/OperationScope.h"
+
+/// @file
+/// What all natives have in common.
+
+namespace zntopo::bridge {
+
+/// Tells a ZorbTopoStatus the number and the auxiliary text of a status. Another object, and null,
+/// is told nothing.
+void setStatus(JavaEnv& env, jobject statusArg, const ZNTopoAPIStatus& status);
+
+/// Where the Java cache is to be validated, after each call that feeds it: nothing is needed yet.
+void validateCache(JavaEnv& env, jobject theJavaCache, const ZNTopoAPIStatus& status);
+
+/// No route distinguisher.
+inline constexpr int kNoRD = -1;
+
+/// What a native was given to answer with, beside its own arguments.
+struct Answer {
+  Answer(JavaEnv& env, jobject status, jobject cache = nullptr)
+      : statusArg(status), theJavaCache(env.isA(cache, T_ZorbTopoCache) ? cache : nullptr) {}
+
+  jobject statusArg;
+  jobject theJavaCache;  ///< null for an object of another class, too
+};
+
+/// That of a text with a NUL in it.
+ZNTopoAPIStatus nulStatus();
+
+/// A text of Java as the library takes it.
+class TextArgument {
+ public:
+  TextArgument(JavaEnv& env, jstring text);
+  const std::string& get() const { return text_; }
+  /// False, and the status says so, for a text with a NUL in it.
+  bool isSound(ZNTopoAPIStatus& status) const;
+
+ private:
+  std::string text_;
+};
+
+/// Runs a native in its log scope. No exception of C++ leaves it; one of Java that is pending when
+/// it begins stays, and nothing is done.
+template <typename Body>
+auto runNative(JNIEnv* jni, const detail::TracedBlock& block, Body body) {
+  using Result = std::invoke_result_t<Body, JavaEnv&>;
+  try {
+    const detail::OperationScope scope(block);
+    JavaEnv env(jni);
+    if constexpr (std::is_void_v<Result>) {
+      if (!env.isStopped()) body(env);
+      return;
+    } else {
+      return static_cast<jobject>(env.isStopped() ? nullptr : body(env).release());
+    }
+  } catch (const std::exception& e) {
+    MCLog::log(MC_CRITICAL, "%s() ended for want of something: %s \n", block.name, e.what());
+  }
+  if constexpr (!std::is_void_v<Result>) return static_cast<jobject>(nullptr);
+}
+
+/// The Java object of the one object that fetch gives.
+template <typename Fetch, typename Create>
+LocalRef<> singleAnswer(JavaEnv& env, const Answer& answer, Fetch fetch, Create create) {
+  ZNTopoAPI api;
+  ZNTopoAPIStatus status;
+  const auto object = fetch(api, status);
+  validateCache(env, answer.theJavaCache, status);
+  setStatus(env, answer.statusArg, status);
+  if (object.isNull()) return {};
+  return create(env, object, answer.theJavaCache);
+}
+
+ZNTopoAPIStatus nullListStatus();
+
+/// How the failures of a list are told.
+struct ListCall {
+  const char* operation;       ///< what the log calls it
+  bool tellsNullList = false;  ///< whether the status tells of a null list, too
+  const char* prefix = "";     ///< of the line that the log has of a failure
+};
+void logProblem(const ListCall& call, const ZNTopoAPIStatus& status);
+
+/// The Java collection of the list that fetch gives: what create makes of it.
+template <typename Fetch, typename Create>
+LocalRef<> listAnswer(JavaEnv& env, const Answer& answer, const ListCall& call, Fetch fetch,
+                      Create create) {
+  ZNTopoAPI api;
+  ZNTopoAPIStatus status;
+  const auto list = fetch(api, status);
+  validateCache(env, answer.theJavaCache, status);
+  setStatus(env, answer.statusArg, status);
+  // Neighbours that are not all of them are a list, too.
+  if (!status.isOK() && status.getStatus() != ZN_API_INCOMPLETE_NEIGHBOR_INFO) {
+    logProblem(call, status);
+    return {};
+  }
+  if (!list) {
+    MCLog::log(MC_INFO, "Null List from C++ API \n");
+    if (call.tellsNullList) setStatus(env, answer.statusArg, nullListStatus());
+    return {};
+  }
+  return create(*list);
+}
+
+/// Gives null, with a status that refuses an empty identifier.
+LocalRef<> refuseID(JavaEnv& env, jobject statusArg, const char* text);
+
+/// The identifiers that ask gives for a Java filter.
+template <typename Ask>
+LocalRef<> filteredIDs(JavaEnv& env, jobject statusArg, jobject filterArg, const char* operation,
+                       Ask ask) {
+  ZNTopoFilter filter;
+  const bool isSound = populateFilter(env, filterArg, filter);
+  return listAnswer(
+      env, {env, statusArg}, {operation},
+      [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
+        if (isSound) return ask(api, filter, status);
+        status = nulStatus();
+        return ZNTopoAPI::OwnedIDList();
+      },
+      [&](const std::list<ObjID>& ids) { return createObjIDList(env, ids); });
+}
+
+/// The identifiers that an operation of the API gives for a Java filter, all at once.
+using FilterOperation = ZNTopoAPI::OwnedIDList (ZNTopoAPI::*)(const ZNTopoFilter&, ZNTopoAPIStatus&,
+                                                              BatchInfo*);
+inline LocalRef<> idsByFilter(JavaEnv& env, jobject statusArg, jobject filterArg,
+                              const char* operation, FilterOperation ask) {
+  return filteredIDs(env, statusArg, filterArg, operation,
+                     [&](ZNTopoAPI& api, const ZNTopoFilter& filter, ZNTopoAPIStatus& status) {
+                       return (api.*ask)(filter, status, nullptr);
+                     });
+}
+
+/// What fetches a list by an operation of the API that takes two texts.
+template <typename Owned>
+auto twoTexts(JavaEnv& env, jstring first, jstring second,
+              Owned (ZNTopoAPI::*ask)(const std::string&, const std::string&, ZNTopoAPIStatus&)) {
+  return [one = TextArgument(env, first), two = TextArgument(env, second), ask](
+             ZNTopoAPI& api, ZNTopoAPIStatus& status) {
+    if (!one.isSound(status) || !two.isSound(status)) return Owned();
+    return (api.*ask)(one.get(), two.get(), status);
+  };
+}
+
+}  // namespace zntopo::bridge
+
+/// The name under which the JVM finds a native of ZorbNative. The generated header declares each,
+/// so the compiler holds its arguments against the Java class.
+#define ZORB_NATIVE(type, name) \
+  extern "C" ZNTOPO_EXPORT type JNICALL Java_com_corvane_tv_zntopology_ZorbNative_##name

@@ -1,0 +1,134 @@
+#include <cstdlib>
+#include <cstring>
+
+#include "zntopo/bridge/detail/Builders.h"
+#include "zntopo/bridge/detail/Collection.h"
+
+namespace zntopo::bridge {
+
+LocalRef<> createID(JavaEnv& env, const ObjID& id) {
+  if (id.isNull()) return env.make<T_NullObjID>();
+  return env.make<T_ObjID>(env.text(id.getStrValue()));
+}
+
+LocalRef<> createEntityStatus(JavaEnv& env, const ObjectStatus& status) {
+  return env.make<T_ObjectStatus>(jint{status.getStatusAsInt()});
+}
+
+LocalRef<> createPingState(JavaEnv& env, PingState state) {
+  return env.make<T_PingState>(static_cast<jint>(state));
+}
+
+namespace {
+
+LocalRef<> createVarValue(JavaEnv& env, const VarValue& value) {
+  switch (value.getValType()) {
+    case VarValue::VT_Short:
+      return env.make<T_ShortValue>(jshort{value.getShortVal()});
+    case VarValue::VT_Long:
+    case VarValue::VT_LongLong:  // gives the 32-bit value, which is 0
+      return env.make<T_LongValue>(jlong{value.getLongVal()});
+    case VarValue::VT_Str:
+      return env.make<T_TextValue>(env.text(value.getStrVal()));
+    case VarValue::VT_Float:
+      return env.make<T_FloatValue>(jfloat{value.getFloatVal()});
+    case VarValue::VT_Bool:
+      return env.make<T_BoolValue>(value.getBoolVal());
+    default:
+      return {};  // capabilities and octets have no form in Java
+  }
+}
+
+}  // namespace
+
+LocalRef<> createUserDefVar(JavaEnv& env, const UserDefVar& var) {
+  const LocalRef<> value = createVarValue(env, var.getValue());
+  return env.make<T_UserDefVar>(env.text(var.getName()), value);
+}
+
+LocalRef<> createConnData(JavaEnv& env, const ZNConnData& data) {
+  const LocalRef<> srcNode = createID(env, data.getSrcNodeObjID());
+  const LocalRef<> srcInterface = createID(env, data.getSrcInterfaceObjID());
+  const LocalRef<> destNode = createID(env, data.getDestNodeObjID());
+  const LocalRef<> destInterface = createID(env, data.getDestInterfaceObjID());
+  if (data.isNodeSide()) {
+    return env.make<T_ZorbConnData>(srcNode, srcInterface, destNode, destInterface);
+  }
+  return env.make<T_ZorbConnData>(destNode, destInterface, srcNode, srcInterface);
+}
+
+LocalRef<> createConnDataList(JavaEnv& env, const std::vector<ZNRefPtr<ZNConnData>>& links) {
+  constexpr ListBuilder kList{"createConnDataList", T_Vector, "ZorbConnData"};
+  return createCollection(env, kList, links, [&](const ZNRefPtr<ZNConnData>& link) {
+    return link.isNull() ? LocalRef<>() : createConnData(env, *link);
+  });
+}
+
+LocalRef<> createList(JavaEnv& env, const std::list<ZNConnection>& connections) {
+  constexpr ListBuilder kList{"createList", T_Vector, "ZorbConnection", true};
+  return createCollection(env, kList, connections, [&](const ZNConnection& connection) {
+    return env.make<T_ZorbConnection>(createConnData(env, connection.getConnData()));
+  });
+}
+
+LocalRef<> createTopologyState(JavaEnv& env, const ZNTopologyState& state) {
+  return env.make<T_TopologyState>(static_cast<jint>(state.getTopoState()),
+                                   jlong{state.getLastTopoReadyChangeTime()});
+}
+
+LocalRef<> createCapabilities(JavaEnv& env, const std::vector<ZNCapability>& capabilities) {
+  constexpr ListBuilder kList{"createCapabilities", T_Vector, "Capability"};
+  return createCollection(env, kList, capabilities, [&](const ZNCapability& capability) {
+    return env.make<T_Capability>(env.text(capability.getCapabilityName()));
+  });
+}
+
+LocalRef<> createObjIDList(JavaEnv& env, const std::list<ObjID>& ids) {
+  constexpr ListBuilder kList{"createObjIDList", T_Vector, "ObjID"};
+  return createCollection(env, kList, ids, [&](const ObjID& id) { return createID(env, id); });
+}
+
+LocalRef<> createObjIDSet(JavaEnv& env, const std::set<ObjID>& ids) {
+  constexpr ListBuilder kList{"createObjIDSet", T_HashSet, "ObjID", true};
+  return createCollection(env, kList, ids, [&](const ObjID& id) { return createID(env, id); });
+}
+
+LocalRef<> createTextList(JavaEnv& env, const std::list<std::string>& texts) {
+  constexpr ListBuilder kList{"resolveIPv6ToDNSNative", T_ArrayList, "String"};
+  return createCollection(env, kList, texts,
+                          [&](const std::string& text) -> LocalRef<> { return env.text(text); });
+}
+
+void populateObjIDList(JavaEnv& env, const std::set<ObjID>& ids, jobject javaList) {
+  if (!env.isA(javaList, T_List)) return;
+  for (const ObjID& id : ids) {
+    MCLog::log(MC_INFO, "ID = %s\n", id.getStrValue().c_str());
+    const LocalRef<> made = createID(env, id);
+    if (made) env.add(M_ListAdd, javaList, made);
+    if (env.isStopped()) return;
+  }
+}
+
+int createNameCountArrayFromMap(const std::map<std::string, int>& map, char*** names,
+                                int** counts) {
+  *names = nullptr;
+  *counts = nullptr;
+  if (map.empty()) return 0;
+  *names = static_cast<char**>(std::malloc(map.size() * sizeof(char*)));
+  *counts = static_cast<int*>(std::malloc(map.size() * sizeof(int)));
+  int entries = 0;
+  for (const auto& [name, count] : map) {
+    (*names)[entries] = strdup(name.c_str());
+    (*counts)[entries] = count;
+    ++entries;
+  }
+  return entries;
+}
+
+void freeNameCountArray(char** names, int* counts, int entries) {
+  for (int i = 0; i < entries; ++i) std::free(names[i]);
+  std::free(static_cast<void*>(names));
+  std::free(counts);
+}
+
+}  // namespace zntopo::bridge
