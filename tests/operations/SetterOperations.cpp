@@ -37,22 +37,21 @@ ZNRefPtr<ZNAddress> addressOf(const Desk& desk) {
 ZNRefPtr<ZNHSRP> groupOf(const Desk& desk) {
   ZNTopoAPIStatus status;
   std::set<ObjID> notFound;
-  const auto groups =
-      desk.api.getHSRPsByObjIDList({ObjID(hsrpID(1))}, notFound, status, false, -1);
+  const auto groups = desk.api.getHSRPsByObjIDList({ObjID(hsrpID(1))}, notFound, status, false, -1);
   return groups->front();
 }
 
 Answer setPriority(const Desk& desk) {
   const auto group = groupOf(desk);
   ZNHSRPAddressInfo member = group->getHSRPAddrInfoList().front();
-  return done(group->setHSRPStateAndPriority(member, ZNHSRPAddressInfo::Active, 70,
-                                             other(110, 120), true, ActiveDB));
+  return done(group->setHSRPStateAndPriority(member, ZNHSRPAddressInfo::Active, 70, other(110, 120),
+                                             true, ActiveDB));
 }
 
 /// All threads have the same one.
 Answer setAssociation(const Desk& /*desk*/) {
-  static auto& association = *new ZNIfcAssocInfo(ObjID(containerID(1)), ObjID(containerID(2)), 1,
-                                                 5, 5, 1, 0, "", "");
+  static auto& association =
+      *new ZNIfcAssocInfo(ObjID(containerID(1)), ObjID(containerID(2)), 1, 5, 5, 1, 0, "", "");
   return done(association.updateState(4, true));
 }
 
@@ -66,9 +65,8 @@ constexpr Operation kOperations[] = {
        const auto status = other(ObjectStatus::Warning, ObjectStatus::Marginal);
        return done(leafOf(desk)->setOverallStatus(status, 5000, true, ActiveDB));
      },
-     kNone, Growth::None,
-     [](const Size& size) { return kState + leafNodes(size) + kStatement; }, kOneStatement,
-     [](const Size& size) { return leafNodes(size) + kStatement; }},
+     kNone, Growth::None, [](const Size& size) { return kState + leafNodes(size) + kStatement; },
+     kOneStatement, [](const Size& size) { return leafNodes(size) + kStatement; }},
     {"ZNNode::setSnmpState",
      [](const Desk& desk) { return done(leafOf(desk)->setSnmpState(AGENT_DOWN, true)); }, kNone,
      Growth::None, [](const Size& size) { return kState + leafNodes(size) + kStatement; },

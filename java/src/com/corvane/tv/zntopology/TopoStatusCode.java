@@ -118,10 +118,11 @@ public enum TopoStatusCode {
   SQL_FETCH_ERROR(55),
   /** Failure while parsing XML file. */
   XML_PARSE_ERROR(56, " Failure while parsing XML file."),
-  /** Number 57, which has no text of its own. */
-  SQL_CONSTRAINT_VIOLATION(57),
-  /** Number 58, which has no text of its own. */
-  NONUNIQUE_NAME(58);
+  /** Uniqueness violation, like inserting a key value that already exists. */
+  SQL_CONSTRAINT_VIOLATION(
+      57, " Uniqueness violation, like inserting a key value that already exists."),
+  /** The given name is not unique. */
+  NONUNIQUE_NAME(58, " The given name is not unique.");
 
   /** The text of numbers that have none of their own. */
   private static final String UNKNOWN = "Unknown Error code ";

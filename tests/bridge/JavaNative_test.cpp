@@ -1,0 +1,99 @@
+#include "zntopo/platform/tvutil/JavaNative.h"
+
+#include "tests/support/Jvm.h"
+
+namespace zntopo::test {
+namespace {
+
+class JavaNativeTest : public JvmTest {
+ protected:
+  /// An object of a class that has a constructor without arguments.
+  jobject make(const char* path) {
+    jclass const type = jni->FindClass(path);
+    return jni->NewObject(type, jni->GetMethodID(type, "<init>", "()V"));
+  }
+  jobject makeInfo() { return make("com/corvane/tv/zntopology/ZorbTopoInfo"); }
+  jobject makeConfiguration() { return make("com/corvane/tv/zntopology/TopologyConfiguration"); }
+
+  jfieldID fieldOf(jobject object, const char* name, const char* descriptor) {
+    return jni->GetFieldID(jni->GetObjectClass(object), name, descriptor);
+  }
+  /// Takes the pending exception away and shows it.
+  std::string raised() {
+    const bridge::LocalRef<jthrowable> exception(jni, jni->ExceptionOccurred());
+    jni->ExceptionClear();
+    return shown(exception.get());
+  }
+};
+
+TEST_F(JavaNativeTest, FieldsAreSetByTheirNames) {
+  jobject const info = makeInfo();
+  EXPECT_EQ(javaNativeSetInstanceLongOrDeleteAndException(jni, "I", info, "myNumNode", 1LL << 40),
+            0);
+  EXPECT_EQ(jni->GetLongField(info, fieldOf(info, "myNumNode", "J")), 1LL << 40);
+  EXPECT_EQ(javaNativeSetInstanceStringNoCodesetOrDeleteAndException(jni, "I", info,
+                                                                    "topologyState", "é"),
+            0);
+  EXPECT_EQ(shown(jni->GetObjectField(info, fieldOf(info, "topologyState", "Ljava/lang/String;"))),
+            "é");
+  jobject const configuration = makeConfiguration();
+  EXPECT_EQ(javaNativeSetInstanceBooleanOrDeleteAndException(jni, "C", configuration,
+                                                             "enableTopoCache", false),
+            0);
+  EXPECT_FALSE(
+      jni->GetBooleanField(configuration, fieldOf(configuration, "enableTopoCache", "Z")));
+}
+
+TEST_F(JavaNativeTest, ArraysAreSetByTheirNames) {
+  jobject const info = makeInfo();
+  const char* const names[] = {"1", "é"};
+  const int counts[] = {24, -1};
+  EXPECT_EQ(javaNativeSetInstanceStringArray(jni, info, "myRDCountName", names, 2), 0);
+  EXPECT_EQ(javaNativeSetInstanceIntArray(jni, info, "myRDCount", counts, 2), 0);
+  auto* const texts = static_cast<jobjectArray>(
+      jni->GetObjectField(info, fieldOf(info, "myRDCountName", "[Ljava/lang/String;")));
+  ASSERT_EQ(jni->GetArrayLength(texts), 2);
+  EXPECT_EQ(shown(jni->GetObjectArrayElement(texts, 1)), "é");
+  auto* const numbers =
+      static_cast<jintArray>(jni->GetObjectField(info, fieldOf(info, "myRDCount", "[I")));
+  jint values[2] = {};
+  jni->GetIntArrayRegion(numbers, 0, 2, values);
+  EXPECT_EQ(values[0], 24);
+  EXPECT_EQ(values[1], -1);
+}
+
+TEST_F(JavaNativeTest, EmptyArraysAreArrays) {
+  jobject const info = makeInfo();
+  EXPECT_EQ(javaNativeSetInstanceStringArray(jni, info, "myRDCountName", nullptr, 0), 0);
+  EXPECT_EQ(javaNativeSetInstanceIntArray(jni, info, "myRDCount", nullptr, 0), 0);
+  EXPECT_NE(jni->GetObjectField(info, fieldOf(info, "myRDCount", "[I")), nullptr);
+}
+
+TEST_F(JavaNativeTest, AFieldThatIsNotThereIsAnExceptionThatNamesItAndTheClass) {
+  EXPECT_NE(javaNativeSetInstanceLongOrDeleteAndException(jni, "Info", makeInfo(), "none", 1), 0);
+  EXPECT_EQ(raised(), "java.lang.IllegalStateException: Could not set the field none of Info");
+  EXPECT_NE(
+      javaNativeSetInstanceBooleanOrDeleteAndException(jni, "Info", makeInfo(), "myNumNode", true),
+      0);
+  EXPECT_EQ(raised(), "java.lang.IllegalStateException: Could not set the field myNumNode of Info");
+  EXPECT_NE(javaNativeSetInstanceStringNoCodesetOrDeleteAndException(jni, "Info", nullptr,
+                                                                    "topologyState", "x"),
+            0);
+  EXPECT_EQ(raised(),
+            "java.lang.IllegalStateException: Could not set the field topologyState of Info");
+}
+
+TEST_F(JavaNativeTest, AnArrayFieldThatIsNotThereIsAnErrorWithoutAnException) {
+  EXPECT_EQ(javaNativeSetInstanceStringArray(jni, makeInfo(), "none", nullptr, 0), -1);
+  EXPECT_EQ(javaNativeSetInstanceIntArray(jni, nullptr, "myRDCount", nullptr, 0), -1);
+  EXPECT_FALSE(jni->ExceptionCheck());
+}
+
+TEST_F(JavaNativeTest, AnExceptionThatIsPendingStays) {
+  javaNativeThrowIllegalStateException(jni, "first");
+  javaNativeThrowIllegalStateException(jni, "second");
+  EXPECT_EQ(raised(), "java.lang.IllegalStateException: first");
+}
+
+}  // namespace
+}  // namespace zntopo::test

@@ -1,0 +1,98 @@
+// Builders and natives in a JVM whose class library is not whole: classes are missing, or lack a
+// constructor, a method or a field, or throw when they are made.
+#include <gmock/gmock.h>
+
+#include "tests/support/CapturedLog.h"
+#include "tests/support/Jvm.h"
+#include "tests/support/StoredNetwork.h"
+#include "zntopo/bridge/detail/Builders.h"
+#include "zntopo/bridge/detail/NativeFrame.h"
+
+namespace zntopo::test {
+namespace {
+
+using namespace zntopo::bridge;
+using testing::Contains;
+using Lines = std::vector<std::string>;
+
+class OddClassesTest : public JvmTest {
+ protected:
+  jobject make(const std::string& name) {
+    jclass const type = jni->FindClass(("com/corvane/tv/zntopology/" + name).c_str());
+    return jni->NewObject(type, jni->GetMethodID(type, "<init>", "()V"));
+  }
+  std::string raised() {
+    const LocalRef<jthrowable> exception(jni, jni->ExceptionOccurred());
+    jni->ExceptionClear();
+    return shown(exception.get());
+  }
+
+  const CapturedLog log{MC_MINOR};
+};
+
+TEST_F(OddClassesTest, AClassThatIsMissingIsLoggedAndNull) {
+  EXPECT_FALSE(createConnData(env, *record("si", "sn", "di", "dn")));
+  EXPECT_EQ(log.lines(), Lines{"Unable to access ZorbConnData in createConnData! \n"});
+  EXPECT_FALSE(jni->ExceptionCheck());
+}
+
+TEST_F(OddClassesTest, AConstructorThatIsMissingIsLoggedAndNull) {
+  EXPECT_FALSE(env.make<T_EntityType>(jint{1}));
+  EXPECT_EQ(log.lines(), Lines{"Unable to access EntityType constructor in createEntityType! \n"});
+}
+
+TEST_F(OddClassesTest, WhatIsMissingInOneElementIsLeftOutOfTheList) {
+  const ZNRefPtr<ZNConnData> link = record("si", "sn", "di", "dn");
+  EXPECT_EQ(shown(createConnDataList(env, {link, link})), "[]");
+  EXPECT_EQ(log.lines(),
+            (Lines{"Unable to access ZorbConnData in createConnData! \n",
+                   "Failed to create ZorbConnData in createConnDataList \n",
+                   "Unable to access ZorbConnData in createConnData! \n",
+                   "Failed to create ZorbConnData in createConnDataList \n"}));
+}
+
+TEST_F(OddClassesTest, ACacheWithoutItsMethodsMakesNothing) {
+  EXPECT_FALSE(createNodeNative(env, madeNode("n1"), nullptr));
+  EXPECT_EQ(log.lines(), Lines{"Unable to retrieve ZorbTopoCache methods! \n"});
+}
+
+TEST_F(OddClassesTest, AnExceptionOfAConstructorStaysForTheCaller) {
+  EXPECT_FALSE(createCapabilities(env, {ZNCapability("isOSPF"), ZNCapability("isBGP")}));
+  EXPECT_EQ(raised(), "java.lang.IllegalArgumentException: isOSPF");
+  EXPECT_EQ(log.lines(), Lines{"Could not create Capability! \n"});
+}
+
+TEST_F(OddClassesTest, AnExceptionThatIsDescribedEndsThere) {
+  testing::internal::CaptureStderr();
+  EXPECT_FALSE(env.make<T_ZorbHSRPState>(jint{6}));
+  EXPECT_FALSE(jni->ExceptionCheck());
+  EXPECT_THAT(testing::internal::GetCapturedStderr(),
+              testing::HasSubstr("java.lang.IllegalArgumentException: state 6"));
+  EXPECT_EQ(log.lines(), Lines{"Could not create ZorbHSRPState! \n"});
+}
+
+TEST_F(OddClassesTest, AStatusWithoutItsMethodIsLogged) {
+  setStatus(env, make("ZorbTopoStatus"), {ZN_API_NO_PATH, ""});
+  EXPECT_EQ(log.lines(), Lines{"Unable to access ZorbTopoStatus setStatus method! \n"});
+}
+
+TEST_F(OddClassesTest, AnIdentifierWithoutItsMethodIsLoggedAndNotRead) {
+  ObjID id;
+  EXPECT_FALSE(readObjID(env, make("ObjID"), "getNodeNativeByQRMObjID", id));
+  EXPECT_EQ(log.lines(), Lines{"Unable to access ObjID getStringValue method! \n"});
+}
+
+TEST_F(OddClassesTest, AnIdentifierWithoutItsFieldIsAnEmptyOne) {
+  EXPECT_TRUE(getNativeObjID(env, make("ObjID")).isNull());
+}
+
+TEST_F(OddClassesTest, AFilterWithoutItsMethodsSetsNothing) {
+  ZNTopoFilter filter;
+  EXPECT_TRUE(populateFilter(env, make("TopoFilter"), filter));
+  EXPECT_TRUE(filter.isFieldIgnored(ZNTopoFilter::F_IPLevel));
+  EXPECT_EQ(log.lines(),
+            Lines{"Unable to access TopoFilter Methods in populateTopoFilter()! \n"});
+}
+
+}  // namespace
+}  // namespace zntopo::test

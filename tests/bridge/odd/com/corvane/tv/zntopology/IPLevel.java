@@ -1,0 +1,4 @@
+package com.corvane.tv.zntopology;
+
+/** Lacks the number. */
+public class IPLevel {}

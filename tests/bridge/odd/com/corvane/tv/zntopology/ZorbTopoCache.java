@@ -1,0 +1,4 @@
+package com.corvane.tv.zntopology;
+
+/** Lacks its methods. */
+public class ZorbTopoCache {}

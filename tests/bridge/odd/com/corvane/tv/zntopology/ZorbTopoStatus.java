@@ -1,0 +1,4 @@
+package com.corvane.tv.zntopology;
+
+/** Lacks the method that sets it. */
+public class ZorbTopoStatus {}
