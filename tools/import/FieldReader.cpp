@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <string_view>
 #include <type_traits>
 
 #include "tools/network/StoreRows.h"
@@ -101,8 +102,21 @@ std::optional<int> readNumber(const JsonPlace& place, const std::string& name,
   return std::nullopt;
 }
 
+void checkIdentifier(const JsonObject& from, const std::string& id) {
+  const auto isFit = [](char c) {
+    const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    return isLetter || (c >= '0' && c <= '9') ||
+           std::string_view(".:_-").find(c) != std::string::npos;
+  };
+  if (id.size() <= fields::kIdentifierWidth && std::all_of(id.begin(), id.end(), isFit)) return;
+  throw ImportError(from.where(),
+                    "has an identifier that is none: 1 to 36 letters, digits and "
+                    "\".\", \":\", \"_\", \"-\"");
+}
+
 void readEntity(JsonObject& from, EntityModel& entity, NetworkReport& report) {
   readFields(from, entity, fields::kEntity, report);
+  checkIdentifier(from, entity.id);
   if (const auto place = from.find("status")) {
     JsonObject status(*place);
     if (!entity.status) entity.status.emplace();

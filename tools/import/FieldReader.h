@@ -55,6 +55,11 @@ void readFields(JsonObject& from, Object& object, const Field<Object> (&fields)[
   }
 }
 
+/// Throws ImportError for a text that is no identifier of an object: it has to have 1 to 36
+/// letters, digits, full stops, colons, hyphens and underscores. An empty one is none that was
+/// told.
+void checkIdentifier(const JsonObject& from, const std::string& id);
+
 /// Reads what objects of all kinds have, but for the name. User variables that are there already
 /// get the new value.
 void readEntity(JsonObject& from, EntityModel& entity, NetworkReport& report);

@@ -45,7 +45,9 @@ class Extension {
     JsonObject object(place);
     const std::string id = ids.read(object, "subnet-id", kNameWidth);
     const auto prefix = readPrefix(object);
-    const Index index = prefix && !isLocal(*prefix)
+    // An identifier tells apart what has one prefix, in two zones say.
+    const bool isOneOfItsPrefix = prefix && !isLocal(*prefix) && !object.find("identifier");
+    const Index index = isOneOfItsPrefix
                             ? model_.subnetOf(*prefix)
                             : model_.subnetOfKey(segmentKey(network.id, id), id, false);
     SubnetModel& subnet = model_.subnets[index];
@@ -55,7 +57,9 @@ class Extension {
     }
     readName(object, subnet);
     readEntity(object, subnet, report_);
-    if (!prefix) readFields(object, subnet, fields::kSubnet, report_);
+    readFields(object, subnet, fields::kSubnet, report_);
+    checkIdentifier(object, subnet.addressId);
+    if (!prefix) readFields(object, subnet, fields::kBareSubnet, report_);
     object.countUnread(report_);
     subnets_[{network.id, id}] = index;
   }
@@ -159,6 +163,8 @@ class Extension {
     if (const auto reference = object.find("subnet-ref")) {
       putIntoSubnet(*reference, network, *address);
     }
+    readFields(object, *address, fields::kAddress, report_);
+    checkIdentifier(object, address->id);
     if (address->address.isV6()) readV6(object, interface, *address);
     object.countUnread(report_);
   }
@@ -187,7 +193,8 @@ class Extension {
 
   /// What only IPv6 addresses have.
   void readV6(JsonObject& object, InterfaceModel& interface, AddressModel& address) {
-    readFields(object, address, fields::kAddress, report_);
+    readFields(object, address, fields::kV6Address, report_);
+    checkIdentifier(object, address.dnsId);
     if (const auto mapped = object.find("mapped-ipv4")) {
       const auto v4 = IpAddress::parse(mapped->text());
       if (v4 && !v4->isV6() && addressOf(interface, *v4) != nullptr) {

@@ -161,6 +161,7 @@ class Groups {
     AuditModel audit;
     audit.objectKey = readObjectKey(object);
     readFields(object, audit, fields::kAudit, report_);
+    checkIdentifier(object, audit.objectId);
     object.countUnread(report_);
     model_.audit.push_back(std::move(audit));
   }
@@ -177,6 +178,7 @@ class Groups {
       const auto id = object.find(kind + std::string("-ref"));
       if (id) return groupKey(kind, network_.id, id->text());
     }
+    if (const auto id = object.find("object-identifier")) return "identifier\n" + id->text();
     throw ImportError(object.where(), "does not say which object it is about");
   }
 

@@ -270,6 +270,10 @@ NetworkModel readRfc8345(const InputFile& file, NetworkReport& report,
   const rfc8345::Document document = rfc8345::readDocument(json, file.label, report);
   NetworkModel model;
   rfc8345::Builder(document, model, report).build();
+  const std::string doubled = model.doubledIdentifier();
+  if (!doubled.empty()) {
+    throw ImportError(file.label, "the identifier \"" + doubled + "\" is that of two objects");
+  }
   return model;
 }
 

@@ -38,7 +38,8 @@ void putMapping(RowContext& context, const std::string& left, const std::string&
 /// The name's own row, and the mapping of the address to it.
 void addDnsName(RowContext& context, const EndPoint& end, const AddressModel& address,
                 const std::string& addressId) {
-  const std::string dnsId = context.id(context.model().at(end).key + "\nname\n" + address.dnsName);
+  const std::string dnsId =
+      context.id(address.dnsId, context.model().at(end).key + "\nname\n" + address.dnsName);
   RowOf<Address> row;
   row["AddressId"] = dnsId;
   row["ObjId"] = context.interfaceId(end);
@@ -62,7 +63,7 @@ void addSubnet(RowContext& context, Index index) {
   context.putEntity(subnet, subnetId, E_Subnet, subnet.isV6 ? kIPv6Level : kIPv4Level, hasAddress);
   if (!hasAddress) return;
   RowOf<Address> row;
-  row["AddressId"] = context.id(subnet.key + "\naddress");
+  row["AddressId"] = context.id(subnet.addressId, subnet.key + "\naddress");
   row["ObjId"] = row["SubnetObjId"] = subnetId;
   row["isSubnet"] = 1;
   row["PrefixLength"] = subnet.prefix->length;
@@ -73,8 +74,7 @@ void addSubnet(RowContext& context, Index index) {
 }  // namespace
 
 void addAddressRows(RowContext& context, const EndPoint& end, const AddressModel& address) {
-  const std::string& interfaceKey = context.model().at(end).key;
-  const std::string addressId = context.id(addressKey(interfaceKey, address.address));
+  const std::string addressId = context.addressId(end, address);
   RowOf<Address> row;
   row["AddressId"] = addressId;
   row["ObjId"] = context.interfaceId(end);
@@ -89,8 +89,7 @@ void addAddressRows(RowContext& context, const EndPoint& end, const AddressModel
   context.put(std::move(row));
   if (!address.dnsName.empty()) addDnsName(context, end, address, addressId);
   if (address.mappedV4) {
-    putMapping(context, addressId, context.id(addressKey(interfaceKey, *address.mappedV4)),
-               ZNAddress::IPV6_IPV4);
+    putMapping(context, addressId, context.addressId(end, *address.mappedV4), ZNAddress::IPV6_IPV4);
   }
 }
 

@@ -18,7 +18,7 @@ void addVlan(RowContext& context, Index index) {
 }
 
 void addMesh(RowContext& context, const MeshModel& mesh) {
-  const std::string meshId = context.id(mesh.key);
+  const std::string meshId = context.id(mesh);
   context.putEntity(mesh, meshId, E_Mesh, kIPv4Level, false);
   for (const EndPoint& member : mesh.members) context.putContainment(meshId, E_Mesh, member);
 }
@@ -35,8 +35,7 @@ std::string trackList(const RowContext& context, const HsrpMemberModel& member) 
 void addHsrpMember(RowContext& context, const HsrpGroupModel& group, const std::string& groupId,
                    const HsrpMemberModel& member) {
   RowOf<HsrpAddress> row;
-  row["AddressID"] =
-      context.id(addressKey(context.model().at(member.interface).key, member.address));
+  row["AddressID"] = context.addressId(member.interface, member.address);
   row["AddressIfObjID"] = context.interfaceId(member.interface);
   row["ObjID"] = groupId;
   row["state"] = member.state;
@@ -48,7 +47,7 @@ void addHsrpMember(RowContext& context, const HsrpGroupModel& group, const std::
 }
 
 void addHsrpGroup(RowContext& context, const HsrpGroupModel& group) {
-  const std::string groupId = context.id(group.key);
+  const std::string groupId = context.id(group);
   context.putEntity(group, groupId, E_HSRP, kIPv4Level, false);
   RowOf<NwHsrp> row;
   row["ObjId"] = groupId;
@@ -71,7 +70,7 @@ void addContainerMember(RowContext& context, const ContainerModel& container,
 }
 
 void addContainer(RowContext& context, const ContainerModel& container) {
-  const std::string containerId = context.id(container.key);
+  const std::string containerId = context.id(container);
   const RowOf<NwEntity> entity =
       context.putEntity(container, containerId, E_IfC, kIPv4Level, false);
   const auto common = [&](ColumnOf<NwEntity> column) { return entity.cells[column.index]; };
@@ -97,8 +96,8 @@ void addAssociation(RowContext& context, const AssociationModel& association) {
   const ContainerModel& left = context.model().containers[association.left];
   const ContainerModel& right = context.model().containers[association.right];
   RowOf<NwIfcAsc> row;
-  row["LeftIFContainerObjID"] = context.id(left.key);
-  row["RightIFContainerObjID"] = context.id(right.key);
+  row["LeftIFContainerObjID"] = context.id(left);
+  row["RightIFContainerObjID"] = context.id(right);
   row["RelType"] = association.relation;
   row["LeftIfcType"] = left.type;
   row["RightIfcType"] = right.type;
@@ -133,7 +132,7 @@ void addAuditRows(RowContext& context) {
     RowOf<NwTopoAuditTrail> row;
     row["ActionTimeUTC"] = audit.time;
     row["ActionType"] = audit.action;
-    row["ObjID"] = context.id(audit.objectKey);
+    row["ObjID"] = context.id(audit.objectId, audit.objectKey);
     row["ActionDetail"] = audit.detail;
     row["ObjectType"] = audit.objectType;
     row["ActionInfo"] = audit.info;

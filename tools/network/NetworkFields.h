@@ -105,8 +105,15 @@ inline constexpr NumberName kFeature[] = {{SpeaksOspf, "ospf"},    {SpeaksBgp, "
 
 namespace fields {
 
+/// In bytes.
+inline constexpr std::size_t kZoneWidth = 64;
+/// In bytes; what a reader takes for an identifier has no more.
+inline constexpr std::size_t kIdentifierWidth = 36;
+
 /// Of objects of all kinds, beside their names and user variables.
 inline constexpr Field<EntityModel> kEntity[] = {
+    {.name = "identifier", .member = &EntityModel::id},
+    {.name = "zone", .member = &EntityModel::zone, .width = kZoneWidth},
     {.name = "description", .member = &EntityModel::description},
     {.name = "legacy-id", .member = &EntityModel::legacyId, .width = 36}};
 
@@ -136,7 +143,11 @@ inline constexpr Field<InterfaceModel> kInterface[] = {
     {.name = "linked-elsewhere", .member = &InterfaceModel::isLinkedElsewhere}};
 
 inline constexpr Field<AddressModel> kAddress[] = {
-    {.name = "dns-name", .member = &AddressModel::dnsName, .width = 256}};
+    {.name = "identifier", .member = &AddressModel::id}};
+/// Of IPv6 addresses.
+inline constexpr Field<AddressModel> kV6Address[] = {
+    {.name = "dns-name", .member = &AddressModel::dnsName, .width = 256},
+    {.name = "dns-identifier", .member = &AddressModel::dnsId}};
 
 inline constexpr Field<MonitoringModel> kMonitoring[] = {
     {.name = "legacy-id", .member = &MonitoringModel::legacyId, .width = 36},
@@ -146,7 +157,11 @@ inline constexpr Field<MonitoringModel> kMonitoring[] = {
     {.name = "origin", .member = &MonitoringModel::origin, .names = names::kOrigin},
     {.name = "last-time", .member = &MonitoringModel::lastTime}};
 
-inline constexpr Field<SubnetModel> kSubnet[] = {{.name = "is-ipv6", .member = &SubnetModel::isV6}};
+inline constexpr Field<SubnetModel> kSubnet[] = {
+    {.name = "address-identifier", .member = &SubnetModel::addressId}};
+/// Of subnets without a prefix.
+inline constexpr Field<SubnetModel> kBareSubnet[] = {
+    {.name = "is-ipv6", .member = &SubnetModel::isV6}};
 
 inline constexpr Field<HsrpGroupModel> kHsrpGroup[] = {
     {.name = "number", .member = &HsrpGroupModel::number}};
@@ -176,6 +191,7 @@ inline constexpr Field<AssociationModel> kAssociation[] = {
     {.name = "extra-info", .member = &AssociationModel::extraInfo, .width = 259}};
 
 inline constexpr Field<AuditModel> kAudit[] = {
+    {.name = "object-identifier", .member = &AuditModel::objectId},
     {.name = "object-type", .member = &AuditModel::objectType, .names = names::kObjectType},
     {.name = "time", .member = &AuditModel::time},
     {.name = "action", .member = &AuditModel::action, .names = names::kAuditAction},

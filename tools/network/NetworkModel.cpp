@@ -1,8 +1,37 @@
 #include "tools/network/NetworkModel.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace zntopo::tools {
+
+std::string NetworkModel::doubledIdentifier() const {
+  std::set<std::string_view> known;
+  std::string doubled;
+  const auto look = [&](const std::string& id) {
+    if (!id.empty() && !known.insert(id).second) doubled = id;
+  };
+  const auto lookAtAll = [&](const auto& list) {
+    for (const EntityModel& one : list) look(one.id);
+  };
+  lookAtAll(nodes);
+  lookAtAll(subnets);
+  lookAtAll(vlans);
+  lookAtAll(meshes);
+  lookAtAll(hsrpGroups);
+  lookAtAll(containers);
+  for (const SubnetModel& subnet : subnets) look(subnet.addressId);
+  for (const NodeModel& node : nodes) {
+    lookAtAll(node.interfaces);
+    for (const InterfaceModel& interface : node.interfaces) {
+      for (const AddressModel& address : interface.addresses) {
+        look(address.id);
+        look(address.dnsId);
+      }
+    }
+  }
+  return doubled;
+}
 
 bool NetworkModel::addLink(const EndPoint& left, const EndPoint& right) {
   if (!linked_.insert(std::minmax(left, right)).second) return false;

@@ -16,8 +16,9 @@
 /// and addresses, the groups that interfaces belong to, layer-2 links, and what became of objects.
 ///
 /// Each object has a key, a text that names it within the model and stays the same when the
-/// same network is read again: its identifier in the store is made of it. Keys have no meaning
-/// beyond that. An empty text means that nothing is known.
+/// same network is read again: its identifier in the store is made of it, unless the object brings
+/// an identifier of its own. Keys have no meaning beyond that. An empty text means that nothing is
+/// known.
 ///
 /// A large network may come as several models. One of them brings an object, others may name it
 /// by the same key, with isElsewhere set: that makes no rows, but links and memberships can refer
@@ -45,6 +46,10 @@ struct StatusModel {
 /// What objects of all kinds have.
 struct EntityModel {
   std::string key;
+  /// The identifier in the store, from a source that tells it.
+  std::string id;
+  /// The zone in which the object was, from a source that tells it.
+  std::string zone;
   std::string name;
   std::string description;
   /// A decimal number: what the object is called in a store of the legacy kind.
@@ -79,8 +84,12 @@ struct AddressModel {
   /// True if the source says the length of this very address; false if it was concluded.
   bool isLengthTold = false;
   std::optional<Index> subnet = {};
+  /// The identifier in the store, from a source that tells it.
+  std::string id = {};
   /// The name in the DNS that an IPv6 address maps to.
   std::string dnsName = {};
+  /// The identifier of that name's own row, from a source that tells it.
+  std::string dnsId = {};
   /// The IPv4 address of the same interface that an IPv6 address maps to.
   std::optional<IpAddress> mappedV4 = {};
   std::optional<MonitoringModel> monitoring = {};
@@ -139,6 +148,8 @@ struct SubnetModel : EntityModel {
   /// Nothing for a segment whose prefix is not known.
   std::optional<IpPrefix> prefix;
   bool isV6 = false;
+  /// The identifier of the subnet's own address, from a source that tells it.
+  std::string addressId;
 };
 
 struct VlanModel : EntityModel {
@@ -221,6 +232,8 @@ struct AuditModel {
   int action = 0;
   int detail = 0;
   std::string info;
+  /// The object's identifier, from a source that tells it; it counts more than the key.
+  std::string objectId = {};
 };
 
 /// The whole.
@@ -240,6 +253,9 @@ class NetworkModel {
   const InterfaceModel& at(const EndPoint& end) const {
     return nodes[end.node].interfaces[end.interface];
   }
+
+  /// An identifier that two objects or addresses bring; empty if each has its own.
+  std::string doubledIdentifier() const;
 
   /// Adds a layer-2 link; false if the two ends were linked already, whichever way round.
   bool addLink(const EndPoint& left, const EndPoint& right);

@@ -42,16 +42,33 @@ RowContext::RowContext(const NetworkModel& model, const std::string& zone, RowSi
                        NetworkReport& report)
     : model_(model), zone_(zone), rows_(rows), report_(report) {
   for (const NodeModel& node : model.nodes) {
-    nodeIds_.push_back(id(node.key));
+    nodeIds_.push_back(id(node));
     auto& interfaces = interfaceIds_.emplace_back();
-    for (const InterfaceModel& one : node.interfaces) interfaces.push_back(id(one.key));
+    for (const InterfaceModel& one : node.interfaces) interfaces.push_back(id(one));
   }
-  for (const VlanModel& vlan : model.vlans) vlanIds_.push_back(id(vlan.key));
-  for (const SubnetModel& subnet : model.subnets) subnetIds_.push_back(id(subnet.key));
+  for (const VlanModel& vlan : model.vlans) vlanIds_.push_back(id(vlan));
+  for (const SubnetModel& subnet : model.subnets) subnetIds_.push_back(id(subnet));
 }
 
 std::string RowContext::id(const std::string& objectKey) const {
   return nameUuid(zone_ + "\n" + objectKey);
+}
+
+std::string RowContext::id(const std::string& ownId, const std::string& objectKey) const {
+  if (ownId.empty()) return id(objectKey);
+  return zone_.empty() ? ownId : id("identifier\n" + ownId);
+}
+
+std::string RowContext::addressId(const EndPoint& end, const AddressModel& address) const {
+  return id(address.id, addressKey(model_.at(end).key, address.address));
+}
+
+std::string RowContext::addressId(const EndPoint& end, const IpAddress& address) const {
+  const std::vector<AddressModel>& all = model_.at(end).addresses;
+  const auto found = std::find_if(all.begin(), all.end(),
+                                  [&](const AddressModel& one) { return one.address == address; });
+  if (found != all.end()) return addressId(end, *found);
+  return id(addressKey(model_.at(end).key, address));
 }
 
 std::string RowContext::describe(const EntityModel& entity) {
@@ -71,7 +88,7 @@ RowOf<NwEntity> RowContext::putEntity(const EntityModel& entity, const std::stri
   row["QRMObjId"] = textCell(entity.legacyId);
   row["Description"] = describe(entity);
   row["EntityType"] = static_cast<int>(type);
-  row["ZoneNumber"] = textCell(zone_);
+  row["ZoneNumber"] = textCell(zone_.empty() ? entity.zone : zone_);
   row["hasDynamicProperty"] = entity.variables.empty() ? 0 : 1;
   row["hasAddress"] = hasAddress ? 1 : 0;
   row["RouteDistinguisher"] = 0;

@@ -19,6 +19,13 @@ class RowContext {
 
   /// The identifier of the object of a key.
   std::string id(const std::string& objectKey) const;
+  /// The identifier of an object that may bring its own. Beside a zone that one is told apart from
+  /// the same identifier in other zones.
+  std::string id(const std::string& ownId, const std::string& objectKey) const;
+  std::string id(const EntityModel& entity) const { return id(entity.id, entity.key); }
+  /// The identifier of an address of an interface.
+  std::string addressId(const EndPoint& end, const AddressModel& address) const;
+  std::string addressId(const EndPoint& end, const IpAddress& address) const;
   const std::string& nodeId(Index node) const { return nodeIds_[node]; }
   const std::string& vlanId(Index vlan) const { return vlanIds_[vlan]; }
   const std::string& subnetId(Index subnet) const { return subnetIds_[subnet]; }

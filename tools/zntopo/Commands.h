@@ -97,6 +97,7 @@ Work prepare(CLI::App&) {
 extern const Command kInitCommand;
 extern const Command kImportCommand;
 extern const Command kGenerateCommand;
+extern const Command kExportCommand;
 extern const Command kStateCommand;
 extern const Command kNodesCommand;
 extern const Command kNodeCommand;
@@ -119,12 +120,12 @@ extern const Command kFilterExplainCommand;
 
 /// In the order of the help.
 inline constexpr std::array kCommands = {
-    &kInitCommand,         &kImportCommand,        &kGenerateCommand,   &kStateCommand,
-    &kNodesCommand,        &kNodeCommand,          &kInterfacesCommand, &kAddressesCommand,
-    &kVlansCommand,        &kVlanCommand,          &kContainersCommand, &kContainerCommand,
-    &kHsrpCommand,         &kSubnetsCommand,       &kSubnetCommand,     &kNeighborsCommand,
-    &kConnectivityCommand, &kPathCommand,          &kFilterListCommand, &kFilterRunCommand,
-    &kFilterCheckCommand,  &kFilterExplainCommand,
+    &kInitCommand,      &kImportCommand,       &kGenerateCommand,      &kExportCommand,
+    &kStateCommand,     &kNodesCommand,        &kNodeCommand,          &kInterfacesCommand,
+    &kAddressesCommand, &kVlansCommand,        &kVlanCommand,          &kContainersCommand,
+    &kContainerCommand, &kHsrpCommand,         &kSubnetsCommand,       &kSubnetCommand,
+    &kNeighborsCommand, &kConnectivityCommand, &kPathCommand,          &kFilterListCommand,
+    &kFilterRunCommand, &kFilterCheckCommand,  &kFilterExplainCommand,
 };
 
 /// Adds all of kCommands, with their options for the store and for JSON.

@@ -1,49 +1,13 @@
-#include <utility>
 #include <vector>
 
-#include "tools/network/PlainText.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/Names.h"
+#include "tools/zntopo/Paths.h"
 #include "tools/zntopo/TextTable.h"
 
 namespace zntopo::tools {
 
 namespace {
-
-struct PathOptions {
-  std::string from;
-  std::string to;
-  int maxHops = 20;
-  bool crossRouters = false;
-};
-
-using InterfaceList = ZNTopoAPI::OwnedInterfaceList;
-
-InterfaceList pathBetweenNodes(Session& session, const PathOptions& options, const NamedNode& from,
-                               const NamedNode& to, ZNTopoAPIStatus& status) {
-  return session.api().getL2PathBetweenNodes(from.id(), to.id(), options.maxHops, status,
-                                             ZNAddress::IPv4, options.crossRouters);
-}
-
-/// Between two addresses of one kind the library is asked by address, so that the path begins
-/// and ends with the interfaces that own them. It finds an interface by the first of its
-/// addresses of a kind only, so otherwise it is asked for the path between the nodes.
-InterfaceList findPath(Session& session, const PathOptions& options, const NamedNode& from,
-                       const NamedNode& to, Answer& answer) {
-  ZNTopoAPIStatus& status = answer.status;
-  if (!from.address || !to.address || from.address->isV6() != to.address->isV6()) {
-    return pathBetweenNodes(session, options, from, to, status);
-  }
-  const auto type = from.address->isV6() ? ZNAddress::IPv6 : ZNAddress::IPv4;
-  auto path = session.api().getL2Path(from.address->text(), to.address->text(), options.maxHops,
-                                      status, type, options.crossRouters);
-  if (status.getStatus() != ZN_API_UNKNOWN_IP) return path;
-  answer.note = "No interface has one of the addresses as its first: this is the path between " +
-                printable(from.node->getName()) + " and " + printable(to.node->getName()) +
-                ", which own them.";
-  status.reset();
-  return pathBetweenNodes(session, options, from, to, status);
-}
 
 std::vector<LinkEnd> stepsOf(Session& session, const std::list<ZNRefPtr<ZNInterface>>& path) {
   Identifiers ids;
@@ -73,14 +37,9 @@ std::string pathText(const std::vector<LinkEnd>& steps) {
   return table.text();
 }
 
-void path(const Context& context, const PathOptions& options, Answer& answer) {
+void path(const Context& context, const PathQuestion& question, Answer& answer) {
   Session session(context);
-  const NamedNode from = findNode(session, options.from);
-  const NamedNode to = findNode(session, options.to);
-  const InterfaceList found = findPath(session, options, from, to, answer);
-  if (answer.status.getStatus() == ZN_API_NO_PATH && !options.crossRouters) {
-    answer.note = "A path through routers is looked for with --cross-routers only.";
-  }
+  const ZNTopoAPI::OwnedInterfaceList found = findPath(session, question, answer);
   if (!answer.note.empty()) answer.json["note"] = answer.note;
   check(answer.status);
   const std::vector<LinkEnd> steps = stepsOf(session, *found);
@@ -93,12 +52,10 @@ void path(const Context& context, const PathOptions& options, Answer& answer) {
   answer.text = pathText(steps) + counted(hops, "hop") + "\n";
 }
 
-void addOptions(CLI::App& command, PathOptions& options) {
-  addNodeArgument(command, "A", options.from);
-  addNodeArgument(command, "B", options.to);
-  addLimit(command, "--max-hops", options.maxHops, "The most links to cross");
-  command.add_flag("--cross-routers", options.crossRouters,
-                   "Go through routers too (the ends may always be routers)");
+void addOptions(CLI::App& command, PathQuestion& question) {
+  addNodeArgument(command, "A", question.from);
+  addNodeArgument(command, "B", question.to);
+  addPathOptions(command, question);
 }
 
 }  // namespace

@@ -401,6 +401,54 @@ TEST(Rfc8345ExtensionTest, TheAuditTrailNamesObjectsThatAreThereAndThatAreGone) 
   EXPECT_EQ(read.model.audit[0].info, "new");
 }
 
+TEST(Rfc8345ExtensionTest, ObjectsMayBringTheirIdentifiers) {
+  const std::string address =
+      R"("address": [{"ip": "2001:db8::2", "identifier": "a", "dns-name": "n", "dns-identifier": "d"}])";
+  const std::string ends = tp("e1", addresses(R"("2001:db8::2/64")") + ", " +
+                                        tpAttributes(R"("identifier": "i", )" + address));
+  const std::string groups =
+      R"("subnet": [{"subnet-id": "s", "prefix": "2001:db8::/64", "identifier": "sub",
+                     "address-identifier": "own"}], "vlan": [{"vlan-id": 7, "identifier": "v"}],
+         "audit": [{"object-identifier": "gone"}])";
+  const Read read(withAttributes(
+      groups,
+      test::node("r", nodeAttributes(R"("identifier": "n", "zone": "z")") + ", " + tps(ends))));
+  const NodeModel& node = read.node("r");
+  EXPECT_EQ(node.id, "n");
+  EXPECT_EQ(node.zone, "z");
+  EXPECT_EQ(node.interfaces[0].id, "i");
+  EXPECT_EQ(node.interfaces[0].addresses[0].id, "a");
+  EXPECT_EQ(node.interfaces[0].addresses[0].dnsId, "d");
+  EXPECT_EQ(read.model.vlans[0].id, "v");
+  EXPECT_EQ(read.model.subnets[0].id, "sub");
+  EXPECT_EQ(read.model.subnets[0].addressId, "own");
+  EXPECT_EQ(read.model.audit[0].objectId, "gone");
+}
+
+TEST(Rfc8345ExtensionTest, SubnetsOfOnePrefixStayApartIfTheyHaveIdentifiers) {
+  const std::string subnet = R"("prefix": "10.0.0.0/24", "identifier": )";
+  const Read read(withAttributes(R"("subnet": [{"subnet-id": "a", )" + subnet + R"("1"},
+                                               {"subnet-id": "b", )" +
+                                     subnet + R"("2"}])",
+                                 test::node("r")));
+  ASSERT_EQ(read.model.subnets.size(), 2u);
+  EXPECT_NE(read.model.subnets[0].key, read.model.subnets[1].key);
+}
+
+TEST(Rfc8345ExtensionTest, IdentifiersOfTwoObjectsAndTextsThatAreNoneAreRefused) {
+  const auto errorOf = [](const std::string& one, const std::string& other) {
+    return complaint(document(
+        test::network("n", "",
+                      test::node("a", nodeAttributes(R"("identifier": ")" + one + "\"")) + ", " +
+                          test::node("b", nodeAttributes(R"("identifier": ")" + other + "\"")))));
+  };
+  EXPECT_EQ(errorOf("x", "y"), "");
+  EXPECT_EQ(errorOf("x", "x"), "the identifier \"x\" is that of two objects");
+  for (const std::string& none : {std::string("x' or 'a' = 'a"), std::string(37, 'x')}) {
+    EXPECT_THAT(errorOf("x", none), HasSubstr("node-attributes: has an identifier that is none"));
+  }
+}
+
 TEST(Rfc8345ExtensionTest, TextsBeyondTheirColumnsAreCutAndCounted) {
   const std::string many(300, 'x');
   const Read read(document(test::network(
@@ -505,8 +553,10 @@ TEST(NetworkFieldsTest, TheYangModuleHasEveryFieldAndItsNames) {
   expectLeaves(module, fields::kNode);
   expectLeaves(module, fields::kInterface);
   expectLeaves(module, fields::kAddress);
+  expectLeaves(module, fields::kV6Address);
   expectLeaves(module, fields::kMonitoring);
   expectLeaves(module, fields::kSubnet);
+  expectLeaves(module, fields::kBareSubnet);
   expectLeaves(module, fields::kHsrpGroup);
   expectLeaves(module, fields::kHsrpMember);
   expectLeaves(module, fields::kHsrpTrack);

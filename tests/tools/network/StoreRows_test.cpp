@@ -85,6 +85,28 @@ TEST(StoreRowsTest, TooLongADescriptionIsCutAndCounted) {
             Cell(std::string(1999, 'x')));
 }
 
+TEST(StoreRowsTest, AnIdentifierThatIsToldCountsAndBesideAZoneMakesAnother) {
+  NetworkModel model;
+  NodeModel node;
+  node.key = "k";
+  node.id = "told";
+  node.zone = "old";
+  model.nodes.push_back(node);
+  const auto rowOf = [&](const std::string& zone) {
+    RowSet rows;
+    NetworkReport report;
+    addRows(model, zone, rows, report);
+    RowOf<NwEntity> row;
+    row.cells = rows.rows().front().cells;
+    return row;
+  };
+  EXPECT_EQ(rowOf("")["ObjId"], Cell("told"));
+  EXPECT_EQ(rowOf("")["ZoneNumber"], Cell("old"));
+  EXPECT_NE(rowOf("new")["ObjId"], Cell("told"));
+  EXPECT_EQ(rowOf("new")["ObjId"], rowOf("new")["ObjId"]);
+  EXPECT_EQ(rowOf("new")["ZoneNumber"], Cell("new"));
+}
+
 TEST(StoreRowsTest, AZoneMakesOtherIdentifiers) {
   NetworkModel model;
   NodeModel node;

@@ -1,0 +1,218 @@
+#include "tools/export/DotWriter.h"
+
+#include <algorithm>
+#include <map>
+
+#include "tools/export/NodeLook.h"
+#include "tools/network/NetworkFields.h"
+#include "tools/network/PlainText.h"
+
+namespace zntopo::tools {
+
+namespace {
+
+// Of the colours of Okabe and Ito, which people with any kind of sight tell apart.
+constexpr const char* kBlue = "#0072B2";
+constexpr const char* kGreen = "#009E73";
+constexpr const char* kYellow = "#F0E442";
+constexpr const char* kOrange = "#E69F00";
+constexpr const char* kVermillion = "#D55E00";
+constexpr const char* kSkyBlue = "#56B4E9";
+constexpr const char* kGrey = "#BBBBBB";
+constexpr const char* kWhite = "#FFFFFF";
+
+struct StatusLook {
+  const char* status;
+  const char* fill;
+  const char* text;
+  int border;
+};
+
+/// A state that is not here looks like the last one. What is not normal is written into the node
+/// too, and the worse it is the thicker is the line around it.
+constexpr StatusLook kStatusLooks[] = {
+    {"normal", kGreen, "white", 1},       {"warning", kYellow, "black", 1},
+    {"marginal", kYellow, "black", 2},    {"major", kOrange, "black", 3},
+    {"critical", kVermillion, "white", 4}, {"testing", kSkyBlue, "black", 1},
+    {"unmanaged", kWhite, "black", 1},    {"restricted", kWhite, "black", 1},
+    {"disabled", kWhite, "black", 1},     {"unknown", kGrey, "black", 1}};
+
+const StatusLook& lookOf(const std::string& status) {
+  for (const StatusLook& one : kStatusLooks) {
+    if (status == one.status) return one;
+  }
+  return *std::rbegin(kStatusLooks);
+}
+
+const char* shapeOf(NodeKind kind) {
+  switch (kind) {
+    case NodeKind::Router:
+      return "ellipse";
+    case NodeKind::Layer3Switch:
+      return "octagon";
+    case NodeKind::Switch:
+      return "box";
+    case NodeKind::Host:
+      break;
+  }
+  return "note";
+}
+
+class Writer {
+ public:
+  Writer(const StoredNetwork& network, const DotStyle& style, std::ostream& out)
+      : network_(network), model_(network.model), style_(style), out_(out) {
+    for (std::size_t i = 0; i < style.path.size(); ++i) {
+      pathNodes_.insert(style.path[i].node);
+      if (i > 0) pathLinks_.insert(std::minmax(style.path[i - 1], style.path[i]));
+    }
+  }
+
+  void write() {
+    writeHead();
+    for (Index i = 0; i < model_.nodes.size(); ++i) writeNode(i);
+    for (const LinkModel& link : model_.links) writeLink(link);
+    if (style_.hasSubnets) writeSubnets();
+    if (style_.hasVlans) writeVlans();
+    if (style_.hasLegend) writeLegend();
+    out_ << "}\n";
+  }
+
+ private:
+  void writeHead() {
+    out_ << "graph zntopo {\n  graph [charset=\"UTF-8\", fontname=\"Helvetica\", fontsize=12";
+    if (!style_.layout.empty()) out_ << ", layout=" << style_.layout;
+    if (style_.layout == "dot") out_ << ", rankdir=TB, ranksep=0.6, nodesep=0.3";
+    if (!style_.layout.empty() && style_.layout != "dot") {
+      out_ << ", overlap=prism, splines=true, outputorder=edgesfirst, sep=\"+12\"";
+    }
+    if (!style_.note.empty()) {
+      out_ << ", labelloc=b, label=\"" << dotText(style_.note) << "\"";
+    }
+    out_ << "];\n"
+         << "  node [fontname=\"Helvetica\", fontsize=11, style=filled, margin=\"0.12,0.06\"];\n"
+         << "  edge [fontname=\"Helvetica\", fontsize=9, color=\"#555555\"];\n";
+  }
+
+  void writeNode(Index index) {
+    const NodeModel& node = model_.nodes[index];
+    const std::string status = statusName(node);
+    const StatusLook& look = lookOf(status);
+    const std::string second =
+        status.empty() || status == "normal" ? "" : "\\n" + dotText(status);
+    const bool isOnPath = pathNodes_.contains(index);
+    out_ << "  n" << index + 1 << " [label=\"" << dotText(node.name) << second << "\", id=\""
+         << dotText(node.id) << "\", shape=" << shapeOf(kindOf(network_.traits[index]))
+         << ", fillcolor=\"" << look.fill << "\", fontcolor=" << look.text
+         << ", penwidth=" << (isOnPath ? 5 : look.border);
+    if (isOnPath) out_ << ", color=\"" << kBlue << "\"";
+    out_ << ", tooltip=\"" << dotText(node.description.empty() ? node.name : node.description)
+         << "\"];\n";
+  }
+
+  void writeLink(const LinkModel& link) {
+    out_ << "  n" << link.left.node + 1 << " -- n" << link.right.node + 1 << " [";
+    const std::string left = dotText(model_.at(link.left).name);
+    const std::string right = dotText(model_.at(link.right).name);
+    out_ << "tooltip=\"" << left << " - " << right << "\"";
+    if (style_.hasInterfaces) out_ << ", label=\"" << left << "\\n" << right << "\"";
+    if (pathLinks_.contains(std::minmax(link.left, link.right))) {
+      out_ << ", color=\"" << kBlue << "\", penwidth=5";
+    }
+    out_ << "];\n";
+  }
+
+  /// What several nodes have in common, with a dotted line to each of them.
+  void writeGroup(const std::string& id, const std::string& label, const char* shape,
+                  const std::set<Index>& nodes) {
+    if (nodes.empty()) return;
+    out_ << "  " << id << " [label=\"" << label << "\", shape=" << shape
+         << ", style=\"filled,dashed\", fillcolor=\"#EEF6FB\", fontcolor=black];\n";
+    for (const Index node : nodes) {
+      out_ << "  n" << node + 1 << " -- " << id << " [style=dotted, color=\"" << kSkyBlue
+           << "\"];\n";
+    }
+  }
+
+  void writeSubnets() {
+    std::map<Index, std::set<Index>> nodes;
+    for (Index i = 0; i < model_.nodes.size(); ++i) {
+      for (const InterfaceModel& interface : model_.nodes[i].interfaces) {
+        for (const AddressModel& address : interface.addresses) {
+          if (address.subnet) nodes[*address.subnet].insert(i);
+        }
+      }
+    }
+    for (const auto& [subnet, members] : nodes) {
+      writeGroup("s" + std::to_string(subnet + 1), dotText(model_.subnets[subnet].name), "cds",
+                 members);
+    }
+  }
+
+  void writeVlans() {
+    std::map<Index, std::set<Index>> nodes;
+    for (Index i = 0; i < model_.nodes.size(); ++i) {
+      for (const InterfaceModel& interface : model_.nodes[i].interfaces) {
+        for (const Index vlan : interface.vlans) nodes[vlan].insert(i);
+      }
+    }
+    for (const auto& [index, members] : nodes) {
+      const VlanModel& vlan = model_.vlans[index];
+      const std::string number = "VLAN " + std::to_string(vlan.number);
+      writeGroup("v" + std::to_string(index + 1),
+                 vlan.name == number ? number : number + "\\n" + dotText(vlan.name), "tab",
+                 members);
+    }
+  }
+
+  /// The kinds and states that the graph shows.
+  void writeLegend() {
+    std::set<NodeKind> kinds;
+    std::set<std::string> states;
+    for (Index i = 0; i < model_.nodes.size(); ++i) {
+      kinds.insert(kindOf(network_.traits[i]));
+      states.insert(statusName(model_.nodes[i]));
+    }
+    out_ << "  subgraph cluster_legend {\n    graph [label=\"\", color=\"#999999\", style=rounded];\n"
+         << "    node [fontsize=9, margin=\"0.08,0.03\", height=0.25];\n";
+    std::vector<std::string> names;
+    for (const NodeKind kind : kinds) {
+      names.push_back("legend" + std::to_string(names.size() + 1));
+      out_ << "    " << names.back() << " [label=\"" << kindName(kind) << "\", shape="
+           << shapeOf(kind) << ", fillcolor=white];\n";
+    }
+    for (const StatusLook& look : kStatusLooks) {
+      if (!states.contains(look.status)) continue;
+      names.push_back("legend" + std::to_string(names.size() + 1));
+      out_ << "    " << names.back() << " [label=\"" << look.status
+           << "\", shape=plaintext, fillcolor=\"" << look.fill << "\", fontcolor=" << look.text
+           << "];\n";
+    }
+    out_ << "  }\n";
+  }
+
+  const StoredNetwork& network_;
+  const NetworkModel& model_;
+  const DotStyle& style_;
+  std::ostream& out_;
+  std::set<Index> pathNodes_;
+  std::set<std::pair<EndPoint, EndPoint>> pathLinks_;
+};
+
+}  // namespace
+
+std::string dotText(const std::string& text) {
+  std::string result;
+  for (const char c : printable(text)) {
+    // Between quotes a backslash begins an escape of labels, an ampersand an entity.
+    if (c == '"' || c == '\\') result += '\\';
+    result += c == '&' ? "&amp;" : std::string(1, c);
+  }
+  return result;
+}
+
+void writeDot(const StoredNetwork& network, const DotStyle& style, std::ostream& out) {
+  Writer(network, style, out).write();
+}
+
+}  // namespace zntopo::tools
