@@ -1,6 +1,7 @@
 // The store or the broker fails while states are set and events of them flow.
 
 #include <atomic>
+#include <iterator>
 #include <thread>
 
 #include "tests/faults/FaultFixture.h"
@@ -14,7 +15,7 @@ using Stop = PostgresServer::Stop;
 /// What a test in a process of its own needs: a store, a broker, a consumer, and cached objects.
 class Stage : public FallibleStore {
  public:
-  explicit Stage(Engine engine) : FallibleStore(engine, 0), carrier_(EventMode::Broker) {
+  explicit Stage(Engine engine) : FallibleStore(engine), carrier_(EventMode::Broker) {
     keepWhatIsAcknowledged();
     consumer_.emplace();
     ZNTopoAPI api;
@@ -189,7 +190,7 @@ class Setting {
 /// Takes the events of Setting in their order until something else comes; gives that.
 std::string behindSettings(Consumer& consumer) {
   for (int round = 0;; ++round) {
-    for (const StateKind& kind : kStates) {
+    for (std::size_t i = 0; i < std::size(kStates); ++i) {
       std::string text = consumer.next();
       if (text != "attribute " + std::to_string(valueOf(round))) return text;
     }

@@ -26,14 +26,15 @@ inline bool isStoreFailure(ZNTopoStatus status) {
 class FallibleStore {
  public:
   FallibleStore() = default;
-  FallibleStore(Engine engine, int moreNodes) { make(engine, moreNodes); }
+  explicit FallibleStore(Engine engine) { make(engine, 0); }
   ~FallibleStore() { end(); }
   FallibleStore(const FallibleStore&) = delete;
   FallibleStore& operator=(const FallibleStore&) = delete;
 
-  void make(Engine engine, int moreNodes) {
+  /// @param mostBytesOfFile no table of a server grows beyond this; 0 for no limit.
+  void make(Engine engine, int moreNodes, long mostBytesOfFile = 0) {
     if (engine == Engine::Postgres) {
-      server_.emplace();
+      server_.emplace(mostBytesOfFile);
       server_->setEnvironment();
     } else {
       disk_.emplace();

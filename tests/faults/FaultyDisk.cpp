@@ -14,6 +14,7 @@ namespace {
 constexpr int kNever = std::numeric_limits<int>::max();
 
 std::atomic<bool> isGone = false;
+std::atomic<bool> isFull = false;
 std::atomic<bool> waitsAreSkipped = false;
 std::atomic<int> firstFailingRead = kNever;
 std::atomic<int> readCount = 0;
@@ -54,6 +55,13 @@ int read(sqlite3_file* file, void* buffer, int amount, sqlite3_int64 offset) {
   return onDisk->pMethods->xRead(onDisk, buffer, amount, offset);
 }
 
+int write(sqlite3_file* file, const void* buffer, int amount, sqlite3_int64 offset) {
+  if (isGone) return SQLITE_IOERR_WRITE;
+  if (isFull) return SQLITE_FULL;
+  sqlite3_file* const onDisk = File::of(file)->onDisk();
+  return onDisk->pMethods->xWrite(onDisk, buffer, amount, offset);
+}
+
 // Where nothing can be locked nothing is read, not even what SQLite remembers.
 int lockShared(sqlite3_file* file, int first, int count, int flags) {
   if (isGone && (flags & SQLITE_SHM_LOCK) != 0) return SQLITE_IOERR_SHMLOCK;
@@ -80,7 +88,7 @@ const Methods kMethods = {
     3,
     close,
     read,
-    forward<&Methods::xWrite, SQLITE_IOERR_WRITE, const void*, int, sqlite3_int64>,
+    write,
     forward<&Methods::xTruncate, SQLITE_IOERR_TRUNCATE, sqlite3_int64>,
     forward<&Methods::xSync, SQLITE_IOERR_FSYNC, int>,
     forward<&Methods::xFileSize, SQLITE_IOERR_FSTAT, sqlite3_int64*>,
@@ -139,6 +147,8 @@ FaultyDisk::~FaultyDisk() {
 
 void FaultyDisk::unplug() { isGone = true; }
 
+void FaultyDisk::fill() { isFull = true; }
+
 void FaultyDisk::failReadsFrom(int number) {
   readCount = 0;
   firstFailingRead = number;
@@ -146,6 +156,7 @@ void FaultyDisk::failReadsFrom(int number) {
 
 void FaultyDisk::repair() {
   isGone = false;
+  isFull = false;
   failReadsFrom(kNever);
 }
 

@@ -22,6 +22,8 @@ class FaultyDisk {
   void unplug();
   /// Each reading of the store's file from the one of this number on, which counts from 1, fails.
   void failReadsFrom(int number);
+  /// From now on nothing more can be written: there is no room.
+  void fill();
   /// Everything works again.
   void repair();
 

@@ -194,6 +194,7 @@ TEST_P(SendEventTest, ATooLargeEventFailsWithTheReason) {
         attributeChange(1, ObjID(std::string(70000, 'x')))->createAndSendNotification();
     EXPECT_EQ(status.getStatus(), ZN_API_ATTR_NOTIF_GEN_ERROR);
     EXPECT_EQ(status.getAuxMsg(), "the event is too large\n");
+    clientFactory().doCleanup();
   });
 }
 

@@ -27,7 +27,7 @@ inline constexpr bool kIsSanitized = false;
 class Receiver {
  public:
   /// Of the thread's stack.
-  static constexpr std::size_t kStackSize = kIsSanitized ? 1024 << 10 : 64 << 10;
+  static constexpr std::size_t kStackSize = kIsSanitized ? 4096 << 10 : 64 << 10;
 
   explicit Receiver(std::shared_ptr<EventChannel> channel);
   ~Receiver();

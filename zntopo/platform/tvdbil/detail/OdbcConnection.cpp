@@ -175,6 +175,9 @@ DbilReturnCode OdbcConnection::commit(MessageList_t& messages) {
 }
 
 DbilReturnCode OdbcConnection::rollback(MessageList_t& messages) {
+  // A commit for which the disk had no room has ended the transaction, and the driver's rollback
+  // would fail for ever.
+  if (engine_ == &kSqlite) transactionSurvives();
   return end(messages, SQL_ROLLBACK, "the transaction is not rolled back");
 }
 
