@@ -5,7 +5,8 @@
 //
 // The store is a path or an ODBC connection string; it is made and filled if it is not there.
 // Benchmarks that empty the cache and those that want it full are better run apart, for filling it
-// takes as long as many of them.
+// takes as long as many of them. Events go through the broker that TV_EVENT_BROKER names, or round
+// inside the process.
 
 #include <benchmark/benchmark.h>
 
@@ -65,6 +66,7 @@ void describe(const Setting& setting) {
 }
 
 void registerSubjects(const Setting& setting) {
+  zntopo::bench::registerEvents(setting);
   if (setting.isColdWanted) {
     zntopo::bench::registerBulkRead(setting);
     zntopo::bench::registerGroupRead(setting);

@@ -32,7 +32,8 @@ std::string baseConfiguration(int port) {
   // As root it stays root: with another user it would lose the signal of its parent's end.
   return "listener " + std::to_string(port) + " 127.0.0.1\n" +
          (geteuid() == 0 ? "user root\n" : "") +
-         "persistence false\nmax_queued_messages 0\nmax_inflight_messages 0\n";
+         "persistence false\nmax_queued_messages 0\nmax_inflight_messages 0\n"
+         "set_tcp_nodelay true\n";
 }
 
 }  // namespace

@@ -54,6 +54,8 @@ EventError MqttLink::prepare(const BrokerSettings& settings) {
   // The version in which a broker tells who may not send.
   mosquitto_int_option(client_, MOSQ_OPT_PROTOCOL_VERSION, MQTT_PROTOCOL_V5);
   mosquitto_int_option(client_, MOSQ_OPT_SEND_MAXIMUM, kMostInFlight);
+  // Else an event waits for the broker to acknowledge the packet before it: up to 40 milliseconds.
+  mosquitto_int_option(client_, MOSQ_OPT_TCP_NODELAY, 1);
   setCallbacks();
   const BrokerName& name = settings_.name;
   if (!name.user.empty() && mosquitto_username_pw_set(client_, name.user.c_str(),
