@@ -91,7 +91,7 @@ void collect(const json& value, std::set<std::string>& names) {
 TEST_P(JsonWriterTest, TheDocumentationHasEveryMember) {
   std::set<std::string> names, documented;
   collect(sample(), names);
-  const std::string page = test::contentOf(ZNTOPO_SOURCE_DIR "/docs/export.md");
+  const std::string page = test::contentOf(test::inSourceTree("docs/export.md"));
   static const std::regex member("`([a-z0-9_]+)`");
   for (std::sregex_iterator at(page.begin(), page.end(), member), end; at != end; ++at) {
     documented.insert((*at)[1]);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/support/ConnectedStore.h"
+#include "tests/support/Places.h"
 #include "tests/support/StoreDump.h"
 #include "tools/export/StoreReader.h"
 #include "tools/import/NetworkFormat.h"
@@ -56,16 +57,16 @@ inline tools::NetworkModel networkOf(const std::string& path) {
 }
 
 inline std::string samplePath(const std::string& name = "harbor-campus.rfc8345.json") {
-  return std::string(ZNTOPO_SOURCE_DIR) + "/data/networks/" + name;
+  return inSourceTree("data/networks/" + name);
 }
 
 /// Names that break what does not escape them.
 inline const std::vector<std::string>& hostileNames() {
   static const std::vector<std::string> names = {
-      R"(quote " quote)",       R"(back\slash\N\G\l)", "<b>bold</b>",   "&amp; &lt; &",
-      "new\nline\r\n",          "it's; drop table x",  "]]> <!-- -->",  "<<table><tr>",
+      R"(quote " quote)",       R"(back\slash\N\G\l)", "<b>bold</b>",      "&amp; &lt; &",
+      "new\nline\r\n",          "it's; drop table x",  "]]> <!-- -->",     "<<table><tr>",
       "bell\x07 escape\x1b[2J", "\xff\xfe not utf-8",  "\xe2\x80\xae rtl", "\xef\xbf\xbf none",
-      "{\"json\": [1]}",        "label=\"x\"]; n9 [",  "//*#comment",  "-leading"};
+      "{\"json\": [1]}",        "label=\"x\"]; n9 [",  "//*#comment",      "-leading"};
   return names;
 }
 

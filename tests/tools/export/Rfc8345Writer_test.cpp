@@ -75,8 +75,10 @@ TEST(Rfc8345WriterTest, VlansOfOneNumberStandInNetworksOfTheirOwn) {
   ASSERT_EQ(read.model.nodes.size(), 1u);
   ASSERT_EQ(read.model.nodes[0].interfaces.size(), 2u);
   std::set<std::string> first, second;
-  for (const Index i : read.model.nodes[0].interfaces[0].vlans) first.insert(read.model.vlans[i].id);
-  for (const Index i : read.model.nodes[0].interfaces[1].vlans) second.insert(read.model.vlans[i].id);
+  for (const Index i : read.model.nodes[0].interfaces[0].vlans)
+    first.insert(read.model.vlans[i].id);
+  for (const Index i : read.model.nodes[0].interfaces[1].vlans)
+    second.insert(read.model.vlans[i].id);
   EXPECT_EQ(first, (std::set<std::string>{"first", "second"}));
   EXPECT_EQ(second, (std::set<std::string>{"third"}));
 }
@@ -112,7 +114,9 @@ TEST(Rfc8345WriterTest, HostileNamesAreReadBackWithoutWhatNamesMayNotHave) {
   for (Index i = 0; i < read.model.nodes.size(); ++i) {
     const std::string& name = network.model.nodes[i].name;
     const bool isFit = nameFault(name).empty();
-    if (isFit) EXPECT_EQ(read.model.nodes[i].name, name);
+    if (isFit) {
+      EXPECT_EQ(read.model.nodes[i].name, name);
+    }
     EXPECT_EQ(nameFault(read.model.nodes[i].name), "") << i;
     EXPECT_EQ(read.model.nodes[i].id, network.model.nodes[i].id);
   }

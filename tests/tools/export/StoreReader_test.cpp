@@ -59,8 +59,12 @@ TEST_P(StoreReaderTest, NodesComeByNameWithWhatTheyAre) {
   EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
   ASSERT_EQ(network.traits.size(), names.size());
   for (Index i = 0; i < names.size(); ++i) {
-    if (names[i] == "border-1") EXPECT_TRUE(network.traits[i].isRouter);
-    if (names[i] == "access-1") EXPECT_TRUE(network.traits[i].isSwitch);
+    if (names[i] == "border-1") {
+      EXPECT_TRUE(network.traits[i].isRouter);
+    }
+    if (names[i] == "access-1") {
+      EXPECT_TRUE(network.traits[i].isSwitch);
+    }
     if (names[i] == "customs-printer") {
       EXPECT_FALSE(network.traits[i].isRouter || network.traits[i].isSwitch);
     }
