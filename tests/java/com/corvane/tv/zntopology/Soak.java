@@ -218,7 +218,7 @@ final class Soak {
     addRare();
     List<String> rare = CALLS.keySet().stream().filter(name -> !often.contains(name)).toList();
 
-    long warmUp = calls / 2;
+    long warmUp = calls * 2 / 3;
     runAll(often, rare, warmUp);
     long warm = residentKilobytes();
     runAll(often, rare, calls - warmUp);
@@ -227,7 +227,7 @@ final class Soak {
     long made = COUNTS.values().stream().mapToLong(AtomicLong::get).sum();
     System.out.println(
         made + " calls of " + COUNTS.size() + " natives from " + THREADS + " threads; "
-            + warm + " kB after the first half, " + grown + " kB more at the end");
+            + warm + " kB after two thirds, " + grown + " kB more at the end");
     if (made != calls || COUNTS.size() != 44
         || COUNTS.values().stream().anyMatch(count -> count.get() == 0)) {
       System.err.println("Soak: not every native was called: " + COUNTS);
