@@ -26,16 +26,14 @@ class ArgumentsTest : public JvmTest {
         found, jni->GetStaticFieldID(found, name, ("L" + path(type) + ";").c_str()));
   }
   void set(jobject filter, const char* method, const std::string& descriptor, jvalue value) {
-    jmethodID const id =
-        jni->GetMethodID(jni->GetObjectClass(filter), method, descriptor.c_str());
+    jmethodID const id = jni->GetMethodID(jni->GetObjectClass(filter), method, descriptor.c_str());
     jni->CallVoidMethodA(filter, id, &value);
     ASSERT_FALSE(jni->ExceptionCheck());
   }
   void setText(jobject filter, const char* method, const std::string& text) {
     set(filter, method, "(Ljava/lang/String;)V", {.l = newJavaText(jni, text)});
   }
-  void setConstant(jobject filter, const char* method, const std::string& type,
-                   const char* name) {
+  void setConstant(jobject filter, const char* method, const std::string& type, const char* name) {
     set(filter, method, "(L" + path(type) + ";)V", {.l = constant(type, name)});
   }
 };
@@ -76,12 +74,11 @@ TEST_F(ArgumentsTest, EachFieldOfAFilterCrossesButCapabilities) {
   EXPECT_EQ(filter.getPrefixLength(), 48);
   EXPECT_TRUE(filter.isFieldIgnored(ZNTopoFilter::F_Capability));
   EXPECT_TRUE(filter.isFieldIgnored(ZNTopoFilter::F_ExCapability));
-  EXPECT_EQ(log.lines(),
-            (std::vector<std::string>{
-                "Filter RegexName Set! \n", "Filter RegexAddressString Set! \n",
-                "Filter IPLevel Set! \n", "EntityType Filter Set! \n", "Filter V6ScopeType Set \n",
-                "Filter AddressType Set! \n", "Filter PrefixLength Set! \n",
-                "Filter PrefixAddressString Set! \n"}));
+  EXPECT_EQ(log.lines(), (std::vector<std::string>{
+                             "Filter RegexName Set! \n", "Filter RegexAddressString Set! \n",
+                             "Filter IPLevel Set! \n", "EntityType Filter Set! \n",
+                             "Filter V6ScopeType Set \n", "Filter AddressType Set! \n",
+                             "Filter PrefixLength Set! \n", "Filter PrefixAddressString Set! \n"}));
 }
 
 TEST_F(ArgumentsTest, ANullValueOfAFilterSetsNothing) {
@@ -123,16 +120,15 @@ TEST_F(ArgumentsTest, AnObjectFieldIsSetByItsNameAndDescriptor) {
   const CapturedLog log(MC_CRITICAL);
   jobject const info = make("ZorbTopoInfo");
   const char* const text = "Ljava/lang/String;";
-  EXPECT_EQ(
-      javaNativeSetInstanceObject(env, info, "topologyState", newJavaText(jni, "up"), text), 0);
+  EXPECT_EQ(javaNativeSetInstanceObject(env, info, "topologyState", newJavaText(jni, "up"), text),
+            0);
   std::string value;
   EXPECT_EQ(javaNativeGetInstanceString(env, info, "topologyState", value), 0);
   EXPECT_EQ(value, "up");
   EXPECT_EQ(javaNativeSetInstanceObject(env, info, "none", nullptr, text), -1);
   EXPECT_EQ(javaNativeSetInstanceObject(env, nullptr, "none", nullptr, text), -1);
-  EXPECT_EQ(log.lines(),
-            (std::vector<std::string>{"Error in GetFieldID() - Ljava/lang/String; \n",
-                                      "Error in GetObjectClass() - none \n"}));
+  EXPECT_EQ(log.lines(), (std::vector<std::string>{"Error in GetFieldID() - Ljava/lang/String; \n",
+                                                   "Error in GetObjectClass() - none \n"}));
 }
 
 TEST_F(ArgumentsTest, AnArrayOfIdentifiersIsASetOrAList) {

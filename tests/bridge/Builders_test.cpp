@@ -24,8 +24,8 @@ class BuildersTest : public JvmTest {
 };
 
 ZNEntity entityOf(const ObjID& id, EntityType type) {
-  return ZNEntity(id, "", ObjID(), "name", "", type, ObjectStatus(), ObjectStatus(),
-                  ObjectStatus(), ObjectStatus(), 1, 2, 3, 4, ZNEntity::IPv4, ActiveDB);
+  return ZNEntity(id, "", ObjID(), "name", "", type, ObjectStatus(), ObjectStatus(), ObjectStatus(),
+                  ObjectStatus(), 1, 2, 3, 4, ZNEntity::IPv4, ActiveDB);
 }
 
 TEST_F(BuildersTest, ANullIdentifierIsMadeWithoutAText) {
@@ -72,8 +72,7 @@ TEST_F(BuildersTest, AnEmptyListIsAnEmptyCollectionOfItsClass) {
 TEST_F(BuildersTest, AnAddressOfAnotherTypeIsANullInTheList) {
   const ZNRefPtr<ZNAddress> physical(new PhysicalAddress("00:11"));
   const ZNRefPtr<ZNAddress> ipv4(new InetAddressIPv4("10.0.0.1", ActiveDB));
-  EXPECT_EQ(shown(createAddressList(env, {physical, ipv4, {}}, nullptr)),
-            "[null, 10.0.0.1, null]");
+  EXPECT_EQ(shown(createAddressList(env, {physical, ipv4, {}}, nullptr)), "[null, 10.0.0.1, null]");
 }
 
 TEST_F(BuildersTest, AMonitoredAddressWrapsThePlainOne) {
@@ -148,14 +147,43 @@ TEST_F(BuildersTest, ManyInterfacesNeedFewLocalReferences) {
   std::list<ZNRefPtr<ZNInterface>> interfaces;
   for (int i = 0; i < 100000; ++i) {
     const ObjID id(i + 1);
-    interfaces.push_back(new ZNInterface(entityOf(id, E_Interface),
-                                         {record(id, "n1", "far", "n2")}));
+    interfaces.push_back(
+        new ZNInterface(entityOf(id, E_Interface), {record(id, "n1", "far", "n2")}));
   }
   const LocalRef<> list = createInterfaceList(env, interfaces, nullptr);
   jclass const type = jni->GetObjectClass(list.get());
   EXPECT_EQ(jni->CallIntMethod(list.get(), jni->GetMethodID(type, "size", "()I")), 100000);
   ASSERT_FALSE(jni->ExceptionCheck());
   // What the checks of the JVM say of references is looked at when the test ends.
+}
+
+TEST_F(BuildersTest, AnAuditTrailHasItsActionsInTheirOrder) {
+  const ZNRefPtr<ZNAuditTrail> trail(new ZNAuditTrail("n1", E_Node));
+  trail->addAuditAction(ZNAuditAction(12, ZNAuditAction::ObjectCreation, 0, "first"));
+  trail->addAuditAction(
+      ZNAuditAction(34, ZNAuditAction::AssociationChange, ZNAuditAction::L2Connection, "second"));
+  EXPECT_EQ(
+      shown(createAuditTrailList(env, {trail, {}})),
+      "[ZorbAuditTrail[objID=n1, objectType=E_NODE, actions=["
+      "ZorbAuditAction[time=12, type=OBJECT_CREATION, detailType=NOT_APPLICABLE, info=first], "
+      "ZorbAuditAction[time=34, type=ASSOCIATION_CHANGE, detailType=L2_CONNECTION, "
+      "info=second]]]]");
+}
+
+TEST_F(BuildersTest, AStateHasItsNumberAndItsTime) {
+  EXPECT_EQ(
+      shown(createTopologyState(env, ZNTopologyState(ZNTopologyState::READY, 1234567890123L, {}))),
+      "TopologyState[state=0, changeTime=1234567890123]");
+}
+
+TEST_F(BuildersTest, IdentifiersAreAppendedToAListAndToNothingElse) {
+  const LocalRef<> list = createObjIDList(env, {ObjID("before")});
+  populateObjIDList(env, {ObjID("x"), ObjID("y")}, list.get());
+  EXPECT_EQ(shown(list), "[before, x, y]");
+  const LocalRef<> set = createObjIDSet(env, {});
+  populateObjIDList(env, {ObjID("x")}, set.get());
+  populateObjIDList(env, {ObjID("x")}, nullptr);
+  EXPECT_EQ(shown(set), "[]");
 }
 
 TEST_F(BuildersTest, CountsBecomeTwoArrays) {

@@ -48,26 +48,38 @@ class ConstantsTest : public JvmTest {
 };
 
 TEST_F(ConstantsTest, EachEnumerationHasTheNumbersOfTheLibrary) {
-  EXPECT_EQ(constantsOf("EntityType"),
-            (Numbers{{"E_UNKNOWN", E_Unknown}, {"E_NODE", E_Node}, {"E_INTERFACE", E_Interface},
-                     {"E_LOGICAL_INTERFACE", E_LogicalInterface}, {"E_VLAN", E_Vlan},
-                     {"E_CARD", E_Card}, {"E_PSU", E_PSU}, {"E_SUBNET", E_Subnet},
-                     {"E_MODULE", E_Module}, {"E_MESH", E_Mesh}, {"E_HSRP", E_HSRP},
-                     {"E_IFC", E_IfC}, {"E_ADDRESS", E_Address}}));
-  EXPECT_EQ(constantsOf("ObjectStatus"),
-            (Numbers{{"NO_STATUS", ObjectStatus::NoStatus}, {"NORMAL", ObjectStatus::Normal},
-                     {"UNKNOWN", ObjectStatus::Unknown}, {"WARNING", ObjectStatus::Warning},
-                     {"MARGINAL", ObjectStatus::Marginal}, {"MAJOR", ObjectStatus::Major},
-                     {"CRITICAL", ObjectStatus::Critical}, {"UNMANAGED", ObjectStatus::Unmanaged},
-                     {"RESTRICTED", ObjectStatus::Restricted}, {"TESTING", ObjectStatus::Testing},
-                     {"DISABLED", ObjectStatus::Disabled}}));
+  EXPECT_EQ(constantsOf("EntityType"), (Numbers{{"E_UNKNOWN", E_Unknown},
+                                                {"E_NODE", E_Node},
+                                                {"E_INTERFACE", E_Interface},
+                                                {"E_LOGICAL_INTERFACE", E_LogicalInterface},
+                                                {"E_VLAN", E_Vlan},
+                                                {"E_CARD", E_Card},
+                                                {"E_PSU", E_PSU},
+                                                {"E_SUBNET", E_Subnet},
+                                                {"E_MODULE", E_Module},
+                                                {"E_MESH", E_Mesh},
+                                                {"E_HSRP", E_HSRP},
+                                                {"E_IFC", E_IfC},
+                                                {"E_ADDRESS", E_Address}}));
+  EXPECT_EQ(constantsOf("ObjectStatus"), (Numbers{{"NO_STATUS", ObjectStatus::NoStatus},
+                                                  {"NORMAL", ObjectStatus::Normal},
+                                                  {"UNKNOWN", ObjectStatus::Unknown},
+                                                  {"WARNING", ObjectStatus::Warning},
+                                                  {"MARGINAL", ObjectStatus::Marginal},
+                                                  {"MAJOR", ObjectStatus::Major},
+                                                  {"CRITICAL", ObjectStatus::Critical},
+                                                  {"UNMANAGED", ObjectStatus::Unmanaged},
+                                                  {"RESTRICTED", ObjectStatus::Restricted},
+                                                  {"TESTING", ObjectStatus::Testing},
+                                                  {"DISABLED", ObjectStatus::Disabled}}));
   EXPECT_EQ(constantsOf("IPLevel"), (Numbers{{"ALL_PROTOCOL", ZNEntity::AllProtocol},
                                              {"IPV4", ZNEntity::IPv4},
                                              {"IPV6", ZNEntity::IPv6}}));
-  EXPECT_EQ(constantsOf("SnmpState"),
-            (Numbers{{"RESPONDING", RESPONDING}, {"NOT_RESPONDING", NOT_RESPONDING},
-                     {"UNREACHABLE", UNREACHABLE}, {"AGENT_DOWN", AGENT_DOWN},
-                     {"DISABLED", SnmpState::Disabled}}));
+  EXPECT_EQ(constantsOf("SnmpState"), (Numbers{{"RESPONDING", RESPONDING},
+                                               {"NOT_RESPONDING", NOT_RESPONDING},
+                                               {"UNREACHABLE", UNREACHABLE},
+                                               {"AGENT_DOWN", AGENT_DOWN},
+                                               {"DISABLED", SnmpState::Disabled}}));
   EXPECT_EQ(constantsOf("PingState"), (Numbers{{"PING_RESPONDING", Ping_Responding},
                                                {"PING_NOT_RESPONDING", Ping_NotResponding},
                                                {"PING_UNREACHABLE", Ping_Unreachable},
@@ -75,40 +87,52 @@ TEST_F(ConstantsTest, EachEnumerationHasTheNumbersOfTheLibrary) {
                                                {"PING_DISABLED", Ping_Disabled}}));
   EXPECT_EQ(constantsOf("IFAdminStatus"),
             (Numbers{{"UP", Up}, {"DOWN", Down}, {"TESTING", Testing}}));
-  EXPECT_EQ(constantsOf("IFOperStatus"),
-            (Numbers{{"UP", up}, {"DOWN", down}, {"TESTING", testing}, {"UNKNOWN", unknown},
-                     {"DORMANT", dormant}, {"NOT_PRESENT", notPresent},
-                     {"LOWER_LAYER_DOWN", lowerLayerDown}}));
+  EXPECT_EQ(constantsOf("IFOperStatus"), (Numbers{{"UP", up},
+                                                  {"DOWN", down},
+                                                  {"TESTING", testing},
+                                                  {"UNKNOWN", unknown},
+                                                  {"DORMANT", dormant},
+                                                  {"NOT_PRESENT", notPresent},
+                                                  {"LOWER_LAYER_DOWN", lowerLayerDown}}));
   using Hsrp = ZNHSRPAddressInfo;
-  EXPECT_EQ(constantsOf("ZorbHSRPState"),
-            (Numbers{{"INITIAL", Hsrp::Initial}, {"LEARN", Hsrp::Learn}, {"LISTEN", Hsrp::Listen},
-                     {"SPEAK", Hsrp::Speak}, {"STAND_BY", Hsrp::StandBy},
-                     {"ACTIVE", Hsrp::Active}, {"MISC_STATE", Hsrp::MiscState},
-                     {"UNAVAILABLE", Hsrp::Unavailable}, {"NO_RESPONSE", Hsrp::NoResponse}}));
+  EXPECT_EQ(constantsOf("ZorbHSRPState"), (Numbers{{"INITIAL", Hsrp::Initial},
+                                                   {"LEARN", Hsrp::Learn},
+                                                   {"LISTEN", Hsrp::Listen},
+                                                   {"SPEAK", Hsrp::Speak},
+                                                   {"STAND_BY", Hsrp::StandBy},
+                                                   {"ACTIVE", Hsrp::Active},
+                                                   {"MISC_STATE", Hsrp::MiscState},
+                                                   {"UNAVAILABLE", Hsrp::Unavailable},
+                                                   {"NO_RESPONSE", Hsrp::NoResponse}}));
 }
 
 TEST_F(ConstantsTest, EachEnumerationOfAddressesHasTheNumbersOfTheLibrary) {
-  EXPECT_EQ(constantsOf("AddressType"),
-            (Numbers{{"UNKNOWN", ZNAddress::Unknown}, {"IPV4", ZNAddress::IPv4},
-                     {"IPV6", ZNAddress::IPv6}, {"PHYSICAL", ZNAddress::Physical},
-                     {"ID_NAME", ZNAddress::IDName}, {"FDN", ZNAddress::FDN},
-                     {"DNS", ZNAddress::DNS}}));
+  EXPECT_EQ(constantsOf("AddressType"), (Numbers{{"UNKNOWN", ZNAddress::Unknown},
+                                                 {"IPV4", ZNAddress::IPv4},
+                                                 {"IPV6", ZNAddress::IPv6},
+                                                 {"PHYSICAL", ZNAddress::Physical},
+                                                 {"ID_NAME", ZNAddress::IDName},
+                                                 {"FDN", ZNAddress::FDN},
+                                                 {"DNS", ZNAddress::DNS}}));
   EXPECT_EQ(constantsOf("IPv6ScopeType"), (Numbers{{"UNKNOWN", InetAddressIPv6::Unknown},
                                                    {"LINK_LOCAL", InetAddressIPv6::LinkLocal},
                                                    {"SITE_LOCAL", InetAddressIPv6::SiteLocal},
                                                    {"GLOBAL", InetAddressIPv6::Global}}));
   using Monitored = MonitoredInetAddressIPv6;
-  EXPECT_EQ(constantsOf("IPv6NetToMediaState"),
-            (Numbers{{"REACHABLE", Monitored::Reachable}, {"STALE", Monitored::Stale},
-                     {"DELAY", Monitored::Delay}, {"PROBE", Monitored::Probe},
-                     {"INVALID", Monitored::Invalid}, {"UNKNOWN", Monitored::Unknown}}));
+  EXPECT_EQ(constantsOf("IPv6NetToMediaState"), (Numbers{{"REACHABLE", Monitored::Reachable},
+                                                         {"STALE", Monitored::Stale},
+                                                         {"DELAY", Monitored::Delay},
+                                                         {"PROBE", Monitored::Probe},
+                                                         {"INVALID", Monitored::Invalid},
+                                                         {"UNKNOWN", Monitored::Unknown}}));
   EXPECT_EQ(constantsOf("IPv6AddrStatus"),
-            (Numbers{{"PREFERRED", Monitored::Preferred}, {"DEPRECATED", Monitored::Deprecated},
+            (Numbers{{"PREFERRED", Monitored::Preferred},
+                     {"DEPRECATED", Monitored::Deprecated},
                      {"INACCESSIBLE", Monitored::Inaccessible},
                      {"UNKNOWN", Monitored::UnknownIPv6AddrStatus}}));
-  EXPECT_EQ(constantsOf("IPv6AddrType"),
-            (Numbers{{"STATELESS", Monitored::Stateless}, {"STATEFUL", Monitored::Stateful},
-                     {"UNKNOWN", Monitored::UnknownIPv6AddrType}}));
+  EXPECT_EQ(constantsOf("IPv6AddrType"), (Numbers{{"STATELESS", Monitored::Stateless},
+                                                  {"STATEFUL", Monitored::Stateful},
+                                                  {"UNKNOWN", Monitored::UnknownIPv6AddrType}}));
 }
 
 TEST_F(ConstantsTest, EachEnumerationOfChangesHasTheNumbersOfTheLibrary) {
@@ -132,24 +156,26 @@ TEST_F(ConstantsTest, EachEnumerationOfChangesHasTheNumbersOfTheLibrary) {
                      {"SUBNET_ADDRESS_ASSOCIATION", Action::SubnetAddressAssociation},
                      {"HSRP_ADDRESS_CHANGE", Action::HSRPAddressChange},
                      {"HSRP_ADDRESS_ADD_OR_DELETE", Action::HSRPAddressAddOrDelete}}));
-  EXPECT_EQ(constantsOf("TopologyAttributeType"),
-            (Numbers{{"HSRP_STATE", HSRP_State}, {"HSRP_CERTAINTY", HSRP_Certainity},
-                     {"IF_ADMIN_STATUS", IfAdmin_Status}, {"IF_OPER_STATUS", IfOper_Status},
-                     {"PING_STATE", Ping_State}, {"SNMP_STATE", Snmp_State},
-                     {"HSRP_PRIORITY", HSRP_Priority}}));
-  EXPECT_EQ(constantsOf("EntityStatusType"),
-            (Numbers{{"IPV6_OVERALL", ZNEntity::IPv6Overall},
-                     {"IPV6_LINK_LOCAL", ZNEntity::IPv6LinkLocal},
-                     {"IPV6_SITE_LOCAL", ZNEntity::IPv6SiteLocal},
-                     {"IPV6_GLOBAL", ZNEntity::IPv6Global},
-                     {"IPV4_OVERALL", ZNEntity::IPv4Overall}, {"OVERALL", ZNEntity::Overall}}));
+  EXPECT_EQ(constantsOf("TopologyAttributeType"), (Numbers{{"HSRP_STATE", HSRP_State},
+                                                           {"HSRP_CERTAINTY", HSRP_Certainity},
+                                                           {"IF_ADMIN_STATUS", IfAdmin_Status},
+                                                           {"IF_OPER_STATUS", IfOper_Status},
+                                                           {"PING_STATE", Ping_State},
+                                                           {"SNMP_STATE", Snmp_State},
+                                                           {"HSRP_PRIORITY", HSRP_Priority}}));
+  EXPECT_EQ(constantsOf("EntityStatusType"), (Numbers{{"IPV6_OVERALL", ZNEntity::IPv6Overall},
+                                                      {"IPV6_LINK_LOCAL", ZNEntity::IPv6LinkLocal},
+                                                      {"IPV6_SITE_LOCAL", ZNEntity::IPv6SiteLocal},
+                                                      {"IPV6_GLOBAL", ZNEntity::IPv6Global},
+                                                      {"IPV4_OVERALL", ZNEntity::IPv4Overall},
+                                                      {"OVERALL", ZNEntity::Overall}}));
 }
 
 TEST_F(ConstantsTest, EachStatusHasTheNameAndTheTextOfTheLibrary) {
   setenv("LANG", "C", 1);
   jclass const type = jni->FindClass("com/corvane/tv/zntopology/TopoStatusCode");
-  jmethodID const of = jni->GetStaticMethodID(
-      type, "of", "(I)Lcom/corvane/tv/zntopology/TopoStatusCode;");
+  jmethodID const of =
+      jni->GetStaticMethodID(type, "of", "(I)Lcom/corvane/tv/zntopology/TopoStatusCode;");
   jmethodID const textOf = jni->GetStaticMethodID(type, "textOf", "(I)Ljava/lang/String;");
   int known = 0;
   for (int number = -1; number < 100; ++number) {
@@ -169,10 +195,9 @@ TEST_F(ConstantsTest, EachStatusHasTheNameAndTheTextOfTheLibrary) {
 TEST_F(ConstantsTest, EachRowOfTheTablesFitsTheClassLibrary) {
   using namespace zntopo::bridge;
   for (const JavaType& type : kJavaTypes) {
-    const std::string path =
-        std::string(type.name).find('/') != std::string::npos
-            ? type.name
-            : std::string("com/corvane/tv/zntopology/") + type.name;
+    const std::string path = std::string(type.name).find('/') != std::string::npos
+                                 ? type.name
+                                 : std::string("com/corvane/tv/zntopology/") + type.name;
     const LocalRef<jclass> found(jni, jni->FindClass(path.c_str()));
     ASSERT_TRUE(found) << path;
     if (type.constructor == nullptr) continue;
@@ -181,8 +206,7 @@ TEST_F(ConstantsTest, EachRowOfTheTablesFitsTheClassLibrary) {
     jni->ExceptionClear();
   }
   for (std::size_t method = 0; method < M_Count; ++method) {
-    EXPECT_NE(env.lookUp(static_cast<JavaMethodID>(method)), nullptr)
-        << kJavaMethods[method].name;
+    EXPECT_NE(env.lookUp(static_cast<JavaMethodID>(method)), nullptr) << kJavaMethods[method].name;
     jni->ExceptionClear();
   }
 }

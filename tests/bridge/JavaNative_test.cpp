@@ -32,7 +32,7 @@ TEST_F(JavaNativeTest, FieldsAreSetByTheirNames) {
             0);
   EXPECT_EQ(jni->GetLongField(info, fieldOf(info, "myNumNode", "J")), 1LL << 40);
   EXPECT_EQ(javaNativeSetInstanceStringNoCodesetOrDeleteAndException(jni, "I", info,
-                                                                    "topologyState", "é"),
+                                                                     "topologyState", "é"),
             0);
   EXPECT_EQ(shown(jni->GetObjectField(info, fieldOf(info, "topologyState", "Ljava/lang/String;"))),
             "é");
@@ -40,8 +40,7 @@ TEST_F(JavaNativeTest, FieldsAreSetByTheirNames) {
   EXPECT_EQ(javaNativeSetInstanceBooleanOrDeleteAndException(jni, "C", configuration,
                                                              "enableTopoCache", false),
             0);
-  EXPECT_FALSE(
-      jni->GetBooleanField(configuration, fieldOf(configuration, "enableTopoCache", "Z")));
+  EXPECT_FALSE(jni->GetBooleanField(configuration, fieldOf(configuration, "enableTopoCache", "Z")));
 }
 
 TEST_F(JavaNativeTest, ArraysAreSetByTheirNames) {
@@ -77,7 +76,7 @@ TEST_F(JavaNativeTest, AFieldThatIsNotThereIsAnExceptionThatNamesItAndTheClass) 
       0);
   EXPECT_EQ(raised(), "java.lang.IllegalStateException: Could not set the field myNumNode of Info");
   EXPECT_NE(javaNativeSetInstanceStringNoCodesetOrDeleteAndException(jni, "Info", nullptr,
-                                                                    "topologyState", "x"),
+                                                                     "topologyState", "x"),
             0);
   EXPECT_EQ(raised(),
             "java.lang.IllegalStateException: Could not set the field topologyState of Info");

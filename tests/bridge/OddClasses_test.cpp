@@ -44,11 +44,10 @@ TEST_F(OddClassesTest, AConstructorThatIsMissingIsLoggedAndNull) {
 TEST_F(OddClassesTest, WhatIsMissingInOneElementIsLeftOutOfTheList) {
   const ZNRefPtr<ZNConnData> link = record("si", "sn", "di", "dn");
   EXPECT_EQ(shown(createConnDataList(env, {link, link})), "[]");
-  EXPECT_EQ(log.lines(),
-            (Lines{"Unable to access ZorbConnData in createConnData! \n",
-                   "Failed to create ZorbConnData in createConnDataList \n",
-                   "Unable to access ZorbConnData in createConnData! \n",
-                   "Failed to create ZorbConnData in createConnDataList \n"}));
+  EXPECT_EQ(log.lines(), (Lines{"Unable to access ZorbConnData in createConnData! \n",
+                                "Failed to create ZorbConnData in createConnDataList \n",
+                                "Unable to access ZorbConnData in createConnData! \n",
+                                "Failed to create ZorbConnData in createConnDataList \n"}));
 }
 
 TEST_F(OddClassesTest, ACacheWithoutItsMethodsMakesNothing) {
@@ -90,8 +89,7 @@ TEST_F(OddClassesTest, AFilterWithoutItsMethodsSetsNothing) {
   ZNTopoFilter filter;
   EXPECT_TRUE(populateFilter(env, make("TopoFilter"), filter));
   EXPECT_TRUE(filter.isFieldIgnored(ZNTopoFilter::F_IPLevel));
-  EXPECT_EQ(log.lines(),
-            Lines{"Unable to access TopoFilter Methods in populateTopoFilter()! \n"});
+  EXPECT_EQ(log.lines(), Lines{"Unable to access TopoFilter Methods in populateTopoFilter()! \n"});
 }
 
 }  // namespace

@@ -92,8 +92,7 @@ TEST_P(PathDocumentTest, NothingIsEscapedAndAnElementThatIsNullIsLeftOut) {
 
 TEST_P(PathDocumentTest, AFailureHasItsNumberAndItsTextAndNoPath) {
   const Path path{madeInterface("i1", "gone")};
-  const std::string document =
-      pathDocument("GETL2PATH", "a", "b", {ZN_API_NO_PATH, "more"}, &path);
+  const std::string document = pathDocument("GETL2PATH", "a", "b", {ZN_API_NO_PATH, "more"}, &path);
   EXPECT_THAT(document, HasSubstr("\n<ERROR_CODE>19</ERROR_CODE>\n<ERROR_MSG>"));
   EXPECT_THAT(document, Not(HasSubstr("<NODE>")));
   EXPECT_THAT(document, Not(HasSubstr("more")));

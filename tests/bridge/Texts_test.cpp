@@ -25,14 +25,19 @@ TEST_F(JavaTextTest, ACharacterBeyondTheBasicPlaneIsAPair) {
 }
 
 TEST_F(JavaTextTest, WhatIsNotUtf8IsReplaced) {
-  EXPECT_EQ(thereAndBack("a\xFF" "b"), "a\xEF\xBF\xBD" "b");
+  EXPECT_EQ(thereAndBack("a\xFF"
+                         "b"),
+            "a\xEF\xBF\xBD"
+            "b");
   EXPECT_EQ(thereAndBack("\xF0\x9F\x8C"), "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
 TEST_F(JavaTextTest, HalfOfAPairIsReplaced) {
   const jchar half[] = {'a', 0xD83C, 'b'};
   const bridge::LocalRef<jstring> text(jni, jni->NewString(half, 3));
-  EXPECT_EQ(nativeText(jni, text.get()), "a\xEF\xBF\xBD" "b");
+  EXPECT_EQ(nativeText(jni, text.get()),
+            "a\xEF\xBF\xBD"
+            "b");
 }
 
 TEST_F(JavaTextTest, NullIsAnEmptyText) { EXPECT_EQ(nativeText(jni, nullptr), ""); }

@@ -37,9 +37,7 @@ inline JNIEnv* startJvm() {
 /// pending.
 class JvmTest : public testing::Test {
  protected:
-  JvmTest() : jni(startJvm()), frame_(jni), env(jni) {
-    testing::internal::CaptureStdout();
-  }
+  JvmTest() : jni(startJvm()), frame_(jni), env(jni) { testing::internal::CaptureStdout(); }
   ~JvmTest() override {
     const std::string output = testing::internal::GetCapturedStdout();
     if (HasFailure()) std::cout << output;

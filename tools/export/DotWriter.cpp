@@ -31,11 +31,11 @@ struct StatusLook {
 /// A state that is not here looks like the last one. What is not normal is written into the node
 /// too, and the worse it is the thicker is the line around it.
 constexpr StatusLook kStatusLooks[] = {
-    {"normal", kGreen, "white", 1},       {"warning", kYellow, "black", 1},
-    {"marginal", kYellow, "black", 2},    {"major", kOrange, "black", 3},
+    {"normal", kGreen, "white", 1},        {"warning", kYellow, "black", 1},
+    {"marginal", kYellow, "black", 2},     {"major", kOrange, "black", 3},
     {"critical", kVermillion, "white", 4}, {"testing", kSkyBlue, "black", 1},
-    {"unmanaged", kWhite, "black", 1},    {"restricted", kWhite, "black", 1},
-    {"disabled", kWhite, "black", 1},     {"unknown", kGrey, "black", 1}};
+    {"unmanaged", kWhite, "black", 1},     {"restricted", kWhite, "black", 1},
+    {"disabled", kWhite, "black", 1},      {"unknown", kGrey, "black", 1}};
 
 const StatusLook& lookOf(const std::string& status) {
   for (const StatusLook& one : kStatusLooks) {
@@ -98,8 +98,7 @@ class Writer {
     const NodeModel& node = model_.nodes[index];
     const std::string status = statusName(node);
     const StatusLook& look = lookOf(status);
-    const std::string second =
-        status.empty() || status == "normal" ? "" : "\\n" + dotText(status);
+    const std::string second = status.empty() || status == "normal" ? "" : "\\n" + dotText(status);
     const bool isOnPath = pathNodes_.contains(index);
     out_ << "  n" << index + 1 << " [label=\"" << dotText(node.name) << second << "\", id=\""
          << dotText(node.id) << "\", shape=" << shapeOf(kindOf(network_.traits[index]))
@@ -173,13 +172,14 @@ class Writer {
       kinds.insert(kindOf(network_.traits[i]));
       states.insert(statusName(model_.nodes[i]));
     }
-    out_ << "  subgraph cluster_legend {\n    graph [label=\"\", color=\"#999999\", style=rounded];\n"
+    out_ << "  subgraph cluster_legend {\n    graph [label=\"\", color=\"#999999\", "
+            "style=rounded];\n"
          << "    node [fontsize=9, margin=\"0.08,0.03\", height=0.25];\n";
     std::vector<std::string> names;
     for (const NodeKind kind : kinds) {
       names.push_back("legend" + std::to_string(names.size() + 1));
-      out_ << "    " << names.back() << " [label=\"" << kindName(kind) << "\", shape="
-           << shapeOf(kind) << ", fillcolor=white];\n";
+      out_ << "    " << names.back() << " [label=\"" << kindName(kind)
+           << "\", shape=" << shapeOf(kind) << ", fillcolor=white];\n";
     }
     for (const StatusLook& look : kStatusLooks) {
       if (!states.contains(look.status)) continue;

@@ -25,9 +25,9 @@ struct DotStyle {
   std::string layout = {};
 };
 
-/// Writes a network as a graph for Graphviz. Nodes are called n1, n2 ...; their labels have the names,
-/// their attributes "id" the identifiers. Shapes tell the kinds of nodes, colours and words their
-/// states.
+/// Writes a network as a graph for Graphviz. Nodes are called n1, n2 ...; their labels have the
+/// names, their attributes "id" the identifiers. Shapes tell the kinds of nodes, colours and words
+/// their states.
 void writeDot(const StoredNetwork& network, const DotStyle& style, std::ostream& out);
 
 /// A text as it stands between double quotes, and is drawn as it is: no escape, no entity and no

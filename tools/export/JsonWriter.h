@@ -6,8 +6,8 @@
 
 namespace zntopo::tools {
 
-/// Writes a network as JSON for programs that want it without the rules of a standard; docs/export.md
-/// has every member. Objects refer to each other by identifier.
+/// Writes a network as JSON for programs that want it without the rules of a standard;
+/// docs/export.md has every member. Objects refer to each other by identifier.
 void writeNetworkJson(const StoredNetwork& network, std::ostream& out);
 
 }  // namespace zntopo::tools

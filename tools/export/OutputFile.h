@@ -6,8 +6,8 @@
 
 namespace zntopo::tools {
 
-/// Throws a ToolError for a file that is there, unless it may be replaced, and for a folder: what can
-/// be said of a name before there is anything to write.
+/// Throws a ToolError for a file that is there, unless it may be replaced, and for a folder: what
+/// can be said of a name before there is anything to write.
 void requireWritable(const std::string& path, bool mayReplace);
 
 /// Writes a file that is there as a whole or not at all: what the writer makes goes into a new file

@@ -39,7 +39,8 @@ Json meshesJson(const NetworkModel& model, const Names& names) {
   const std::vector<std::string> ids = namesOf(model.meshes);
   for (Index i = 0; i < model.meshes.size(); ++i) {
     Json to = begin("mesh-id", ids[i], model.meshes[i], kNameWidth);
-    for (const EndPoint& end : model.meshes[i].members) to["member"].push_back(names.reference(end));
+    for (const EndPoint& end : model.meshes[i].members)
+      to["member"].push_back(names.reference(end));
     list.push_back(std::move(to));
   }
   return list;

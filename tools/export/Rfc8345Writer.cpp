@@ -94,7 +94,8 @@ class Writer {
       const char* between = "\n";
       for (const auto& [name, list] : attributes.items()) {
         out_ << between << lineOf(name) << ": [";
-        for (std::size_t i = 0; i < list.size(); ++i) out_ << (i > 0 ? ",\n" : "\n") << lineOf(list[i]);
+        for (std::size_t i = 0; i < list.size(); ++i)
+          out_ << (i > 0 ? ",\n" : "\n") << lineOf(list[i]);
         out_ << "\n]";
         between = ",\n";
       }

@@ -52,13 +52,13 @@ class Details {
     if (isWhole_) {
       for (const ObjID& id : allMeshes()) members[id.toString()];
     }
-    forEachRow<Containment>(
-        connection_, "ContainedNodeObjId", part(nodes_), [&](const ReadRow<Containment>& row) {
-          if (row.number("ContainerType") != static_cast<int>(E_Mesh)) return;
-          auto& mesh = members[row.text("ContainerObjID")];
-          const auto end = index_.interfaces.find(row.text("ContainedObjID"));
-          if (end != index_.interfaces.end()) mesh.push_back(end->second);
-        });
+    forEachRow<Containment>(connection_, "ContainedNodeObjId", part(nodes_),
+                            [&](const ReadRow<Containment>& row) {
+                              if (row.number("ContainerType") != static_cast<int>(E_Mesh)) return;
+                              auto& mesh = members[row.text("ContainerObjID")];
+                              const auto end = index_.interfaces.find(row.text("ContainedObjID"));
+                              if (end != index_.interfaces.end()) mesh.push_back(end->second);
+                            });
     for (auto& [id, ends] : members) {
       std::sort(ends.begin(), ends.end());
       MeshModel mesh;

@@ -47,8 +47,8 @@ inline std::vector<std::set<ObjID>> batchesOf(const std::set<std::string>& ids, 
 /// the index has.
 class GroupReader {
  public:
-  GroupReader(ZNTopoAPI& api, TvDbil::DbConnection_t& connection, bool isWhole,
-              NetworkModel& model, StoreIndex& index)
+  GroupReader(ZNTopoAPI& api, TvDbil::DbConnection_t& connection, bool isWhole, NetworkModel& model,
+              StoreIndex& index)
       : api_(api), connection_(connection), isWhole_(isWhole), model_(model), index_(index) {}
 
   /// The wanted ones are not looked at for a whole store.

@@ -44,11 +44,13 @@ struct FeatureBit {
   NodeFeature feature;
   unsigned long capability;
 };
-constexpr FeatureBit kFeatureBits[] = {
-    {SpeaksOspf, NodeCapability::OSPF},          {SpeaksBgp, NodeCapability::BGP},
-    {SpeaksCdp, NodeCapability::CDP},            {SpeaksStp, NodeCapability::STP},
-    {SpeaksSnmp, NodeCapability::SnmpSupported}, {IsMultiHomed, NodeCapability::MultiHome},
-    {IsWireless, NodeCapability::Wireless}};
+constexpr FeatureBit kFeatureBits[] = {{SpeaksOspf, NodeCapability::OSPF},
+                                       {SpeaksBgp, NodeCapability::BGP},
+                                       {SpeaksCdp, NodeCapability::CDP},
+                                       {SpeaksStp, NodeCapability::STP},
+                                       {SpeaksSnmp, NodeCapability::SnmpSupported},
+                                       {IsMultiHomed, NodeCapability::MultiHome},
+                                       {IsWireless, NodeCapability::Wireless}};
 
 /// What a row tells of the monitoring of an IPv6 address.
 std::optional<MonitoringModel> monitoringOf(const ReadRow<Address>& row) {
@@ -111,8 +113,8 @@ class Reader {
                                                 ZNEntity::AllProtocol, -1);
     requireOk(status);
     for (const auto& node : *nodes) addNode(*node);
-    const auto interfaces = topologyGateway().getInterfacesByNodeObjIDList(
-        ActiveDB, {ids.begin(), ids.end()}, status);
+    const auto interfaces =
+        topologyGateway().getInterfacesByNodeObjIDList(ActiveDB, {ids.begin(), ids.end()}, status);
     requireOk(status);
     if (!interfaces) return;
     for (const auto& interface : *interfaces) addInterface(*interface);

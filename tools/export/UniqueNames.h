@@ -17,8 +17,8 @@ class UniqueNames {
  public:
   explicit UniqueNames(std::size_t width = kNameWidth) : width_(width) {}
 
-  /// The name as it is told if nobody has it; else the identifier; else the name with a number. Never
-  /// empty.
+  /// The name as it is told if nobody has it; else the identifier; else the name with a number.
+  /// Never empty.
   std::string take(const std::string& name, const std::string& id = "");
 
  private:

@@ -25,8 +25,7 @@ StoredNetwork read(Session& session, const ExportOptions& options, Answer& answe
   StoreScope scope;
   if (options.part.isNeighbourhood()) {
     ZNTopoAPIStatus status;
-    scope =
-        neighbourhood(session, options.part.node, options.part.hops, kAllNodes, status);
+    scope = neighbourhood(session, options.part.node, options.part.hops, kAllNodes, status);
   }
   if (options.part.isPath()) {
     scope = nodesOf(requirePath(session, options.part.path, answer));
@@ -94,7 +93,8 @@ void addOptions(CLI::App& command, ExportOptions& options) {
       ->type_name("FORMAT")
       ->check(CLI::IsMember(names))
       ->capture_default_str();
-  addPartOptions(command, options.part, "Only the layer-2 path from here, as \"zntopo path\" finds it");
+  addPartOptions(command, options.part,
+                 "Only the layer-2 path from here, as \"zntopo path\" finds it");
   command.get_option("--node")->excludes(command.get_option("--from"));
   auto* const output =
       command.add_option("--output", options.output, "A new file (otherwise standard output)")

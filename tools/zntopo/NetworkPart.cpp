@@ -13,9 +13,9 @@ void addOnce(std::vector<ObjID>& ids, const ObjID& id) {
 }  // namespace
 
 void addPartOptions(CLI::App& command, PartOptions& options, const std::string& aboutPath) {
-  auto* const node = addNameArgument(command, "--node", options.node, "node",
-                                     "Only what is around this node")
-                         ->type_name("NODE");
+  auto* const node =
+      addNameArgument(command, "--node", options.node, "node", "Only what is around this node")
+          ->type_name("NODE");
   addLimit(command, "--hops", options.hops, "How far around it")->needs(node);
   auto* const from =
       addNameArgument(command, "--from", options.path.from, "node", aboutPath)->type_name("A");

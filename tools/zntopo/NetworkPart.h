@@ -26,8 +26,9 @@ struct PartOptions {
 /// subcommand does with a path.
 void addPartOptions(CLI::App& command, PartOptions& options, const std::string& aboutPath);
 
-/// The nodes within some hops of a node, the node itself among them, the nearest first. Of more than
-/// maxNodes nodes the status is ZN_API_INCOMPLETE_NEIGHBOR_INFO, and some of them are left out.
+/// The nodes within some hops of a node, the node itself among them, the nearest first. Of more
+/// than maxNodes nodes the status is ZN_API_INCOMPLETE_NEIGHBOR_INFO, and some of them are left
+/// out.
 std::vector<ObjID> neighbourhood(Session& session, const std::string& node, int hops, int maxNodes,
                                  ZNTopoAPIStatus& status);
 

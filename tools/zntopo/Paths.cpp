@@ -8,8 +8,9 @@ namespace {
 
 using InterfaceList = ZNTopoAPI::OwnedInterfaceList;
 
-InterfaceList pathBetweenNodes(Session& session, const PathQuestion& question, const NamedNode& from,
-                               const NamedNode& to, ZNTopoAPIStatus& status) {
+InterfaceList pathBetweenNodes(Session& session, const PathQuestion& question,
+                               const NamedNode& from, const NamedNode& to,
+                               ZNTopoAPIStatus& status) {
   return session.api().getL2PathBetweenNodes(from.id(), to.id(), question.maxHops, status,
                                              ZNAddress::IPv4, question.crossRouters);
 }

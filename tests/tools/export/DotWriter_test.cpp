@@ -56,7 +56,8 @@ TEST(DotWriterTest, InterfacesAreNamedOnRequestAndAPathIsBold) {
   const StoredNetwork network = twoNodes();
   EXPECT_THAT(textOf(network), Not(HasSubstr("label=\"port of one")));
   const std::string text = textOf(network, {.hasInterfaces = true, .path = {{0, 0}, {1, 0}}});
-  EXPECT_THAT(text, HasSubstr("label=\"port of one\\nport of two\", color=\"#0072B2\", penwidth=5"));
+  EXPECT_THAT(text,
+              HasSubstr("label=\"port of one\\nport of two\", color=\"#0072B2\", penwidth=5"));
 }
 
 TEST(DotWriterTest, HostileNamesStayWithinTheirQuotes) {

@@ -75,8 +75,8 @@ TEST_P(CliExportTest, AFileThatIsThereStaysUnlessForced) {
   EXPECT_EQ(refused.status, 1);
   EXPECT_THAT(refused.err, HasSubstr("replace it with --force"));
   EXPECT_EQ(content("file"), before);
-  EXPECT_EQ(
-      zntopoRun({"export", "--format", "dot", "--output", place("file"), "--force"}).status, 0);
+  EXPECT_EQ(zntopoRun({"export", "--format", "dot", "--output", place("file"), "--force"}).status,
+            0);
   EXPECT_THAT(content("file"), StartsWith("graph zntopo {"));
 }
 
