@@ -118,6 +118,37 @@ Answer keysOf(const Ask& ask) {
   return keysOf(status, *result);
 }
 
+/// No item, only how it went.
+inline Answer done(const ZNTopoAPIStatus& status) { return {status.getStatus(), {}}; }
+
+// Objects to ask: those of the desk, or fetched anew.
+
+inline ZNRefPtr<ZNNode> nodeOf(const Desk& desk, const ZNRefPtr<ZNNode>& shared,
+                               const std::string& id) {
+  ZNTopoAPIStatus status;
+  return shared.isNull() ? desk.api.getNodeByObjID(ObjID(id), status) : shared;
+}
+inline ZNRefPtr<ZNNode> hubOf(const Desk& desk) {
+  return nodeOf(desk, desk.hub, nodeID(Part::Hub));
+}
+inline ZNRefPtr<ZNNode> leafOf(const Desk& desk) {
+  return nodeOf(desk, desk.leaf, nodeID(Part::Leaf));
+}
+
+/// The hub's interface to the first leaf.
+inline ZNRefPtr<ZNInterface> interfaceOf(const Desk& desk) {
+  ZNTopoAPIStatus status;
+  return desk.interface.isNull()
+             ? desk.api.getInterfaceByObjID(ObjID(downID(Part::Leaf, 1)), status)
+             : desk.interface;
+}
+/// Its address.
+inline ZNRefPtr<ZNAddress> addressOf(const Desk& desk) {
+  ZNTopoAPIStatus status;
+  return desk.address.isNull() ? desk.api.getAddressByObjID(ObjID(hubAddressID(1)), status)
+                               : desk.address;
+}
+
 inline std::set<ObjID> leafIDs(const Size& size) {
   std::set<ObjID> ids;
   for (int i = 1; i <= size.leaves; ++i) ids.insert(ObjID(nodeID(Part::Leaf, i)));

@@ -6,27 +6,6 @@
 namespace zntopo::test {
 namespace {
 
-ZNRefPtr<ZNNode> nodeOf(const Desk& desk, const ZNRefPtr<ZNNode>& shared, const std::string& id) {
-  ZNTopoAPIStatus status;
-  return shared.isNull() ? desk.api.getNodeByObjID(ObjID(id), status) : shared;
-}
-ZNRefPtr<ZNNode> hubOf(const Desk& desk) { return nodeOf(desk, desk.hub, nodeID(Part::Hub)); }
-ZNRefPtr<ZNNode> leafOf(const Desk& desk) { return nodeOf(desk, desk.leaf, nodeID(Part::Leaf)); }
-
-/// The hub's interface to the first leaf.
-ZNRefPtr<ZNInterface> interfaceOf(const Desk& desk) {
-  ZNTopoAPIStatus status;
-  return desk.interface.isNull()
-             ? desk.api.getInterfaceByObjID(ObjID(downID(Part::Leaf, 1)), status)
-             : desk.interface;
-}
-/// Its address.
-ZNRefPtr<ZNAddress> addressOf(const Desk& desk) {
-  ZNTopoAPIStatus status;
-  return desk.address.isNull() ? desk.api.getAddressByObjID(ObjID(hubAddressID(1)), status)
-                               : desk.address;
-}
-
 const ZNTopoAPIStatus kOK;
 constexpr Cost kInterfaces = kStatement + kAddresses;
 

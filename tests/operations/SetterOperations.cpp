@@ -8,8 +8,6 @@
 namespace zntopo::test {
 namespace {
 
-Answer done(const ZNTopoAPIStatus& status) { return {status.getStatus(), {}}; }
-
 /// One of two values, the other one than the last time: some setters write what is new alone.
 /// Neither is what the network begins with, nor what other operations set.
 template <typename Value>
@@ -18,22 +16,6 @@ Value other(Value first, Value second) {
   return count++ % 2 == 0 ? first : second;
 }
 
-ZNRefPtr<ZNNode> leafOf(const Desk& desk) {
-  ZNTopoAPIStatus status;
-  return desk.leaf.isNull() ? desk.api.getNodeByObjID(ObjID(nodeID(Part::Leaf)), status)
-                            : desk.leaf;
-}
-ZNRefPtr<ZNInterface> interfaceOf(const Desk& desk) {
-  ZNTopoAPIStatus status;
-  return desk.interface.isNull()
-             ? desk.api.getInterfaceByObjID(ObjID(downID(Part::Leaf, 1)), status)
-             : desk.interface;
-}
-ZNRefPtr<ZNAddress> addressOf(const Desk& desk) {
-  ZNTopoAPIStatus status;
-  return desk.address.isNull() ? desk.api.getAddressByObjID(ObjID(hubAddressID(1)), status)
-                               : desk.address;
-}
 ZNRefPtr<ZNHSRP> groupOf(const Desk& desk) {
   ZNTopoAPIStatus status;
   std::set<ObjID> notFound;

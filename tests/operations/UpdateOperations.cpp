@@ -6,9 +6,6 @@
 namespace zntopo::test {
 namespace {
 
-/// No item, only how it went.
-Answer done(const ZNTopoAPIStatus& status) { return {status.getStatus(), {}}; }
-
 const ObjID& leaf() {
   static const ObjID theID(nodeID(Part::Leaf));
   return theID;
