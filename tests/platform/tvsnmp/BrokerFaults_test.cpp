@@ -119,6 +119,43 @@ TEST_F(BrokerFaultsTest, TheEndOfASessionDoesNotWaitLongForAFrozenBroker) {
   EXPECT_LT(Clock::now() - start, std::chrono::seconds(60));
 }
 
+/// Why the broker does not have all that was sent on a session, as its end tells.
+std::string whyUnsent(OpenSession session) {
+  TVsnmpErrno = 0;
+  session.reset();
+  return TVsnmpErrString(TVsnmpErrno);
+}
+
+TEST_F(BrokerFaultsTest, TheEndOfASessionTellsWhetherTheBrokerHasAll) {
+  startBroker();
+  OpenSession session = openSession("");
+  ASSERT_TRUE(session);
+  EXPECT_EQ(whyUnsent(openSession("")), "no error");
+  ASSERT_EQ(sendNumber(session, 60001102, 1), EventError::None);
+  EXPECT_EQ(whyUnsent(std::move(session)), "no error");
+  session = openSession("");
+  broker_->freeze();
+  ASSERT_EQ(sendNumber(session, 60001102, 1), EventError::None);
+  EXPECT_EQ(whyUnsent(std::move(session)), "the event broker does not answer");
+  broker_->thaw();
+  session = openSession(kTwo);
+  broker_->crash();
+  ASSERT_EQ(next(session), "the event broker was lost");
+  EXPECT_EQ(sendNumber(session, 60001102, 1), EventError::Lost);
+  EXPECT_EQ(whyUnsent(std::move(session)), "the event broker was lost");
+}
+
+TEST_F(BrokerFaultsTest, TheEndOfASessionTellsThatItMayNotSend) {
+  const Scratch scratch;
+  startBroker("allow_anonymous true\nacl_file " + scratch.write("acl", "topic read tv/event/#\n") +
+              "\n");
+  OpenSession session = openSession("");
+  ASSERT_TRUE(session);
+  ASSERT_EQ(sendNumber(session, 60001102, 3), EventError::None);
+  EXPECT_EQ(whyUnsent(std::move(session)),
+            "the event broker refuses the session; look at its users and access lists");
+}
+
 TEST_F(BrokerFaultsTest, ABrokerThatTakesNothingMakesSendingFailBeforeMemoryDoes) {
   startBroker();
   OpenSession session = openSession("");

@@ -44,6 +44,7 @@ class LoopChannel : public Channel {
     }
     return EventError::None;
   }
+  EventError finish() override { return EventError::None; }
 
  private:
   const Subscription subscription_;

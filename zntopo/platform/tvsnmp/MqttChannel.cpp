@@ -17,20 +17,27 @@ class MqttChannel : public Channel {
  public:
   explicit MqttChannel(std::shared_ptr<MqttLink> link, std::thread thread)
       : link_(std::move(link)), thread_(std::move(thread)) {}
-  ~MqttChannel() override {
-    link_->close(kClosePatience);
-    thread_.join();
-  }
+  ~MqttChannel() override { end(); }
   MqttChannel(const MqttChannel&) = delete;
   MqttChannel& operator=(const MqttChannel&) = delete;
 
   EventError send(unsigned event, std::string_view bytes) override {
     return link_->send(event, bytes);
   }
+  EventError finish() override { return end(); }
 
  private:
+  EventError end() {
+    if (thread_.joinable()) {
+      result_ = link_->close(kClosePatience);
+      thread_.join();
+    }
+    return result_;
+  }
+
   const std::shared_ptr<MqttLink> link_;
   std::thread thread_;
+  EventError result_ = EventError::None;
 };
 
 }  // namespace

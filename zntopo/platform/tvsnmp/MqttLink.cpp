@@ -123,6 +123,7 @@ void MqttLink::acknowledged(int answer) {
     end(EventError::Refused);
   }
   const std::lock_guard hold(mutex_);
+  if (answer >= kFirstRefusal) notSent(EventError::Refused);
   if (unacknowledged_.empty()) return;
   bytes_ -= unacknowledged_.front();
   unacknowledged_.pop_front();
@@ -198,8 +199,8 @@ EventError MqttLink::awaitReady(std::chrono::seconds patience) {
 EventError MqttLink::send(unsigned event, std::string_view bytes) {
   {
     const std::lock_guard hold(mutex_);
-    if (phase_ == Phase::Ended) return error_;
-    if (bytes_ + bytes.size() > kMostUnacknowledged) return EventError::Stalled;
+    if (phase_ == Phase::Ended) return notSent(error_);
+    if (bytes_ + bytes.size() > kMostUnacknowledged) return notSent(EventError::Stalled);
     bytes_ += bytes.size();
     unacknowledged_.push_back(bytes.size());
   }
@@ -207,28 +208,39 @@ EventError MqttLink::send(unsigned event, std::string_view bytes) {
                                        static_cast<int>(bytes.size()), bytes.data(), kQos, false);
   wake();
   if (result == MOSQ_ERR_SUCCESS) return EventError::None;
+  const std::lock_guard hold(mutex_);
   forget(bytes.size());
-  return result == MOSQ_ERR_OVERSIZE_PACKET ? EventError::TooLarge : EventError::Lost;
+  return notSent(result == MOSQ_ERR_OVERSIZE_PACKET ? EventError::TooLarge : EventError::Lost);
+}
+
+EventError MqttLink::notSent(EventError error) {
+  if (unsent_ == EventError::None) unsent_ = error;
+  return error;
 }
 
 void MqttLink::forget(std::size_t size) {
-  const std::lock_guard hold(mutex_);
   const auto last = std::find(unacknowledged_.rbegin(), unacknowledged_.rend(), size);
   if (last == unacknowledged_.rend()) return;
   bytes_ -= size;
   unacknowledged_.erase(std::next(last).base());
 }
 
-void MqttLink::close(std::chrono::seconds patience) {
+EventError MqttLink::close(std::chrono::seconds patience) {
+  EventError unsent = EventError::None;
   {
     std::unique_lock hold(mutex_);
     changed_.wait_for(hold, patience,
                       [this] { return phase_ == Phase::Ended || unacknowledged_.empty(); });
+    if (!unacknowledged_.empty()) {
+      notSent(phase_ == Phase::Ended ? error_ : EventError::NoAnswer);
+    }
+    unsent = unsent_;
     isClosing_ = true;
     leaveBy_ = Clock::now() + kFarewell;
   }
   mosquitto_disconnect(client_);
   wake();
+  return unsent;
 }
 
 void MqttLink::abandon() {

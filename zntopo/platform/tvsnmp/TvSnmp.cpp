@@ -122,7 +122,12 @@ SNMPPdu* TVsnmpRecv(SNMPSession* session) {
   return pdu;
 }
 
-void TVsnmpClose(SNMPSession* session) { delete static_cast<tvsnmp::Session*>(session); }
+void TVsnmpClose(SNMPSession* session) {
+  const std::unique_ptr<tvsnmp::Session> open(static_cast<tvsnmp::Session*>(session));
+  if (!open) return;
+  const EventError unsent = open->channel->finish();
+  if (unsent != EventError::None) tvsnmp::failed(unsent);
+}
 
 char* TVsnmpOidToStr(const TVsnmpArc* oid, int length, char* buffer, int bufferSize) {
   if (buffer == nullptr || bufferSize < 1) return nullptr;

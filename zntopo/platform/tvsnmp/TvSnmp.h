@@ -92,7 +92,8 @@ SNMPPdu* TVsnmpRecv(SNMPSession* session);
 void TVsnmpFreePdu(SNMPPdu* pdu);
 
 /// Waits 5 seconds at most until the broker has what was sent, ends the session and frees it.
-/// Whoever polls another descriptor of the same socket wakes. Null does nothing.
+/// Whoever polls another descriptor of the same socket wakes. If the broker does not have all that
+/// was to be sent, TVsnmpErrno tells why. Null does nothing.
 void TVsnmpClose(SNMPSession* session);
 
 /// Writes an identifier as ".1.3.6", cut to the buffer, and returns the buffer; null for a null

@@ -13,12 +13,15 @@ namespace tvsnmp {
 class EventPipe;
 
 /// What carries the events of one session: it sends, and appends what comes to the session's pipe,
-/// which outlives it. Its destructor waits for a bounded time until all is sent.
+/// which outlives it. Its destructor finishes it.
 class Channel {
  public:
   virtual ~Channel() = default;
   /// Never waits. May be called by several threads at once.
   virtual EventError send(unsigned event, std::string_view bytes) = 0;
+  /// Ends the channel: waits for a bounded time until all is sent, and tells why some of what was
+  /// to be sent is not. Nothing is sent afterwards.
+  virtual EventError finish() = 0;
 };
 
 /// Which events a channel brings, and where to.

@@ -33,8 +33,9 @@ class MqttLink {
   /// Waits until the broker has accepted the session and its subscriptions.
   EventError awaitReady(std::chrono::seconds patience);
   EventError send(unsigned event, std::string_view bytes);
-  /// Waits until all is acknowledged, at most so long, and makes serve() end.
-  void close(std::chrono::seconds patience);
+  /// Waits until all is acknowledged, at most so long, and makes serve() end. Tells why the broker
+  /// does not have all that was to be sent; None if it has.
+  EventError close(std::chrono::seconds patience);
   /// Nothing is appended to the pipe from now on.
   void abandon();
 
@@ -54,6 +55,8 @@ class MqttLink {
   void end(EventError error);
   /// What an end without a word of the broker means.
   EventError reasonOf(int result);
+  /// Remembers the first failure of what was to be sent.
+  EventError notSent(EventError error);
   void forget(std::size_t size);
   void wake() const;
 
@@ -71,6 +74,7 @@ class MqttLink {
   std::chrono::steady_clock::time_point leaveBy_;
   std::deque<std::size_t> unacknowledged_;  // sizes, in the order of sending
   std::size_t bytes_ = 0;
+  EventError unsent_ = EventError::None;  // why not all of it got to the broker
 };
 
 }  // namespace tvsnmp
