@@ -13,6 +13,7 @@
 
 #include "tests/platform/tvsnmp/SessionSupport.h"
 #include "tests/support/EventBroker.h"
+#include "tests/support/Eventually.h"
 #include "tests/support/FakeCacheOwner.h"
 #include "tests/support/FreshProcess.h"
 #include "zntopo/notify/SessionManagementNotification.h"
@@ -55,16 +56,6 @@ class Carrier {
 
 inline TopoNotificationClientFactory& clientFactory() {
   return *TopoNotificationClientFactory::instance();
-}
-
-/// Waits until something holds; false if it does not within a minute.
-inline bool eventually(const std::function<bool()>& holds) {
-  const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
-  while (!holds()) {
-    if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  }
-  return true;
 }
 
 inline Notification attributeChange(int value, const ObjID& id = ObjID("node-1")) {
