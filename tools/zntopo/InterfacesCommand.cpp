@@ -32,6 +32,9 @@ void interfaces(const Context& context, const InterfacesOptions& options, Answer
   answer.json["node"] = named.node->getName();
   answer.json["node_id"] = named.id();
   const auto list = interfacesOf(*named.node);
+  if (list.size() < rowCount(session, "nwinterface where NodeObjID = ?", {named.id()})) {
+    answer.status = incompleteness(session, "nwinterface");
+  }
   interfaceListing(session, {list.begin(), list.end()}, *named.node)
       .fill(answer, "interfaces", "interface");
 }

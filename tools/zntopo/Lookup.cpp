@@ -201,6 +201,27 @@ std::map<std::string, ZNRefPtr<ZNAddress>> addressesById(Session& session, const
   return byId(addressList(session, ids), &ZNAddress::getAddressID);
 }
 
+ZNTopoAPIStatus incompleteness(Session& session, const std::string& table) {
+  constexpr std::size_t most = 10;
+  const auto rows =
+      selectTexts(session.connection(),
+                  "select ObjId from " + table +
+                      " where EntityName is null or EntityName = '' or IPLevel is null",
+                  1, {});
+  if (rows.empty()) return {};
+  std::string text = "The list is not complete: the library reads no further than a row of " +
+                     table + " without a name or an IP level. Put that right in";
+  for (std::size_t i = 0; i < rows.size() && i < most; ++i) text += "\n  " + rows[i].front();
+  return Failure(ZN_API_SQL_FETCH_ERROR, text + (rows.size() > most ? "\n  ..." : "")).status();
+}
+
+std::size_t rowCount(Session& session, const std::string& rows,
+                     const std::vector<std::string>& parameters) {
+  const auto counted =
+      selectTexts(session.connection(), "select count(*) from " + rows, 1, parameters);
+  return static_cast<std::size_t>(wholeNumber(counted.at(0).at(0)).value_or(0));
+}
+
 std::map<std::string, std::string> namesById(Session& session, const std::string& table,
                                              const Identifiers& ids) {
   const std::vector<std::string> texts = ids.texts();

@@ -69,6 +69,14 @@ std::map<std::string, ZNRefPtr<ZNAddress>> addressesById(Session& session, const
 /// these come from its row.
 std::vector<ZNRefPtr<ZNAddress>> addressList(Session& session, const Identifiers& ids);
 
+/// What keeps a list of nodes or interfaces from being complete, which has fewer objects than it
+/// should have: rows of the table without a name or an IP level, behind which the library reads no
+/// further. OK if there is none.
+ZNTopoAPIStatus incompleteness(Session& session, const std::string& table);
+/// How many rows there are: of a table, or of those that meet a condition behind its name.
+std::size_t rowCount(Session& session, const std::string& rows,
+                     const std::vector<std::string>& parameters = {});
+
 /// The names of objects, by identifier text, from the names in a table.
 std::map<std::string, std::string> namesById(Session& session, const std::string& table,
                                              const Identifiers& ids);

@@ -110,11 +110,20 @@ std::vector<ZNRefPtr<ZNNode>> allNodes(Session& session, int ipLevel) {
   return {list->begin(), list->end()};
 }
 
+/// How many nodes are read, if all can be: of all nodes not fewer than those of one level.
+std::size_t expectedNodes(Session& session, const Selection& selection) {
+  if (selection.hasCondition()) return selection.ids().texts().size();
+  return rowCount(session, "nwnode");
+}
+
 void nodes(const Context& context, const NodesOptions& options, Answer& answer) {
   Session session(context, Session::Load::NodesAlone);
   const Selection selection = selected(session, options);
   auto nodes = selection.hasCondition() ? nodeList(session, selection.ids())
                                         : allNodes(session, options.ipLevel);
+  if (nodes.size() < expectedNodes(session, selection)) {
+    answer.status = incompleteness(session, "nwnode");
+  }
   if (!options.name.empty()) {
     std::erase_if(nodes, [pattern = NamePattern(options.name)](const ZNRefPtr<ZNNode>& node) {
       return !pattern.matchesEntity(*node);

@@ -260,6 +260,24 @@ TEST_P(CliAnswersTest, AddressesThatCantBeReadAreAFailureWithItsReason) {
   EXPECT_THAT(result.err, HasSubstr("address"));
 }
 
+TEST_P(CliAnswersTest, AListThatARowWithoutANameCutsShortIsAFailureThatNamesTheRow) {
+  const std::string id = answerOf({"node", "core-1"})["node"]["id"];
+  executeOn(store(), "update nwnode set EntityName = '' where ObjId = '" + id + "'");
+  const CliResult nodes = zntopoRun({"nodes", "--json"});
+  EXPECT_EQ(nodes.status, 1);
+  EXPECT_EQ(nodes.json()["status"]["name"], "ZN_API_SQL_FETCH_ERROR");
+  EXPECT_LT(nodes.json()["nodes"].size(), 24U);
+  EXPECT_THAT(nodes.err, HasSubstr("The list is not complete"));
+  EXPECT_THAT(nodes.err, HasSubstr("\n  " + id + "\n"));
+  // What does not reach for the row is whole.
+  EXPECT_EQ(zntopoRun({"nodes", "--name", "access-*"}).status, 0);
+  executeOn(store(), "update nwinterface set EntityName = null where NodeName = 'access-1'");
+  const CliResult interfaces = zntopoRun({"interfaces", "access-1"});
+  EXPECT_EQ(interfaces.status, 1);
+  EXPECT_THAT(interfaces.err, HasSubstr("a row of nwinterface without a name"));
+  EXPECT_EQ(zntopoRun({"interfaces", "access-2"}).status, 0);
+}
+
 TEST_P(CliAnswersTest, LogLinesNeverMixWithAnswers) {
   const CliResult quiet = zntopoRun({"path", "crane-4-plc", "customs-printer", "--json"});
   const CliResult loud =
