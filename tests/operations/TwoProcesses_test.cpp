@@ -40,8 +40,7 @@ void fillStore(TestStore& store) {
                                {"state", 6},
                                {"HSRPStateCertainty", 100}});
   for (const ObjID& id : {kLeft, kRight}) {
-    store.insert("nwifc",
-                 {{"ObjId", id.toString()}, {"EntityName", "container"}});
+    store.insert("nwifc", {{"ObjId", id.toString()}, {"EntityName", "container"}});
   }
   store.insert("nwifcasc", {{"LeftIFContainerObjID", kLeft.toString()},
                             {"RightIFContainerObjID", kRight.toString()},
@@ -71,8 +70,7 @@ ZNRefPtr<ZNHSRP> group() {
 ZNRefPtr<ZNIfcAssocInfo> association() {
   ZNTopoAPIStatus status;
   std::set<ObjID> notFound;
-  const auto containers =
-      ZNTopoAPI().getIfcsByObjIDList({kLeft}, notFound, status, false, -1);
+  const auto containers = ZNTopoAPI().getIfcsByObjIDList({kLeft}, notFound, status, false, -1);
   return containers->front()->getAllIfcAssocInfos().front();
 }
 
@@ -131,8 +129,8 @@ const Step kSteps[] = {
      "status of 1: Normal to Major", cachedNode, "Normal 0", "Major 0"},
     {[] { return node()->setSnmpState(AGENT_DOWN, true); }, "attribute 5 of 1: 3", cachedNode,
      "Major 0", "Major 3"},
-    {[] { return interface()->setIfAdminStatus(IfAdminStatus::Down, true); },
-     "attribute 2 of 2: 2", cachedInterface, "1 1", "2 1"},
+    {[] { return interface()->setIfAdminStatus(IfAdminStatus::Down, true); }, "attribute 2 of 2: 2",
+     cachedInterface, "1 1", "2 1"},
     {[] { return interface()->setIfOperStatus(lowerLayerDown, true); }, "attribute 3 of 2: 7",
      cachedInterface, "2 1", "2 7"},
     {[] { return address()->setPingState(Ping_NotResponding, true); }, "attribute 4 of 25: 1",

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <grp.h>
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,6 +13,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "tests/support/Eventually.h"
 #include "tests/support/Places.h"
 #include "tests/support/StoreDump.h"
 #include "tools/network/StoreStatement.h"
@@ -148,6 +150,37 @@ CliResult zntopoRun(const std::vector<std::string>& arguments,
 
 CliResult zntopoRunAsNobody(const std::vector<std::string>& arguments) {
   return run(arguments, {}, geteuid() == 0 ? User::Nobody : User::Self);
+}
+
+RunningCli::RunningCli(const std::vector<std::string>& arguments,
+                       const std::vector<std::string>& environment)
+    : pid_(start(arguments, environment, folder_.path("out"), folder_.path("err"))) {}
+
+RunningCli::RunningCli(const std::vector<std::string>& arguments, const std::string& output)
+    : pid_(start(arguments, {}, output, folder_.path("err"))) {}
+
+RunningCli::~RunningCli() {
+  if (pid_ < 0) return;
+  kill(pid_, SIGKILL);
+  await(pid_);
+}
+
+bool RunningCli::awaitOut(const std::string& text) const {
+  return eventually([&] { return out().find(text) != std::string::npos; });
+}
+
+bool RunningCli::awaitErr(const std::string& text) const {
+  return eventually([&] { return err().find(text) != std::string::npos; });
+}
+
+void RunningCli::signal(int number) const { kill(pid_, number); }
+
+CliResult RunningCli::finish() {
+  int status = 0;
+  const bool hasEnded = eventually([&] { return waitpid(pid_, &status, WNOHANG) == pid_; });
+  if (!hasEnded) throw std::runtime_error("zntopo does not end");
+  pid_ = -1;
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out(), err()};
 }
 
 nlohmann::json answerOf(std::vector<std::string> call) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/Scratch.h"
 #include "tests/support/TestEngine.h"
 
 /// @file
@@ -32,6 +33,31 @@ CliResult zntopoRun(const std::vector<std::string>& arguments,
 CliResult zntopoRunOnTerminal(const std::vector<std::string>& arguments);
 /// The same as a user who may do nothing that is not allowed to all, if this process may do all.
 CliResult zntopoRunAsNobody(const std::vector<std::string>& arguments);
+
+/// zntopo at work: a call that goes on until it is told to stop. At the end it is gone.
+class RunningCli {
+ public:
+  explicit RunningCli(const std::vector<std::string>& arguments,
+                      const std::vector<std::string>& environment = {});
+  /// The same with a file, or a pipe with a name, as its standard output.
+  RunningCli(const std::vector<std::string>& arguments, const std::string& output);
+  ~RunningCli();
+  RunningCli(const RunningCli&) = delete;
+  RunningCli& operator=(const RunningCli&) = delete;
+
+  std::string out() const { return folder_.read("out"); }
+  std::string err() const { return folder_.read("err"); }
+  /// Waits until a text has been written; false if that does not come about within a minute.
+  bool awaitOut(const std::string& text) const;
+  bool awaitErr(const std::string& text) const;
+  void signal(int number) const;
+  /// What it has left; waits for its end, a minute at most.
+  CliResult finish();
+
+ private:
+  Scratch folder_;
+  pid_t pid_ = -1;
+};
 
 /// What a call answers in JSON; it must succeed.
 nlohmann::json answerOf(std::vector<std::string> call);

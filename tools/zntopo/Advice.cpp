@@ -12,8 +12,11 @@ constexpr const char* kNoServer =
 constexpr const char* kBadFile =
     "The file of the store can't be read: see to its disk, or put a copy in its place.";
 constexpr const char* kNotAllowed =
-    "The store can't be written by this user: see who may write its file and folder, or ask the "
-    "owner of its tables.";
+    "The store can't be written by this user: see who may write its file and folder.";
+constexpr const char* kNoRole =
+    "The store does not let this user do that. On PostgreSQL members of the role zntopo_reader may "
+    "ask, members of zntopo_state_writer may change states too (\"zntopo set\"), and the owner of "
+    "the tables may do all (docs/stores.md).";
 constexpr const char* kOtherTables =
     "The tables of the store are not those that this version reads (docs/schema.md): it takes a "
     "new "
@@ -42,7 +45,7 @@ constexpr Sign kSigns[] = {
     {"disk I/O error", kBadFile},
     {"database disk image is malformed", kBadFile},
     {"readonly database", kNotAllowed},
-    {"SQLSTATE 42501", kNotAllowed},
+    {"SQLSTATE 42501", kNoRole},
     {"no such column", kOtherTables},
     {"no such table", kOtherTables},
     {"SQLSTATE 42703", kOtherTables},

@@ -31,9 +31,20 @@ void printError(const ZNTopoAPIStatus& status) {
   print(adviceOn(status));
 }
 
-std::string dump(const Json& json) {
+/// @param indent the blanks of a level; none for one line.
+std::string dump(const Json& json, int indent) {
   // The store may hold bytes that are no UTF-8.
-  return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+  return json.dump(indent, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+/// What goes to standard output.
+std::string output(const Context& context, const Answer& answer) {
+  Json json = Json::object({{"status", statusJson(answer.status)}});
+  if (answer.isStream) {
+    return context.isJson && !answer.status.isOK() ? jsonLine(json) : "";
+  }
+  json.update(answer.json);
+  return context.isJson ? dump(json, 2) : printableLines(answer.text);
 }
 
 }  // namespace
@@ -80,6 +91,8 @@ void addJsonOption(CLI::App& command, Context& context) {
   command.add_flag("--json", context.isJson, "Answer in JSON");
 }
 
+std::string jsonLine(const Json& json) { return dump(json, -1); }
+
 Json statusJson(const ZNTopoAPIStatus& status) {
   Json json;
   json["code"] = static_cast<int>(status.getStatus());
@@ -107,13 +120,11 @@ void answer(Context& context, Answer answer, const std::function<void(Answer&)>&
     answer.status = Failure(ZN_API_INTERNAL_ERROR, error.what()).status();
   }
   if (!answer.status.isOK()) {
-    context.exitStatus = ExitFailure;
+    context.exitStatus = answer.exitOnFailure;
     printError(answer.status);
   }
   print(answer.note);
-  Json json = Json::object({{"status", statusJson(answer.status)}});
-  json.update(answer.json);
-  if (!context.answers.write(context.isJson ? dump(json) : printableLines(answer.text))) {
+  if (!context.answers.write(output(context, answer))) {
     std::cerr << "zntopo: the answer could not be written\n";
     context.exitStatus = ExitFailure;
   }

@@ -18,7 +18,13 @@ namespace zntopo::tools {
 using Json = nlohmann::ordered_json;
 
 /// Exit statuses of the command.
-enum ExitStatus : int { ExitAnswer = 0, ExitFailure = 1, ExitWrongCall = 2 };
+enum ExitStatus : int {
+  ExitAnswer = 0,
+  ExitFailure = 1,
+  ExitWrongCall = 2,
+  /// The work was done, and what failed is the channel of events.
+  ExitNoEvents = 3
+};
 
 /// Ends a subcommand with a status of the library or in its manner.
 class Failure : public ToolError {
@@ -40,6 +46,7 @@ class AnswerStream {
 
   /// False if not all of it could be written.
   bool write(const std::string& text);
+  int descriptor() const { return descriptor_; }
 
  private:
   int descriptor_;
@@ -63,6 +70,10 @@ struct Answer {
   std::string note;
   /// A failure that leaves a partial answer.
   ZNTopoAPIStatus status;
+  /// What a failure is to the caller.
+  ExitStatus exitOnFailure = ExitFailure;
+  /// The work writes lines by itself. What is left to print is a failure, as one more line.
+  bool isStream = false;
 };
 
 /// Refuses an empty text: "the name of the file is empty" for "name of the file".
@@ -73,6 +84,9 @@ void addJsonOption(CLI::App& command, Context& context);
 
 /// Runs a subcommand's work, prints its answer or its failure, and sets the exit status.
 void answer(Context& context, Answer answer, const std::function<void(Answer&)>& work);
+
+/// One object of JSON in one line.
+std::string jsonLine(const Json& json);
 
 /// "code", "name", "message" and "aux" of a status.
 Json statusJson(const ZNTopoAPIStatus& status);

@@ -19,6 +19,7 @@ struct Group {
 
 constexpr Group kGroups[] = {
     {"filter", "List, run, check and explain topology filters."},
+    {"set", "Change the state of an object in the store, and tell everybody who listens."},
 };
 
 /// The group of a name, made when it is asked for first.
@@ -69,6 +70,12 @@ CLI::Validator isNameOf(const std::string& object) {
           ""};
 }
 
+/// A name as it is compared: "NotPresent", "not-present" and "not_present" are one.
+std::string folded(std::string text) {
+  std::erase_if(text, [](char c) { return c == '-' || c == '_'; });
+  return CLI::detail::to_lower(text);
+}
+
 constexpr const char* kNodeNames = "A name, the beginning of one, an address or an identifier";
 
 }  // namespace
@@ -92,7 +99,7 @@ CLI::Option* addLimit(CLI::App& command, const std::string& name, int& value,
 CLI::Validator isOneOf(std::vector<std::string> names) {
   return {[names = std::move(names)](std::string& text) -> std::string {
             for (const std::string& name : names) {
-              if (CLI::detail::to_lower(name) != CLI::detail::to_lower(text)) continue;
+              if (folded(name) != folded(text)) continue;
               text = name;
               return "";
             }
@@ -130,6 +137,17 @@ CLI::Option* addOptionalNodeArgument(CLI::App& command, const std::string& name,
 
 void addNodeArgument(CLI::App& command, const std::string& name, std::string& value) {
   addOptionalNodeArgument(command, name, value)->required();
+}
+
+void requireOneOf(CLI::App& command, const std::vector<CLI::Option*>& options) {
+  command.parse_complete_callback([options] {
+    std::vector<std::string> names;
+    for (const CLI::Option* option : options) {
+      if (option->count() > 0) return;
+      names.push_back(option->get_name());
+    }
+    throw CLI::RequiredError(CLI::detail::join(names, " or "));
+  });
 }
 
 void addNodeArguments(CLI::App& command, const std::string& name,

@@ -117,15 +117,23 @@ extern const Command kFilterListCommand;
 extern const Command kFilterRunCommand;
 extern const Command kFilterCheckCommand;
 extern const Command kFilterExplainCommand;
+extern const Command kSetNodeCommand;
+extern const Command kSetInterfaceCommand;
+extern const Command kSetAddressCommand;
+extern const Command kSetHsrpCommand;
+extern const Command kSetAssociationCommand;
+extern const Command kWatchCommand;
 
 /// In the order of the help.
 inline constexpr std::array kCommands = {
-    &kInitCommand,      &kImportCommand,       &kGenerateCommand,      &kExportCommand,
-    &kStateCommand,     &kNodesCommand,        &kNodeCommand,          &kInterfacesCommand,
-    &kAddressesCommand, &kVlansCommand,        &kVlanCommand,          &kContainersCommand,
-    &kContainerCommand, &kHsrpCommand,         &kSubnetsCommand,       &kSubnetCommand,
-    &kNeighborsCommand, &kConnectivityCommand, &kPathCommand,          &kFilterListCommand,
-    &kFilterRunCommand, &kFilterCheckCommand,  &kFilterExplainCommand,
+    &kInitCommand,         &kImportCommand,       &kGenerateCommand,      &kExportCommand,
+    &kStateCommand,        &kNodesCommand,        &kNodeCommand,          &kInterfacesCommand,
+    &kAddressesCommand,    &kVlansCommand,        &kVlanCommand,          &kContainersCommand,
+    &kContainerCommand,    &kHsrpCommand,         &kSubnetsCommand,       &kSubnetCommand,
+    &kNeighborsCommand,    &kConnectivityCommand, &kPathCommand,          &kFilterListCommand,
+    &kFilterRunCommand,    &kFilterCheckCommand,  &kFilterExplainCommand, &kSetNodeCommand,
+    &kSetInterfaceCommand, &kSetAddressCommand,   &kSetHsrpCommand,       &kSetAssociationCommand,
+    &kWatchCommand,
 };
 
 /// Adds all of kCommands, with their options for the store and for JSON.
@@ -141,8 +149,8 @@ void addIpLevelOption(CLI::App& command, int& value, const std::string& objects)
 /// Adds an option for a pattern of names or addresses.
 CLI::Option* addPatternOption(CLI::App& command, const std::string& name, std::string& value,
                               const std::string& about);
-/// Refuses what is none of some names. Upper and lower case are one, and the name itself is what an
-/// option gets.
+/// Refuses what is none of some names. Upper and lower case are one, "-" and "_" do not count, and
+/// the name itself is what an option gets.
 CLI::Validator isOneOf(std::vector<std::string> names);
 /// Adds an option whose values have names, with all of them in its help.
 template <typename Number, std::size_t size>
@@ -162,6 +170,8 @@ CLI::Option* addNamedOption(CLI::App& command, const std::string& name,
       ->type_name(type)
       ->transform(isOneOf(list));
 }
+/// Refuses a call that has none of some options.
+void requireOneOf(CLI::App& command, const std::vector<CLI::Option*>& options);
 /// Add an argument or an option that names something, and what it may be. What can be no name of
 /// an object is a wrong call.
 CLI::Option* addNameArgument(CLI::App& command, const std::string& name, std::string& value,

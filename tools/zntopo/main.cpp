@@ -18,7 +18,8 @@ namespace zntopo::tools {
 namespace {
 
 constexpr const char* kFooter =
-    "Exit status: 0 for an answer, 1 for a failure, 2 for a wrong call.\n\n"
+    "Exit status: 0 for an answer, 1 for a failure, 2 for a wrong call, 3 for a failure of the\n"
+    "events alone: \"set\" has written the store, \"watch\" has lost its broker.\n\n"
     "Examples:\n"
     "  zntopo init --store campus.db\n"
     "  zntopo import --store campus.db campus.json\n"

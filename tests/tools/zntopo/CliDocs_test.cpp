@@ -1,14 +1,17 @@
 #include <gmock/gmock.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
+#include <optional>
 #include <regex>
 #include <set>
 #include <sstream>
 #include <utility>
 
 #include "tests/support/CliSupport.h"
+#include "tests/support/EventBroker.h"
 #include "tests/support/Places.h"
 
 /// @file
@@ -16,6 +19,8 @@
 
 namespace zntopo::test {
 namespace {
+
+constexpr const char* kWatch = "watch";
 
 /// A call in the documentation, and what it shows: standard output, then standard error.
 struct Example {
@@ -157,8 +162,14 @@ class CliDocsTest : public testing::Test {
     std::ofstream("site.xml") << filters;
     std::ofstream("broken.xml") << brokenFilters(filters);
     setenv("TV_TOPO_STORE", "campus.db", 1);
+    ZNTOPO_NEED_BROKER();
+    broker_.emplace();
+    setEnv("TV_EVENT_BROKER", broker_->name());
   }
-  void TearDown() override { std::filesystem::current_path(before_); }
+  void TearDown() override {
+    unsetenv("TV_EVENT_BROKER");
+    std::filesystem::current_path(before_);
+  }
 
   /// The store in which the examples of a section were made.
   static void makeStoreFor(const std::string& section) {
@@ -171,9 +182,24 @@ class CliDocsTest : public testing::Test {
     ASSERT_EQ(zntopoRun({"import", samplePath()}).status, 0);
   }
 
+  /// What a call of watch leaves while the examples of changes are called.
+  static CliResult watchChanges(const std::vector<std::string>& call,
+                                const std::vector<Section>& all) {
+    RunningCli watch(call);
+    EXPECT_TRUE(watch.awaitErr("listening")) << watch.err();
+    for (const Section& section : all) {
+      if (!section.name.starts_with("set ")) continue;
+      for (const Example& example : section.examples) zntopoRun(example.words);
+    }
+    EXPECT_TRUE(watch.awaitOut("association"));
+    watch.signal(SIGINT);
+    return watch.finish();
+  }
+
  private:
   Scratch scratch_;
   std::filesystem::path before_;
+  std::optional<EventBroker> broker_;
 };
 
 TEST_F(CliDocsTest, EachSubcommandHasItsLineAndItsSection) {
@@ -190,11 +216,13 @@ TEST_F(CliDocsTest, EachSubcommandHasItsLineAndItsSection) {
 }
 
 TEST_F(CliDocsTest, TheExamplesAreTrue) {
-  for (const Section& section : sections()) {
+  const std::vector<Section> all = sections();
+  for (const Section& section : all) {
     ASSERT_FALSE(section.examples.empty()) << section.name;
     makeStoreFor(section.name);
     for (const Example& example : section.examples) {
-      const CliResult result = zntopoRun(example.words);
+      const CliResult result =
+          section.name == kWatch ? watchChanges(example.words, all) : zntopoRun(example.words);
       EXPECT_TRUE(fits(trimmedLinesOf(result.out + result.err), example.lines))
           << testing::PrintToString(example.words) << "\n"
           << result.out << result.err;
@@ -215,6 +243,14 @@ void collect(const nlohmann::json& json, const std::set<std::string>& documented
   }
 }
 
+/// One object, or one a line.
+std::vector<nlohmann::json> answersIn(const std::string& out) {
+  std::vector<nlohmann::json> answers;
+  std::istringstream stream(out);
+  while (stream >> std::ws && !stream.eof()) stream >> answers.emplace_back();
+  return answers;
+}
+
 TEST_F(CliDocsTest, TheMembersOfAnAnswerAreThoseThatAreDocumented) {
   const std::vector<Section> all = sections();
   for (const std::string& command : subcommands()) {
@@ -224,9 +260,11 @@ TEST_F(CliDocsTest, TheMembersOfAnAnswerAreThoseThatAreDocumented) {
     for (const Example& example : section.examples) {
       std::vector<std::string> call = example.words;
       call.emplace_back("--json");
-      nlohmann::json json = zntopoRun(call).json();
-      json.erase("status");
-      collect(json, section.members, names);
+      const std::string out = command == kWatch ? watchChanges(call, all).out : zntopoRun(call).out;
+      for (nlohmann::json json : answersIn(out)) {
+        json.erase("status");
+        collect(json, section.members, names);
+      }
     }
     EXPECT_EQ(names, section.members) << command;
   }
@@ -235,6 +273,8 @@ TEST_F(CliDocsTest, TheMembersOfAnAnswerAreThoseThatAreDocumented) {
 TEST_F(CliDocsTest, AFailureHasTheSameMembersAsAnAnswer) {
   const std::vector<Section> all = sections();
   for (const std::string& command : subcommands()) {
+    // Each line of this one is an answer.
+    if (command == kWatch) continue;
     makeStoreFor(command);
     std::vector<std::string> call = sectionOf(all, command).examples.front().words;
     call.emplace_back("--json");

@@ -67,6 +67,31 @@ TEST_P(CliPostgresReaderTest, AnImportIsDeniedAndSaysSo) {
   EXPECT_EQ(dump(), before);
 }
 
+TEST_P(CliPostgresReaderTest, StatesAreChangedByWhoeverMayAndByNobodyElse) {
+  const std::string before = dump();
+  const std::vector<Call> calls = {
+      {"set", "node", "core-1", "--status", "major", "--snmp", "disabled"},
+      {"set", "interface", "core-1", "Te1/1/1", "--admin", "down", "--oper", "dormant"},
+      {"set", "address", "10.20.8.17", "--ping", "unreachable"},
+      {"set", "hsrp", "gateway-office", "core-1", "--state", "Listen"},
+      {"set", "association", "wan-b", "wan-a", "--state", "2"}};
+  for (const Call& call : calls) {
+    const CliResult result = as(*reader_, call);
+    EXPECT_EQ(result.status, 1) << call[1];
+    EXPECT_EQ(result.out, "") << call[1];
+    EXPECT_THAT(result.err, HasSubstr("permission denied")) << call[1];
+    EXPECT_THAT(result.err, HasSubstr("members of zntopo_state_writer may change states"))
+        << call[1];
+  }
+  EXPECT_EQ(dump(), before);
+  for (const Call& call : calls) {
+    const CliResult result = as(*writer_, call);
+    EXPECT_EQ(result.status, 0) << call[1] << result.err;
+    EXPECT_THAT(result.out, HasSubstr("yes")) << call[1];
+  }
+  EXPECT_NE(dump(), before);
+}
+
 TEST_P(CliPostgresReaderTest, ANameWithAStatementInItIsAName) {
   const std::string before = dump();
   const std::string table = "'; DROP TABLE nwnode; --";

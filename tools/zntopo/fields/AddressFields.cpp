@@ -2,18 +2,13 @@
 
 #include "tools/network/IpAddress.h"
 #include "tools/zntopo/fields/EntityFields.h"
+#include "tools/zntopo/fields/StateKind.h"
 #include "zntopo/model/InetAddressIPv4.h"
 #include "zntopo/model/ZNRefPtrConversion.h"
 
 namespace zntopo::tools {
 
 namespace {
-
-constexpr NumberName<PingState> kPingStates[] = {{"responding", Ping_Responding},
-                                                 {"not_responding", Ping_NotResponding},
-                                                 {"unreachable", Ping_Unreachable},
-                                                 {"agent_down", Ping_AgentDown},
-                                                 {"disabled", Ping_Disabled}};
 
 Json id(const AddressDetails& all) { return known(all.object->getAddressID().toString()); }
 
@@ -29,7 +24,7 @@ Json prefix(const AddressDetails& all) {
 /// The library reads it of IPv4 addresses alone.
 Json pingState(const AddressDetails& all) {
   if (all.object->getAddressType() != ZNAddress::IPv4) return nullptr;
-  return nameOf(kPingStates, all.object->getPingState());
+  return kPingState.value(all.object->getPingState());
 }
 
 Json subnetId(const AddressDetails& all) {

@@ -1,6 +1,7 @@
 #include "tools/zntopo/fields/InterfaceFields.h"
 
 #include "tools/zntopo/fields/EntityFields.h"
+#include "tools/zntopo/fields/StateKind.h"
 
 namespace zntopo::tools {
 
@@ -16,6 +17,11 @@ Json knownOf(const InterfaceDetails& details) {
   return knownOfObject<pointer>(details);
 }
 
+template <const StateKind& kind, auto pointer>
+Json state(const InterfaceDetails& details) {
+  return stateOf<kind, pointer>(*details.object);
+}
+
 constexpr Field<InterfaceDetails> kInterfaceFields[] = {
     {.head = "NODE",
      .value = [](const InterfaceDetails& all) { return all.isOfOneNode ? Json() : Json(all.node); },
@@ -29,6 +35,12 @@ constexpr Field<InterfaceDetails> kInterfaceFields[] = {
     {.key = "if_name", .value = knownOf<&ZNInterface::getIfName>},
     {.key = "alias", .value = knownOf<&ZNInterface::getIfAlias>},
     {.key = "description", .value = knownOf<&ZNInterface::getDescription>},
+    {.key = "admin_status",
+     .head = "ADMIN",
+     .value = state<kAdminStatus, &ZNInterface::getIfAdminStatus>},
+    {.key = "oper_status",
+     .head = "OPER",
+     .value = state<kOperStatus, &ZNInterface::getIfOperStatus>},
     {.head = "LINKED", .value = of<&ZNInterface::isConnectedByL2Link>},
     {.key = "physical_address",
      .head = "PHYSICAL ADDRESS",

@@ -1,5 +1,7 @@
 #include "tools/zntopo/fields/NodeFields.h"
 
+#include "tools/zntopo/fields/StateKind.h"
+
 namespace zntopo::tools {
 
 namespace {
@@ -9,6 +11,15 @@ Json role(const ZNNode& node) {
   if (node.isRouter()) roles.push_back("router");
   if (node.isSwitch()) roles.push_back("switch");
   return roles;
+}
+
+Json status(const ZNNode& node) {
+  return kNodeStatus.value(node.getOverallStatus().getStatusAsInt());
+}
+
+/// What a list points out.
+Json unusualStatus(const ZNNode& node) {
+  return node.getOverallStatus().getStatus() == ObjectStatus::Normal ? Json() : status(node);
 }
 
 constexpr Field<ZNNode> kNodeFields[] = {
@@ -21,8 +32,11 @@ constexpr Field<ZNNode> kNodeFields[] = {
      .value = knownMember<&ZNNode::getIPv4ManagementAddress>},
     {.key = "router", .value = member<&ZNNode::isRouter>},
     {.key = "switch", .value = member<&ZNNode::isSwitch>},
+    {.key = "status", .value = status},
+    {.key = "snmp_state", .value = stateOf<kSnmpState, &ZNNode::getSnmpState>},
     {.key = "zone", .head = "ZONE", .value = knownMember<&ZNNode::getZoneNumber>, .isRare = true},
     {.head = "ROLE", .value = role},
+    {.head = "STATUS", .value = unusualStatus, .isRare = true},
     {.head = "DESCRIPTION", .value = knownMember<&ZNNode::getDescription>},
 };
 

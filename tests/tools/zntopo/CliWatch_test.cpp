@@ -1,0 +1,289 @@
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <signal.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "tests/platform/tvsnmp/SessionSupport.h"
+#include "tests/support/CliSupport.h"
+#include "tests/support/EventBroker.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/FreePort.h"
+
+namespace zntopo::test {
+namespace {
+
+using testing::AllOf;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using Call = std::vector<std::string>;
+
+constexpr unsigned kLifeCycle = 60001103;
+constexpr unsigned kState = 60001104;
+
+tvsnmp::EventVariable text(const std::string& value) {
+  return {{1, 3}, tvsnmp::kTextType, 0, value};
+}
+tvsnmp::EventVariable number(int value) { return {{1, 3}, tvsnmp::kIntegerType, value, ""}; }
+
+/// The lines of a stream of JSON.
+std::vector<nlohmann::json> eventsIn(const std::string& out) {
+  std::vector<nlohmann::json> events;
+  for (const std::string& line : linesOf(out)) events.push_back(nlohmann::json::parse(line));
+  return events;
+}
+
+/// The sample network and a broker.
+class CliWatchTest : public CliSampleTest {
+ protected:
+  void SetUp() override {
+    ZNTOPO_NEED_BROKER();
+    CliSampleTest::SetUp();
+    if (IsSkipped() || HasFatalFailure()) return;
+    broker_ = std::make_unique<EventBroker>();
+    setEnv("TV_EVENT_BROKER", broker_->name());
+  }
+  void TearDown() override {
+    unsetenv("TV_EVENT_BROKER");
+    broker_.reset();
+    CliSampleTest::TearDown();
+  }
+
+  /// Sends an event of another program.
+  static void send(unsigned event, const std::vector<tvsnmp::EventVariable>& variables) {
+    const OpenSession session = openSession("");
+    ASSERT_TRUE(session);
+    ASSERT_EQ(tvsnmp::sendEvent(session.get(), {event, variables}), EventError::None);
+  }
+  static void sendLifeCycle(const std::string& id, int type) {
+    send(kLifeCycle, {text(""), text(id), text("marlo"), number(type), number(3)});
+  }
+  static void set(const Call& words) {
+    Call call = {"set"};
+    call.insert(call.end(), words.begin(), words.end());
+    const CliResult result = zntopoRun(call);
+    EXPECT_EQ(result.status, 0) << result.err;
+  }
+
+  std::unique_ptr<EventBroker> broker_;
+};
+
+TEST_P(CliWatchTest, EachEventIsShownWithNames) {
+  RunningCli watch({"watch", "--json"});
+  ASSERT_TRUE(watch.awaitErr("zntopo: listening")) << watch.err();
+  set({"node", "core-1", "--status", "major", "--snmp", "unreachable"});
+  set({"interface", "customs-printer", "eth0", "--admin", "down", "--oper", "not_present"});
+  set({"address", "10.20.8.17", "--ping", "agent_down"});
+  set({"hsrp", "gateway-office", "core-2", "--state", "Active", "--priority", "7"});
+  set({"association", "wan-b", "wan-a", "--state", "2"});
+  ASSERT_TRUE(watch.awaitOut("wan-b")) << watch.out() << watch.err();
+  watch.signal(SIGINT);
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(result.err, "zntopo: listening for events\n");
+  const auto events = eventsIn(result.out);
+  ASSERT_EQ(events.size(), 8U) << result.out;
+  EXPECT_THAT(events[0]["time"].get<std::string>(), testing::MatchesRegex("....-..-..T..:..:..Z"));
+  const auto shown = [&](int at) {
+    std::string line;
+    for (const char* key : {"event", "type", "name", "node", "interface", "address", "right",
+                            "relation", "state", "was", "is"}) {
+      const auto& value = events.at(static_cast<std::size_t>(at))[key];
+      line += (line.empty() ? "" : " ") + (value.is_string() ? value.get<std::string>()
+                                           : value.is_null() ? "-"
+                                                             : value.dump());
+    }
+    return line;
+  };
+  EXPECT_EQ(shown(0), "status node core-1 core-1 - - - - status normal major");
+  EXPECT_EQ(shown(1), "attribute node core-1 core-1 - - - - snmp_state - unreachable");
+  EXPECT_EQ(shown(2), "attribute interface eth0 customs-printer eth0 - - - admin_status - down");
+  EXPECT_EQ(shown(3),
+            "attribute interface eth0 customs-printer eth0 - - - oper_status - not_present");
+  EXPECT_EQ(shown(4),
+            "attribute address 10.20.8.17 customs-printer eth0 10.20.8.17 - - ping_state - "
+            "agent_down");
+  EXPECT_EQ(shown(5),
+            "attribute hsrp gateway-office core-2 core-2-routing/Vlan30 10.20.8.3 - - state - "
+            "Active");
+  EXPECT_EQ(shown(6),
+            "attribute hsrp gateway-office core-2 core-2-routing/Vlan30 10.20.8.3 - - priority - "
+            "7");
+  EXPECT_EQ(shown(7), "attribute association wan-b - - - wan-a 1 state - 2");
+  EXPECT_EQ(events[0]["id"], answerOf({"node", "core-1"})["node"]["id"]);
+}
+
+TEST_P(CliWatchTest, ALineForPeopleTellsWhenWhatWhoseAndHow) {
+  RunningCli watch({"watch"});
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  set({"node", "harbor master pc", "--status", "critical"});
+  ASSERT_TRUE(watch.awaitOut("\n"));
+  watch.signal(SIGTERM);
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_THAT(result.out, EndsWith("Z  status      node harbor master pc  status normal -> "
+                                   "critical\n"));
+}
+
+TEST_P(CliWatchTest, NothingOfAnEventDisturbsATerminalAndWhatHasNoNameIsItsIdentifier) {
+  RunningCli watch({"watch"});
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  const std::string node = answerOf({"node", "core-1"})["node"]["id"];
+  sendLifeCycle("gone'; drop table nwnode; --\x9b", 1);
+  sendLifeCycle(node, 1);
+  sendLifeCycle("", 99);
+  send(kState, {text(""), text("marlo"), number(0), number(2), number(11), number(0), number(0),
+                number(2)});
+  ASSERT_TRUE(watch.awaitOut("discovery_started")) << watch.out();
+  watch.signal(SIGINT);
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 0);
+  const auto lines = linesOf(result.out);
+  ASSERT_EQ(lines.size(), 4U) << result.out;
+  EXPECT_THAT(lines[0], EndsWith("life-cycle  node gone'; drop table nwnode; --.  came or went "
+                                 "(zone 3)"));
+  EXPECT_THAT(lines[1], EndsWith("life-cycle  node core-1  came or went (zone 3)"));
+  EXPECT_THAT(lines[2], EndsWith("life-cycle  object  came or went (zone 3)"));
+  EXPECT_THAT(lines[3], EndsWith("state       topology  state discovery_started"));
+}
+
+TEST_P(CliWatchTest, NamesAreThoseOfTheTopologyAsItIsNow) {
+  RunningCli watch({"watch", "--json"});
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  set({"address", "10.20.8.17", "--ping", "agent_down"});
+  ASSERT_TRUE(watch.awaitOut("customs-printer"));
+  executeOn(store(),
+            "update nwnode set EntityName = 'renamed' where EntityName = "
+            "'customs-printer'");
+  send(kState,
+       {text(""), text("marlo"), number(0), number(0), number(0), number(0), number(0), number(1)});
+  set({"address", "10.20.8.17", "--ping", "responding"});
+  ASSERT_TRUE(watch.awaitOut("renamed")) << watch.out();
+  watch.signal(SIGINT);
+  const auto events = eventsIn(watch.finish().out);
+  ASSERT_EQ(events.size(), 3U);
+  EXPECT_EQ(events[1]["event"], "state");
+  EXPECT_EQ(events[1]["is"], "ready");
+  EXPECT_EQ(events[1]["discovery"], "full");
+  EXPECT_EQ(events[2]["node"], "renamed");
+}
+
+TEST_P(CliWatchTest, EventsOfAStoreThatFailsAreShownWithIdentifiers) {
+  RunningCli watch({"watch", "--json"});
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  const std::string node = answerOf({"node", "core-1"})["node"]["id"];
+  executeOn(store(), "alter table nwnode rename to gone");
+  sendLifeCycle(node, 1);
+  ASSERT_TRUE(watch.awaitOut(node)) << watch.out();
+  watch.signal(SIGINT);
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(eventsIn(result.out).at(0)["name"], node);
+}
+
+TEST_P(CliWatchTest, KindsAreChosenAsTheyAreCalled) {
+  RunningCli statuses({"watch", "--filter", "STATUS", "--json"});
+  RunningCli others({"watch", "--filter", "attribute,lifecycle", "--json"});
+  ASSERT_TRUE(statuses.awaitErr("listening") && others.awaitErr("listening"));
+  const std::string node = answerOf({"node", "core-1"})["node"]["id"];
+  sendLifeCycle(node, 1);
+  set({"node", "core-1", "--status", "major", "--snmp", "disabled"});
+  send(kState,
+       {text(""), text("marlo"), number(0), number(1), number(0), number(0), number(0), number(1)});
+  const auto kindsOf = [](RunningCli& watch) {
+    EXPECT_TRUE(watch.awaitOut("read_only")) << watch.out();
+    watch.signal(SIGINT);
+    std::string kinds;
+    for (const auto& event : eventsIn(watch.finish().out)) {
+      kinds += event["event"].get<std::string>() + " ";
+    }
+    return kinds;
+  };
+  EXPECT_EQ(kindsOf(statuses), "status state ");
+  EXPECT_EQ(kindsOf(others), "life-cycle attribute state ");
+  const CliResult unknown = zntopoRun({"watch", "--filter", "status,weather"});
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_THAT(unknown.err, AllOf(HasSubstr("weather"), HasSubstr("life-cycle")));
+}
+
+TEST_P(CliWatchTest, ABrokerThatDiesIsToldBehindTheLastEvent) {
+  RunningCli watch({"watch", "--json"});
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  set({"node", "core-1", "--status", "major"});
+  ASSERT_TRUE(watch.awaitOut("major"));
+  broker_->crash();
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 3);
+  EXPECT_THAT(result.err, AllOf(HasSubstr("45 ZN_API_NOTIFCHANNEL_RECV_ERROR"),
+                                HasSubstr("The channel of events is lost")));
+  const auto lines = eventsIn(result.out);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0]["is"], "major");
+  EXPECT_EQ(lines[1]["status"]["code"], 45);
+}
+
+TEST_P(CliWatchTest, AReaderWhoIsGoneEndsItQuietly) {
+  const Scratch folder;
+  ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
+  const int reader = open(folder.path("pipe").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  RunningCli watch({"watch"}, folder.path("pipe"));
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  close(reader);
+  // Without any event.
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.err, "zntopo: listening for events\n");
+}
+
+TEST_P(CliWatchTest, AReaderWhoTakesNothingDoesNotKeepItFromEnding) {
+  const Scratch folder;
+  ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
+  const int reader = open(folder.path("pipe").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  RunningCli watch({"watch"}, folder.path("pipe"));
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  {
+    const OpenSession session = openSession("");
+    ASSERT_TRUE(session);
+    for (int i = 0; i < 3000; ++i) {
+      ASSERT_EQ(tvsnmp::sendEvent(
+                    session.get(),
+                    {kLifeCycle, {text(""), text("node"), text("marlo"), number(99), number(i)}}),
+                EventError::None);
+    }
+  }
+  // What the pipe can't take makes the command wait.
+  const auto isFull = [reader] {
+    int waiting = 0;
+    return ioctl(reader, FIONREAD, &waiting) == 0 && waiting > 60000;
+  };
+  ASSERT_TRUE(eventually(isFull));
+  watch.signal(SIGTERM);
+  EXPECT_EQ(watch.finish().status, 0);
+  close(reader);
+}
+
+TEST_P(CliWatchTest, WithoutABrokerItSaysWhatToSet) {
+  unsetenv("TV_EVENT_BROKER");
+  const CliResult result = zntopoRun({"watch", "--json"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, AllOf(HasSubstr("only events of this process itself would come"),
+                                HasSubstr("TV_EVENT_BROKER=mqtt://")));
+  EXPECT_EQ(eventsIn(result.out).at(0)["status"]["name"], "ZN_API_NOTIFCHANNEL_CREATION_ERROR");
+}
+
+TEST_P(CliWatchTest, ABrokerOutOfReachIsAFailureThatSaysWhy) {
+  setEnv("TV_EVENT_BROKER", "mqtt://127.0.0.1:" + std::to_string(freePort()));
+  const CliResult result = zntopoRun({"watch"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.out, "");
+  EXPECT_THAT(result.err,
+              AllOf(HasSubstr("the event broker cannot be reached"), Not(HasSubstr("listening"))));
+  EXPECT_EQ(zntopoRun({"watch", "--store", "/nonexistent/x.db"}).status, 1);
+}
+
+ZNTOPO_ON_ENGINES(CliWatchTest, kEngines);
+
+}  // namespace
+}  // namespace zntopo::test

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+
+#include "tools/zntopo/NamedObject.h"
+
+namespace zntopo::tools {
+
+/// The names of the objects of events. A name is asked for once, until all are forgotten.
+class EventObjects {
+ public:
+  explicit EventObjects(Session& session) : session_(session) {}
+
+  /// Names can't be trusted any more: the topology has changed.
+  void forget() { known_.clear(); }
+
+  // What the store can't tell is called by its identifier.
+
+  NamedObject object(EntityType type, const ObjID& id);
+  NamedObject hsrpMember(const ObjID& group, const ObjID& address);
+  NamedObject association(const ObjID& left, const ObjID& right, int relation);
+
+ private:
+  /// @param key what tells the object from all others.
+  NamedObject named(const std::string& key, const NamedObject& unknown,
+                    const std::function<NamedObject()>& ask);
+
+  Session& session_;
+  std::map<std::string, NamedObject> known_;
+};
+
+}  // namespace zntopo::tools

@@ -1,0 +1,89 @@
+#include "tools/zntopo/Interruption.h"
+
+#include <limits.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/eventfd.h>
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+namespace zntopo::tools {
+
+namespace {
+
+sigset_t endingSignals() {
+  sigset_t set;
+  sigemptyset(&set);
+  sigaddset(&set, SIGINT);
+  sigaddset(&set, SIGTERM);
+  return set;
+}
+
+/// Blocks the signals in this thread and in all that it starts, and gives a descriptor for them.
+int takeSignals() {
+  // Who writes to a pipe without a reader is told so by the write.
+  signal(SIGPIPE, SIG_IGN);
+  const sigset_t set = endingSignals();
+  pthread_sigmask(SIG_BLOCK, &set, nullptr);
+  return signalfd(-1, &set, SFD_CLOEXEC);
+}
+
+}  // namespace
+
+Interruption::Interruption(int output, std::function<void()> onEnd)
+    : output_(output),
+      onEnd_(std::move(onEnd)),
+      signals_(takeSignals()),
+      ended_(eventfd(0, EFD_CLOEXEC)),
+      stopped_(eventfd(0, EFD_CLOEXEC)),
+      thread_([this] { watch(); }) {}
+
+Interruption::~Interruption() {
+  eventfd_write(stopped_, 1);
+  thread_.join();
+  for (const int descriptor : {signals_, ended_, stopped_}) close(descriptor);
+}
+
+void Interruption::watch() {
+  // Without events to wait for, what is told of the output is that its reader is gone.
+  pollfd watched[] = {{stopped_, POLLIN, 0}, {signals_, POLLIN, 0}, {output_, 0, 0}};
+  while (poll(watched, 3, -1) < 0 && errno == EINTR) {
+  }
+  if (watched[0].revents != 0) return;
+  hasEnded_ = true;
+  eventfd_write(ended_, 1);
+  onEnd_();
+  // What was taken does not come again; another one is no longer held back.
+  signalfd_siginfo taken;
+  if (watched[1].revents != 0 && read(signals_, &taken, sizeof taken) < 0) return;
+  const sigset_t set = endingSignals();
+  pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+  pollfd end = {stopped_, POLLIN, 0};
+  while (poll(&end, 1, -1) < 0 && errno == EINTR) {
+  }
+}
+
+bool Interruption::awaitRoom() const {
+  pollfd awaited[] = {{ended_, POLLIN, 0}, {output_, POLLOUT, 0}};
+  while (poll(awaited, 2, -1) < 0 && errno == EINTR) {
+  }
+  return awaited[0].revents == 0 && (awaited[1].revents & POLLOUT) != 0;
+}
+
+bool Interruption::write(const std::string& text) {
+  // A pipe that has room takes so much without waiting.
+  constexpr std::size_t most = PIPE_BUF;
+  for (std::size_t done = 0; done < text.size();) {
+    if (!awaitRoom()) return false;
+    const ssize_t count = ::write(output_, text.data() + done, std::min(most, text.size() - done));
+    if (count < 0 && errno != EINTR && errno != EAGAIN) return false;
+    if (count > 0) done += static_cast<std::size_t>(count);
+  }
+  return true;
+}
+
+}  // namespace zntopo::tools
