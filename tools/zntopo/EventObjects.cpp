@@ -6,6 +6,7 @@ namespace {
 
 /// How many names are kept: some 10 MB.
 constexpr std::size_t kMostNames = 20'000;
+constexpr auto kPause = std::chrono::seconds(10);
 
 NamedObject unnamed(const std::string& type, const ObjID& id) {
   return {.type = type, .id = id.toString(), .name = id.toString()};
@@ -17,15 +18,26 @@ NamedObject EventObjects::named(const std::string& key, const NamedObject& unkno
                                 const std::function<NamedObject()>& ask) {
   const auto found = known_.find(key);
   if (found != known_.end()) return found->second;
-  try {
-    NamedObject asked = ask();
-    if (!asked.isKnown()) return asked;
-    if (known_.size() >= kMostNames) known_.clear();
-    return known_.emplace(key, std::move(asked)).first->second;
-  } catch (const ToolError&) {
-    // The event is told all the same.
-    return unknown;
+  if (std::chrono::steady_clock::now() < askAgain_) return unknown;
+  for (int tries = 0; tries < 2; ++tries) {
+    try {
+      NamedObject asked = ask();
+      if (!asked.isKnown()) return asked;
+      if (known_.size() >= kMostNames) known_.clear();
+      return known_.emplace(key, std::move(asked)).first->second;
+    } catch (const ToolError&) {
+      reconnect();
+    }
   }
+  // The event is told all the same.
+  askAgain_ = std::chrono::steady_clock::now() + kPause;
+  return unknown;
+}
+
+void EventObjects::reconnect() {
+  TvXplMsg::MessageList_t ignored;
+  session_.connection().StartTransaction(ignored);
+  session_.connection().RollbackTransaction(ignored);
 }
 
 NamedObject EventObjects::object(EntityType type, const ObjID& id) {

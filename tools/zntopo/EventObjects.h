@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <string>
@@ -14,7 +15,10 @@ class EventObjects {
   explicit EventObjects(Session& session) : session_(session) {}
 
   /// Names can't be trusted any more: the topology has changed.
-  void forget() { known_.clear(); }
+  void forget() {
+    known_.clear();
+    askAgain_ = {};
+  }
 
   // What the store can't tell is called by its identifier.
 
@@ -27,8 +31,13 @@ class EventObjects {
   NamedObject named(const std::string& key, const NamedObject& unknown,
                     const std::function<NamedObject()>& ask);
 
+  /// Opens a connection anew that the store has dropped.
+  void reconnect();
+
   Session& session_;
   std::map<std::string, NamedObject> known_;
+  /// A store that fails is left alone for a while: events shall not wait for it.
+  std::chrono::steady_clock::time_point askAgain_;
 };
 
 }  // namespace zntopo::tools

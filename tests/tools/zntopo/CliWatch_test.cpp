@@ -285,5 +285,23 @@ TEST_P(CliWatchTest, ABrokerOutOfReachIsAFailureThatSaysWhy) {
 
 ZNTOPO_ON_ENGINES(CliWatchTest, kEngines);
 
+/// With a server that drops connections.
+class CliWatchServerTest : public CliWatchTest {};
+ZNTOPO_ON_ENGINES(CliWatchServerTest, kPostgres);
+
+TEST_P(CliWatchServerTest, NamesComeBackAfterTheStoreHasDroppedItsConnections) {
+  RunningCli watch({"watch", "--json"});
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  executeOn(store(),
+            "select pg_terminate_backend(pid) from pg_stat_activity "
+            "where datname = current_database() and pid <> pg_backend_pid()");
+  set({"hsrp", "gateway-office", "core-2", "--priority", "7"});
+  ASSERT_TRUE(watch.awaitOut("\n"));
+  watch.signal(SIGINT);
+  const auto event = eventsIn(watch.finish().out).at(0);
+  EXPECT_EQ(event["name"], "gateway-office");
+  EXPECT_EQ(event["node"], "core-2");
+}
+
 }  // namespace
 }  // namespace zntopo::test
