@@ -11,10 +11,8 @@ ZORB_NATIVE(jobject, getAddressNativeByObjID)
   return runNative(jni, "getAddressNativeByObjID", [&](JavaEnv& env) {
     const ObjID id = getNativeObjID(env, ObjIDArg);
     if (id.isNull()) return refuseID(env, statusArg, "The Address ObjID is null");
-    return singleAnswer(
-        env, {env, statusArg, theJavaCache},
-        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) { return api.getAddressByObjID(id, status); },
-        createAddress);
+    return answerByID(env, {env, statusArg, theJavaCache}, id, &ZNTopoAPI::getAddressByObjID,
+                      createAddress);
   });
 }
 
@@ -24,28 +22,21 @@ ZORB_NATIVE(jobject, getAddressNativeByQRMObjID)
     ObjID id;
     if (!readObjID(env, ObjIDArg, "getAddressNativeByQRMObjID", id)) return LocalRef<>();
     if (id.isNull()) return refuseID(env, statusArg, "The Address QRMObjID is null");
-    return singleAnswer(
-        env, {env, statusArg, theJavaCache},
-        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
-          return api.getAddressByQRMObjID(id, status);
-        },
-        createAddress);
+    return answerByID(env, {env, statusArg, theJavaCache}, id, &ZNTopoAPI::getAddressByQRMObjID,
+                      createAddress);
   });
 }
 
 ZORB_NATIVE(jobject, getAddrsNativeByObjIDs)
 (JNIEnv* jni, jobject, jobjectArray addrIDs, jobject statusArg, jobject theJavaCache) {
   return runNative(jni, "getAddrsNativeByObjIDs", [&](JavaEnv& env) {
-    const Answer answer(env, statusArg, theJavaCache);
     const auto ids = createObjIDListNative(env, addrIDs);
-    return listAnswer(
-        env, answer, {"getAddrsByObjIDs"},
+    return objectsAnswer(
+        env, {env, statusArg, theJavaCache}, {"getAddrsByObjIDs"},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
           return api.getAddrsByObjIDs(*ids, status, false, ZNAddress::Unknown);
         },
-        [&](const auto& addresses) {
-          return createAddressList(env, addresses, answer.theJavaCache);
-        });
+        createAddressList);
   });
 }
 

@@ -50,11 +50,10 @@ ZORB_NATIVE(jobject, getL2PathNative)
 (JNIEnv* jni, jobject, jstring ipBegin, jstring ipEnd, jobject statusArg, jobject theJavaCache,
  jboolean crossRouter) {
   return runNative(jni, "getL2PathNative", [&](JavaEnv& env) {
-    const Answer answer(env, statusArg, theJavaCache);
     const TextArgument begin(env, ipBegin);
     const TextArgument end(env, ipEnd);
-    return listAnswer(
-        env, answer, {"getL2Path", false, "(getL2PathNative) "},
+    return objectsAnswer(
+        env, {env, statusArg, theJavaCache}, {"getL2Path", false, "(getL2PathNative) "},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
           if (!begin.isSound(status) || !end.isSound(status)) {
             return ZNTopoAPI::OwnedInterfaceList();
@@ -62,7 +61,7 @@ ZORB_NATIVE(jobject, getL2PathNative)
           return api.getL2Path(begin.get(), end.get(), kMaxDepth, status, ZNAddress::IPv4,
                                crossRouter != 0);
         },
-        [&](const auto& path) { return createInterfaceList(env, path, answer.theJavaCache); });
+        createInterfaceList);
   });
 }
 

@@ -9,53 +9,47 @@ using namespace zntopo::bridge;
 ZORB_NATIVE(jobject, getVlans)
 (JNIEnv* jni, jobject, jobject statusArg, jobject theJavaCache, jint aRD) {
   return runNative(jni, "getVlans", [&](JavaEnv& env) {
-    const Answer answer(env, statusArg, theJavaCache);
-    return listAnswer(
-        env, answer, {"getVlansByObjIDList"},
+    return objectsAnswer(
+        env, {env, statusArg, theJavaCache}, {"getVlansByObjIDList"},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
           std::set<ObjID> notFound;
           return api.getVlansByObjIDList({}, notFound, status, true, aRD);
         },
-        [&](const auto& vlans) { return createVlanList(env, vlans, answer.theJavaCache); });
+        createVlanList);
   });
 }
 
 ZORB_NATIVE(jobject, getVlanByObjIDNative)
 (JNIEnv* jni, jobject, jobject aObjID, jobject statusArg, jobject theJavaCache) {
   return runNative(jni, "getVlanByObjIDNative", [&](JavaEnv& env) {
-    const ObjID id = getNativeObjID(env, aObjID);
-    return singleAnswer(
-        env, {env, statusArg, theJavaCache},
-        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) { return api.getVlanByObjID(id, status); },
-        createVlan);
+    return byObjID(env, {env, statusArg, theJavaCache}, aObjID, &ZNTopoAPI::getVlanByObjID,
+                   createVlan);
   });
 }
 
 ZORB_NATIVE(jobject, getIfcsByObjIDListNative)
 (JNIEnv* jni, jobject, jobjectArray objIDsArg, jobject statusArg, jobject theJavaCache) {
   return runNative(jni, "getIfcsByObjIDListNative", [&](JavaEnv& env) {
-    const Answer answer(env, statusArg, theJavaCache);
     const auto ids = createObjIDSetNative(env, objIDsArg);
-    return listAnswer(
-        env, answer, {"getIfcsByObjIDList"},
+    return objectsAnswer(
+        env, {env, statusArg, theJavaCache}, {"getIfcsByObjIDList"},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
           std::set<ObjID> notFound;
           return api.getIfcsByObjIDList(*ids, notFound, status, false, kNoRD);
         },
-        [&](const auto& ifcs) { return createIfcList(env, ifcs, answer.theJavaCache); });
+        createIfcList);
   });
 }
 
 ZORB_NATIVE(jobject, getIfcsByTypeNative)
 (JNIEnv* jni, jobject, jint jIfcType, jobject statusArg, jobject theJavaCache) {
   return runNative(jni, "getIfcsByTypeNative", [&](JavaEnv& env) {
-    const Answer answer(env, statusArg, theJavaCache);
-    return listAnswer(
-        env, answer, {"getIfcsByType"},
+    return objectsAnswer(
+        env, {env, statusArg, theJavaCache}, {"getIfcsByType"},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
           return api.getIfcsByType(jIfcType, status, kNoRD);
         },
-        [&](const auto& ifcs) { return createIfcList(env, ifcs, answer.theJavaCache); });
+        createIfcList);
   });
 }
 
@@ -77,14 +71,13 @@ ZORB_NATIVE(jobject, getHSRPsNativeByObjIDs)
 (JNIEnv* jni, jobject, jobjectArray objIDsArg, jboolean allHSRPsArg, jobject statusArg,
  jobject theJavaCache) {
   return runNative(jni, "getHSRPsNativeByObjIDs", [&](JavaEnv& env) {
-    const Answer answer(env, statusArg, theJavaCache);
     const auto ids = createObjIDSetNative(env, objIDsArg);
-    return listAnswer(
-        env, answer, {"getHSRPsByObjIDList"},
+    return objectsAnswer(
+        env, {env, statusArg, theJavaCache}, {"getHSRPsByObjIDList"},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
           std::set<ObjID> notFound;
           return api.getHSRPsByObjIDList(*ids, notFound, status, allHSRPsArg != 0, kNoRD);
         },
-        [&](const auto& groups) { return createHSRPList(env, groups, answer.theJavaCache); });
+        createHSRPList);
   });
 }

@@ -10,18 +10,15 @@ ZORB_NATIVE(jobject, getInterfacesByObjIDListNative)
 (JNIEnv* jni, jobject, jobjectArray objIDsArg, jboolean areQRMOIDArg, jboolean getAllConnected,
  jobject statusArg, jobject theJavaCache) {
   return runNative(jni, "getInterfacesByObjIDListNative", [&](JavaEnv& env) {
-    const Answer answer(env, statusArg, theJavaCache);
     const auto ids = createObjIDSetNative(env, objIDsArg);
-    return listAnswer(
-        env, answer, {"getInterfacesByObjIDList"},
+    return objectsAnswer(
+        env, {env, statusArg, theJavaCache}, {"getInterfacesByObjIDList"},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
           std::set<ObjID> notFound;
           return api.getInterfacesByObjIDList(*ids, notFound, status, areQRMOIDArg != 0,
                                               getAllConnected != 0);
         },
-        [&](const auto& interfaces) {
-          return createInterfaceList(env, interfaces, answer.theJavaCache);
-        });
+        createInterfaceList);
   });
 }
 
@@ -42,12 +39,9 @@ ZORB_NATIVE(jobject, parseAndGetInterfacesByTopoFilterNative)
 (JNIEnv* jni, jobject, jstring aFilterStr, jstring aFiltName, jobject statusArg,
  jobject theJavaCache) {
   return runNative(jni, "parseAndGetInterfacesByTopoFilterNative", [&](JavaEnv& env) {
-    const Answer answer(env, statusArg, theJavaCache);
-    return listAnswer(
-        env, answer, {"ParseAndGetInterfacesByTopoFilter"},
+    return objectsAnswer(
+        env, {env, statusArg, theJavaCache}, {"ParseAndGetInterfacesByTopoFilter"},
         twoTexts(env, aFilterStr, aFiltName, &ZNTopoAPI::ParseAndGetInterfacesByTopoFilter),
-        [&](const auto& interfaces) {
-          return createInterfaceList(env, interfaces, answer.theJavaCache);
-        });
+        createInterfaceList);
   });
 }

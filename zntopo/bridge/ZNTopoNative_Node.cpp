@@ -9,23 +9,16 @@ using namespace zntopo::bridge;
 ZORB_NATIVE(jobject, getNodeNativeByObjID)
 (JNIEnv* jni, jobject, jobject ObjIDArg, jobject statusArg, jobject theJavaCache) {
   return runNative(jni, "getNodeNativeByObjID", [&](JavaEnv& env) {
-    const ObjID id = getNativeObjID(env, ObjIDArg);
-    return singleAnswer(
-        env, {env, statusArg, theJavaCache},
-        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) { return api.getNodeByObjID(id, status); },
-        createNodeNative);
+    return byObjID(env, {env, statusArg, theJavaCache}, ObjIDArg, &ZNTopoAPI::getNodeByObjID,
+                   createNodeNative);
   });
 }
 
 ZORB_NATIVE(jobject, getNodeNativeByQRMObjID)
 (JNIEnv* jni, jobject, jobject QRMIDArg, jobject statusArg, jobject theJavaCache) {
   return runNative(jni, "getNodeNativeByQRMObjID", [&](JavaEnv& env) {
-    ObjID id;
-    if (!readObjID(env, QRMIDArg, "getNodeNativeByQRMObjID", id)) return LocalRef<>();
-    return singleAnswer(
-        env, {env, statusArg, theJavaCache},
-        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) { return api.getNodeByQRMObjID(id, status); },
-        createNodeNative);
+    return byQRMObjID(env, "getNodeNativeByQRMObjID", {env, statusArg, theJavaCache}, QRMIDArg,
+                      &ZNTopoAPI::getNodeByQRMObjID, createNodeNative);
   });
 }
 
@@ -46,15 +39,14 @@ ZORB_NATIVE(jobject, getNativeNodeByName)
 ZORB_NATIVE(jobject, getNativeAllNodes)
 (JNIEnv* jni, jobject, jobject statusArg, jobject theJavaCache, jint ipLevel, jint aRD) {
   return runNative(jni, "getNativeAllNodes", [&](JavaEnv& env) {
-    const Answer answer(env, statusArg, theJavaCache);
-    return listAnswer(
-        env, answer, {"getNodesByObjIDList"},
+    return objectsAnswer(
+        env, {env, statusArg, theJavaCache}, {"getNodesByObjIDList"},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
           std::set<ObjID> notFound;
           return api.getNodesByObjIDList({}, notFound, status, true, false, true,
                                          static_cast<ZNEntity::IPLevel>(ipLevel), aRD);
         },
-        [&](const auto& nodes) { return createNodeList(env, nodes, answer.theJavaCache); });
+        createNodeList);
   });
 }
 
@@ -70,10 +62,9 @@ ZORB_NATIVE(jobject, parseAndGetNodesByTopoFilterNative)
 (JNIEnv* jni, jobject, jstring aFilterStr, jstring aFiltName, jobject statusArg,
  jobject theJavaCache) {
   return runNative(jni, "parseAndGetNodesByTopoFilterNative", [&](JavaEnv& env) {
-    const Answer answer(env, statusArg, theJavaCache);
-    return listAnswer(
-        env, answer, {"ParseAndGetNodesByTopoFilter"},
+    return objectsAnswer(
+        env, {env, statusArg, theJavaCache}, {"ParseAndGetNodesByTopoFilter"},
         twoTexts(env, aFilterStr, aFiltName, &ZNTopoAPI::ParseAndGetNodesByTopoFilter),
-        [&](const auto& nodes) { return createNodeList(env, nodes, answer.theJavaCache); });
+        createNodeList);
   });
 }

@@ -9,25 +9,16 @@ using namespace zntopo::bridge;
 ZORB_NATIVE(jobject, getSubnetNativeByObjID)
 (JNIEnv* jni, jobject, jobject ObjIDArg, jobject statusArg, jobject theJavaCache) {
   return runNative(jni, "getSubnetNativeByObjID", [&](JavaEnv& env) {
-    const ObjID id = getNativeObjID(env, ObjIDArg);
-    return singleAnswer(
-        env, {env, statusArg, theJavaCache},
-        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) { return api.getSubnetByObjID(id, status); },
-        createSubnetNative);
+    return byObjID(env, {env, statusArg, theJavaCache}, ObjIDArg, &ZNTopoAPI::getSubnetByObjID,
+                   createSubnetNative);
   });
 }
 
 ZORB_NATIVE(jobject, getSubnetNativeByQRMObjID)
 (JNIEnv* jni, jobject, jobject QRMIDArg, jobject statusArg, jobject theJavaCache) {
   return runNative(jni, "getSubnetNativeByQRMObjID", [&](JavaEnv& env) {
-    ObjID id;
-    if (!readObjID(env, QRMIDArg, "getSubnetNativeByQRMObjID", id)) return LocalRef<>();
-    return singleAnswer(
-        env, {env, statusArg, theJavaCache},
-        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
-          return api.getSubnetByQRMObjID(id, status);
-        },
-        createSubnetNative);
+    return byQRMObjID(env, "getSubnetNativeByQRMObjID", {env, statusArg, theJavaCache}, QRMIDArg,
+                      &ZNTopoAPI::getSubnetByQRMObjID, createSubnetNative);
   });
 }
 
@@ -35,15 +26,14 @@ ZORB_NATIVE(jobject, getSubnetsNativeByObjIDs)
 (JNIEnv* jni, jobject, jobjectArray objIDsArg, jboolean areQRMOIDArg, jobject statusArg,
  jobject theJavaCache, jint ipLevel, jboolean getAll, jint aRD) {
   return runNative(jni, "getSubnetsNativeByObjIDs", [&](JavaEnv& env) {
-    const Answer answer(env, statusArg, theJavaCache);
     const auto ids = createObjIDSetNative(env, objIDsArg);
-    return listAnswer(
-        env, answer, {"getSubnetsByObjIDList"},
+    return objectsAnswer(
+        env, {env, statusArg, theJavaCache}, {"getSubnetsByObjIDList"},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
           return api.getSubnetsByObjIDList(*ids, status, areQRMOIDArg != 0, getAll != 0,
                                            static_cast<ZNEntity::IPLevel>(ipLevel), aRD);
         },
-        [&](const auto& subnets) { return createSubnetList(env, subnets, answer.theJavaCache); });
+        createSubnetList);
   });
 }
 

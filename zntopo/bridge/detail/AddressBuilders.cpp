@@ -123,9 +123,7 @@ LocalRef<> createAddress(JavaEnv& env, ZNRefPtr<ZNAddress> address, jobject theJ
 LocalRef<> createAddressList(JavaEnv& env, const std::vector<ZNRefPtr<ZNAddress>>& addresses,
                              jobject theJavaCache) {
   constexpr ListBuilder kList{"createAddressList", T_Vector, "Address", false, true};
-  return createCollection(env, kList, addresses, [&](const ZNRefPtr<ZNAddress>& address) {
-    return createAddress(env, address, theJavaCache);
-  });
+  return createObjects(env, kList, addresses, theJavaCache, createAddress);
 }
 
 }  // namespace zntopo::bridge

@@ -40,4 +40,12 @@ LocalRef<> createCollection(JavaEnv& env, const ListBuilder& list, const Element
   return collection;
 }
 
+/// The same of handles to objects, with a builder that shares them through the Java cache.
+template <typename Objects, typename Create>
+LocalRef<> createObjects(JavaEnv& env, const ListBuilder& list, const Objects& objects,
+                         jobject theJavaCache, Create create) {
+  return createCollection(env, list, objects,
+                          [&](const auto& object) { return create(env, object, theJavaCache); });
+}
+
 }  // namespace zntopo::bridge

@@ -180,17 +180,13 @@ LocalRef<> createInterfaceNative(JavaEnv& env, ZNRefPtr<ZNInterface> interface,
 LocalRef<> createNodeList(JavaEnv& env, const std::list<ZNRefPtr<ZNNode>>& nodes,
                           jobject theJavaCache) {
   constexpr ListBuilder kList{"createNodeList", T_Vector, "ZorbNode"};
-  return createCollection(env, kList, nodes, [&](const ZNRefPtr<ZNNode>& node) {
-    return createNodeNative(env, node, theJavaCache);
-  });
+  return createObjects(env, kList, nodes, theJavaCache, createNodeNative);
 }
 
 LocalRef<> createInterfaceList(JavaEnv& env, const std::list<ZNRefPtr<ZNInterface>>& interfaces,
                                jobject theJavaCache) {
   constexpr ListBuilder kList{"createInterfaceList", T_Vector, "ZorbInterface"};
-  return createCollection(env, kList, interfaces, [&](const ZNRefPtr<ZNInterface>& interface) {
-    return createInterfaceNative(env, interface, theJavaCache);
-  });
+  return createObjects(env, kList, interfaces, theJavaCache, createInterfaceNative);
 }
 
 }  // namespace zntopo::bridge

@@ -190,33 +190,25 @@ LocalRef<> createIfcNative(JavaEnv& env, ZNRefPtr<ZNIfc> ifc, jobject theJavaCac
 LocalRef<> createSubnetList(JavaEnv& env, const std::list<ZNRefPtr<ZNSubnet>>& subnets,
                             jobject theJavaCache) {
   constexpr ListBuilder kList{"createSubnetList", T_Vector, "ZorbSubnet", true};
-  return createCollection(env, kList, subnets, [&](const ZNRefPtr<ZNSubnet>& subnet) {
-    return createSubnetNative(env, subnet, theJavaCache);
-  });
+  return createObjects(env, kList, subnets, theJavaCache, createSubnetNative);
 }
 
 LocalRef<> createVlanList(JavaEnv& env, const std::list<ZNRefPtr<ZNVlan>>& vlans,
                           jobject theJavaCache) {
   constexpr ListBuilder kList{"createVlanList", T_Vector, "ZorbVlan"};
-  return createCollection(env, kList, vlans, [&](const ZNRefPtr<ZNVlan>& vlan) {
-    return createVlan(env, vlan, theJavaCache);
-  });
+  return createObjects(env, kList, vlans, theJavaCache, createVlan);
 }
 
 LocalRef<> createHSRPList(JavaEnv& env, const std::list<ZNRefPtr<ZNHSRP>>& groups,
                           jobject theJavaCache) {
   constexpr ListBuilder kList{"createHSRPList", T_Vector, "ZorbHSRP"};
-  return createCollection(env, kList, groups, [&](const ZNRefPtr<ZNHSRP>& group) {
-    return createHSRP(env, group, theJavaCache);
-  });
+  return createObjects(env, kList, groups, theJavaCache, createHSRP);
 }
 
 LocalRef<> createIfcList(JavaEnv& env, const std::list<ZNRefPtr<ZNIfc>>& ifcs,
                          jobject theJavaCache) {
   constexpr ListBuilder kList{"createIfcList", T_Vector, "ZorbIfc"};
-  return createCollection(env, kList, ifcs, [&](const ZNRefPtr<ZNIfc>& ifc) {
-    return createIfcNative(env, ifc, theJavaCache);
-  });
+  return createObjects(env, kList, ifcs, theJavaCache, createIfcNative);
 }
 
 }  // namespace zntopo::bridge

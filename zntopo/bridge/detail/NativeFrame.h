@@ -88,6 +88,34 @@ LocalRef<> singleAnswer(JavaEnv& env, const Answer& answer, Fetch fetch, Create 
 
 ZNTopoAPIStatus nullListStatus();
 
+/// An operation of the API that finds one object by an identifier.
+template <typename Object>
+using FindByID = ZNRefPtr<Object> (ZNTopoAPI::*)(const ObjID&, ZNTopoAPIStatus&);
+
+template <typename Object, typename Create>
+LocalRef<> answerByID(JavaEnv& env, const Answer& answer, const ObjID& id, FindByID<Object> find,
+                      Create create) {
+  return singleAnswer(
+      env, answer, [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) { return (api.*find)(id, status); },
+      create);
+}
+
+/// The Java object of what an operation finds by the identifier that a Java field holds.
+template <typename Object, typename Create>
+LocalRef<> byObjID(JavaEnv& env, const Answer& answer, jobject idArg, FindByID<Object> find,
+                   Create create) {
+  return answerByID(env, answer, getNativeObjID(env, idArg), find, create);
+}
+
+/// The same by the identifier that a Java method gives, as legacy ones are read.
+template <typename Object, typename Create>
+LocalRef<> byQRMObjID(JavaEnv& env, const char* native, const Answer& answer, jobject idArg,
+                      FindByID<Object> find, Create create) {
+  ObjID id;
+  if (!readObjID(env, idArg, native, id)) return {};
+  return answerByID(env, answer, id, find, create);
+}
+
 /// How the failures of a list are told.
 struct ListCall {
   const char* operation;       ///< what the log calls it
@@ -116,6 +144,14 @@ LocalRef<> listAnswer(JavaEnv& env, const Answer& answer, const ListCall& call, 
     return {};
   }
   return create(*list);
+}
+
+/// The same with a builder that shares the objects of the list through the Java cache.
+template <typename Fetch, typename Create>
+LocalRef<> objectsAnswer(JavaEnv& env, const Answer& answer, const ListCall& call, Fetch fetch,
+                         Create create) {
+  return listAnswer(env, answer, call, fetch,
+                    [&](const auto& objects) { return create(env, objects, answer.theJavaCache); });
 }
 
 /// Gives null, with a status that refuses an empty identifier.
