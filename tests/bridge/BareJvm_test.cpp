@@ -1,4 +1,5 @@
 // The bridge in a JVM that has no class library at all.
+#include <com_corvane_tv_zntopology_ZorbNative.h>
 #include <gmock/gmock.h>
 
 #include "tests/support/CapturedLog.h"
@@ -6,10 +7,6 @@
 #include "tests/support/StoredNetwork.h"
 #include "zntopo/bridge/detail/Builders.h"
 #include "zntopo/bridge/detail/NativeFrame.h"
-
-extern "C" jobject JNICALL Java_com_corvane_tv_zntopology_ZorbNative_getNativeTopoInfo(JNIEnv*,
-                                                                                       jobject,
-                                                                                       jobject);
 
 namespace zntopo::test {
 namespace {
@@ -41,6 +38,15 @@ TEST_F(BareJvmTest, WithoutTheClassOfIdentifiersNoneIsMadeAndNoneIsRead) {
   EXPECT_FALSE(readObjID(env, nullptr, "getEntityNativeByObjID", id));
   EXPECT_EQ(log.lines(), (Lines{"Unable to access ObjID in createID! \n",
                                 "Unable to access ObjID class in getEntityNativeByObjID() \n"}));
+}
+
+TEST_F(BareJvmTest, WithoutTheClassOfIdentifiersNothingIsChangedInTheCache) {
+  Java_com_corvane_tv_zntopology_ZorbNative_updateCacheObjectStatusNative(
+      jni, nullptr, nullptr, 0, E_Node, 1, 0, 5, nullptr, 0);
+  Java_com_corvane_tv_zntopology_ZorbNative_updateCacheObjectAttributeNative(
+      jni, nullptr, nullptr, E_Node, 5, 1, nullptr, nullptr);
+  const std::string line = "Unable to access ObjID class in refeshEntityNative() \n";
+  EXPECT_EQ(log.lines(), (Lines{line, line}));
 }
 
 TEST_F(BareJvmTest, WithoutTheClassOfFiltersNothingIsFiltered) {

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
+
 #include "tests/support/Jvm.h"
 #include "tests/support/StoredNetwork.h"
 #include "zntopo/model/InetAddressDNS.h"
@@ -44,6 +46,24 @@ TEST_F(BuildersTest, ANullHandleIsNull) {
   EXPECT_FALSE(createVlan(env, {}, nullptr));
   EXPECT_FALSE(createHSRP(env, {}, nullptr));
   EXPECT_FALSE(createIfcNative(env, {}, nullptr));
+}
+
+TEST_F(BuildersTest, TimesAreMillisecondsUpToTheLastThatJavaCanCount) {
+  constexpr long kLast = std::numeric_limits<long>::max();
+  const ZNRefPtr<ZNEntity> entity(new ZNEntity(
+      "v1", "", ObjID(), "name", "", E_Vlan, ObjectStatus(), ObjectStatus(), ObjectStatus(),
+      ObjectStatus(), 1800000000, kLast, -kLast, 4, ZNEntity::IPv4, ActiveDB));
+  const LocalRef<> twin = createEntity(env, entity, nullptr);
+  const LocalRef<jclass> type(jni, jni->GetObjectClass(twin.get()));
+  const auto time = [&](const char* getter) {
+    const jlong value =
+        jni->CallLongMethod(twin.get(), jni->GetMethodID(type.get(), getter, "()J"));
+    EXPECT_FALSE(jni->ExceptionCheck());
+    return value;
+  };
+  EXPECT_EQ(time("getCreateTime"), 1800000000000);
+  EXPECT_EQ(time("getChangeTime"), std::numeric_limits<jlong>::max());
+  EXPECT_EQ(time("getStatusChangeTime"), std::numeric_limits<jlong>::min());
 }
 
 TEST_F(BuildersTest, AnEmptyListIsAnEmptyCollectionOfItsClass) {

@@ -1,5 +1,6 @@
 // Builders and natives in a JVM whose class library is not whole: classes are missing, or lack a
 // constructor, a method or a field, or throw when they are made.
+#include <com_corvane_tv_zntopology_ZorbNative.h>
 #include <gmock/gmock.h>
 
 #include "tests/support/CapturedLog.h"
@@ -83,6 +84,33 @@ TEST_F(OddClassesTest, AnIdentifierWithoutItsMethodIsLoggedAndNotRead) {
 
 TEST_F(OddClassesTest, AnIdentifierWithoutItsFieldIsAnEmptyOne) {
   EXPECT_TRUE(getNativeObjID(env, make("ObjID")).isNull());
+}
+
+TEST_F(OddClassesTest, AnEntityThatThrowsIsNullWhateverItsPartsAre) {
+  MCLog::setDebuggingLevel(MC_MAJOR);
+  const ZNRefPtr<ZNEntity> vlan(new ZNVlan());
+  testing::internal::CaptureStderr();
+  EXPECT_FALSE(createEntity(env, vlan, nullptr));
+  EXPECT_THAT(testing::internal::GetCapturedStderr(),
+              testing::HasSubstr("java.lang.IllegalArgumentException: entity"));
+  EXPECT_FALSE(jni->ExceptionCheck());
+  EXPECT_EQ(log.lines(), Lines{"Could not create Entity! \n"});
+}
+
+TEST_F(OddClassesTest, AConfigurationWithoutASwitchKeepsItAndSetsTheOthers) {
+  ZNTopoConfig before;
+  before.setUseCache(false);
+  ZNTopoAPI::setTopoConfiguration(before);
+  MCLog::setDebuggingLevel(MC_INFO);
+  Java_com_corvane_tv_zntopology_ZorbNative_setTopologyConfigurationNative(
+      jni, nullptr, make("TopologyConfiguration"));
+  const ZNTopoConfig config = ZNTopoAPI::getTopoConfiguration();
+  EXPECT_FALSE(config.toUseCache());
+  EXPECT_FALSE(config.toLoadNodeVlanInfo());
+  EXPECT_FALSE(config.toLoadNodeL2ConnectionInfo());
+  EXPECT_TRUE(config.getEnableFIFOCacheSwap());
+  EXPECT_FALSE(usesJavaInterfaceCache());
+  EXPECT_THAT(log.lines(), Contains("javaNativeGetInstanceBoolean() - enableTopoCache fail \n"));
 }
 
 TEST_F(OddClassesTest, AFilterWithoutItsMethodsSetsNothing) {

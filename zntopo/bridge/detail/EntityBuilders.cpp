@@ -1,5 +1,6 @@
 #include <atomic>
 #include <cstring>
+#include <limits>
 
 #include "zntopo/bridge/detail/Builders.h"
 #include "zntopo/bridge/detail/CachedBuild.h"
@@ -15,7 +16,13 @@ constexpr CachedKind<M_hasInterfaceID, M_addInterface> kInterface{"createInterfa
 
 constinit std::atomic<bool> s_kUSE_JAVA_INTERFACE_CACHE{true};
 
-jlong milliseconds(long seconds) { return jlong{seconds} * 1000; }
+/// A time beyond what Java can count is the last, or the first, that it can.
+jlong milliseconds(long seconds) {
+  using Limits = std::numeric_limits<jlong>;
+  jlong result = 0;
+  if (!__builtin_mul_overflow(seconds, 1000, &result)) return result;
+  return seconds > 0 ? Limits::max() : Limits::min();
+}
 
 LocalRef<> createEntityType(JavaEnv& env, EntityType type) {
   return env.make<T_EntityType>(static_cast<jint>(type));

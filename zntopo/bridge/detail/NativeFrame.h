@@ -74,7 +74,8 @@ auto runNative(JNIEnv* jni, const detail::TracedBlock& block, Body body) {
   if constexpr (!std::is_void_v<Result>) return static_cast<jobject>(nullptr);
 }
 
-/// The Java object of the one object that fetch gives.
+/// The Java object of the one object that fetch gives. One that comes with a failure, as a subnet
+/// without its end points does, is null, and stays out of the Java cache.
 template <typename Fetch, typename Create>
 LocalRef<> singleAnswer(JavaEnv& env, const Answer& answer, Fetch fetch, Create create) {
   ZNTopoAPI api;
@@ -82,7 +83,7 @@ LocalRef<> singleAnswer(JavaEnv& env, const Answer& answer, Fetch fetch, Create 
   const auto object = fetch(api, status);
   validateCache(env, answer.theJavaCache, status);
   setStatus(env, answer.statusArg, status);
-  if (object.isNull()) return {};
+  if (!status.isOK() || object.isNull()) return {};
   return create(env, object, answer.theJavaCache);
 }
 

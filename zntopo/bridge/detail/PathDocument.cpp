@@ -45,9 +45,9 @@ void addRouter(std::string& xml, const ZNInterface& interface, const ZNRefPtr<ZN
 }
 
 void addSwitch(std::string& xml, const ZNInterface& interface, const ZNRefPtr<ZNNode>& node) {
-  const bool hasAddress = !node.isNull() && !node->getNodeProperty().V4MgmtAddress.isNull();
-  addElement(xml, "IP_ADDRESS",
-             hasAddress ? node->getNodeProperty().V4MgmtAddress->getAddressAsString() : "");
+  ZNRefPtr<InetAddressIPv4> address;
+  if (!node.isNull()) address = node->getNodeProperty().V4MgmtAddress.get();
+  addElement(xml, "IP_ADDRESS", address.isNull() ? "" : address->getAddressAsString());
   addCapabilities(xml, node, kSwitchCapabilities);
   addElement(xml, "BOARD_NUMBER", interface.getCardLoc());
   addElement(xml, "PORT_NUMBER", interface.getPortNum());

@@ -1,0 +1,4 @@
+package com.corvane.tv.zntopology;
+
+/** Lacks its constructor. */
+public class AssEndPoint {}

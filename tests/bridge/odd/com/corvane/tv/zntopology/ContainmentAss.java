@@ -1,0 +1,4 @@
+package com.corvane.tv.zntopology;
+
+/** Is only named. */
+public class ContainmentAss {}
