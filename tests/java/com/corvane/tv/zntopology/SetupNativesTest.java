@@ -168,11 +168,24 @@ class SetupNativesTest {
 
   @Test
   void preloadingLoadsWhatItIsAskedFor() {
+    ObjID id = Sample.nodeID("core-1");
+    String set = "update nwnode set description = '%s' where objid = '" + id + "' returning 1";
+    String before = Sample.value("select description from nwnode where objid = '" + id + "'");
     ZorbTopoStatus status = new ZorbTopoStatus();
+    NATIVES.clearNativeCache();
     ZorbNative.preLoadTopoCacheNative(true, true, false, false, false, status);
     assertOK(status);
-    ZorbNative.preLoadTopoCacheNative(false, false, false, false, false, status);
-    assertOK(status);
+    Sample.rows(set.formatted("changed"));
+    try {
+      // What was loaded is as it was then.
+      assertEquals(before, NATIVES.getNodeNativeByObjID(id, status, null).getDescription());
+      NATIVES.clearNativeCache();
+      ZorbNative.preLoadTopoCacheNative(false, false, true, true, false, status);
+      assertOK(status);
+      assertEquals("changed", NATIVES.getNodeNativeByObjID(id, status, null).getDescription());
+    } finally {
+      Sample.rows(set.formatted(before));
+    }
   }
 
   @Test
