@@ -19,6 +19,8 @@ class ZNTOPO_EXPORT AssEndPoint {
   const ObjID& getObjID() const { return _id; }
   const std::string& getName() const { return _name; }
   EntityType getType() const { return _type; }
+  std::string toString() const;
+
   void setObjID(const ObjID& id) { _id = id; }
   void setObjID(const long& id) { _id = ObjID(id); }
   void setName(const std::string& name) { _name = name; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <list>
+#include <string>
 
 #include "zntopo/model/AssEndPoint.h"
 #include "zntopo/platform/Export.h"
@@ -16,6 +17,8 @@ class ZNTOPO_EXPORT ContainmentAss {
 
   const AssEndPoint& getContainer() const { return _container; }
   const std::list<AssEndPoint>& getContained() const { return _contained; }
+  std::string toString() const;
+
   void setContainer(const AssEndPoint& container) { _container = container; }
   void setContained(const std::list<AssEndPoint>& contained) { _contained = contained; }
 

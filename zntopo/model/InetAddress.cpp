@@ -1,11 +1,48 @@
 #include "zntopo/model/InetAddress.h"
 
+#include <cstdlib>
+
 #include "zntopo/core/MCLog.h"
 #include "zntopo/model/TopologyGateway.h"
 #include "zntopo/model/ZNInterface.h"
+#include "zntopo/model/detail/HSRPLine.h"
 #include "zntopo/model/detail/LeafLock.h"
+#include "zntopo/model/detail/Rendering.h"
 
 namespace zntopo {
+
+namespace {
+
+using Line = detail::Line<InetAddress>;
+
+std::string oadIdOf(const InetAddress& address) {
+  return detail::shownAs32Bits(address.getRouteDistinguisher());
+}
+
+constexpr Line kText[] = {
+    {"", Line::baseText<ZNAddress>},
+    {"\nOADId:", oadIdOf},
+    {"\nSubnetObjID:", Line::of<&InetAddress::getSubnetObjID>},
+    {"\nisSubnetAddress:", Line::of<&InetAddress::isSubnetAddress>},
+    {"", [](const InetAddress& address) { return detail::hsrpLine(address.getHSRPObjIDs()); },
+     nullptr,
+     [](const InetAddress& address) {
+       return std::getenv("TOPODUMP_DETAIL") != nullptr && address.isInHSRP();
+     }},
+};
+
+constexpr Line kXml[] = {
+    {"", Line::baseXml<ZNAddress>},
+    {"SubnetObjID", Line::of<&InetAddress::getSubnetObjID>, "objID"},
+    {"OADId", oadIdOf, "int"},
+    {"isSubnetAddr",
+     [](const InetAddress& address) -> std::string {
+       return address.isSubnetAddress() ? "1" : "0";
+     },
+     "int"},
+};
+
+}  // namespace
 
 InetAddress::InetAddress(const AddressType& type, TopoDBType dbType) : ZNAddress(type, dbType) {}
 
@@ -96,8 +133,8 @@ const std::list<ObjID>& InetAddress::getHSRPObjIDs() const {
 }
 
 bool InetAddress::isInetAddress() const { return true; }
-std::string InetAddress::toString() const { return ""; }
-std::string InetAddress::toXML() const { return ""; }
+std::string InetAddress::toString() const { return detail::rendered(*this, kText); }
+std::string InetAddress::toXML() const { return detail::rendered(*this, kXml); }
 RouteDistinguisher InetAddress::getRouteDistinguisher() const { return _routeDistinguisher; }
 
 }  // namespace zntopo

@@ -21,6 +21,8 @@ class ZNTOPO_EXPORT InetAddress : public ZNAddress {
   bool isInHSRP() const override;
   const std::list<ObjID>& getHSRPObjIDs() const override;
   bool isInetAddress() const override;
+  /// Tells the HSRP groups, too, if the environment variable TOPODUMP_DETAIL is set; that may ask
+  /// the store.
   std::string toString() const override;
   std::string toXML() const override;
 

@@ -1,6 +1,20 @@
 #include "zntopo/model/InetAddressDNS.h"
 
+#include "zntopo/model/detail/Rendering.h"
+
 namespace zntopo {
+
+namespace {
+
+using Line = detail::Line<InetAddressDNS>;
+
+constexpr Line kText[] = {
+    {"\n+++++++++++++++InetAddressDNS+++++++++++++++", Line::baseText<InetAddress>},
+    {"\nDNSName:", Line::of<&InetAddressDNS::getAddressAsString>},
+    {"\n---------------InetAddressDNS---------------"},
+};
+
+}  // namespace
 
 InetAddressDNS::InetAddressDNS() : InetAddress(DNS, ActiveDB) {}
 
@@ -22,6 +36,6 @@ InetAddressDNS::InetAddressDNS(const std::string& addrVal, bool isSubnet, const 
 InetAddressDNS::~InetAddressDNS() = default;
 
 const std::string& InetAddressDNS::getAddressAsString() const { return _addrVal; }
-std::string InetAddressDNS::toString() const { return ""; }
+std::string InetAddressDNS::toString() const { return detail::rendered(*this, kText); }
 
 }  // namespace zntopo

@@ -1,6 +1,7 @@
 #include "zntopo/model/InetAddressIPv4.h"
 
 #include "zntopo/model/IPv4SubnetMask.h"
+#include "zntopo/model/detail/Rendering.h"
 
 namespace zntopo {
 
@@ -9,6 +10,24 @@ namespace {
 short prefixOf(const std::string& subnetMask) {
   return static_cast<short>(IPv4SubnetMask(subnetMask).getPrefixLen());
 }
+
+using Line = detail::Line<InetAddressIPv4>;
+
+constexpr Line kText[] = {
+    {"\n+++++++++++++++InetAddressIPv4+++++++++++++++", Line::baseText<InetAddress>},
+    {"\nIPV4:", Line::of<&InetAddressIPv4::getAddressAsString>},
+    {"\nPublic Address:", Line::of<&InetAddressIPv4::getPublicAddress>},
+    {"\nPrefixLength:", Line::of<&InetAddressIPv4::getPrefixLength>},
+    {"\n---------------InetAddressIPv4---------------"},
+};
+
+constexpr Line kXml[] = {
+    {"<IPv4Address>\n", Line::baseXml<InetAddress>},
+    {"PrivateAddr", Line::of<&InetAddressIPv4::getAddressAsString>, "str"},
+    {"PublicAddr", Line::of<&InetAddressIPv4::getPublicAddress>, "str"},
+    {"PrefixLength", Line::of<&InetAddressIPv4::getPrefixLength>, "int"},
+    {"</IPv4Address>\n"},
+};
 
 }  // namespace
 
@@ -80,8 +99,8 @@ InetAddressIPv4& InetAddressIPv4::operator=(const InetAddressIPv4& other) = defa
 InetAddressIPv4::~InetAddressIPv4() = default;
 
 const std::string& InetAddressIPv4::getAddressAsString() const { return _addrVal; }
-std::string InetAddressIPv4::toString() const { return ""; }
-std::string InetAddressIPv4::toXML() const { return ""; }
+std::string InetAddressIPv4::toString() const { return detail::rendered(*this, kText); }
+std::string InetAddressIPv4::toXML() const { return detail::rendered(*this, kXml); }
 std::string InetAddressIPv4::getAddressAsBitString() const { return _addrVal; }
 
 }  // namespace zntopo

@@ -3,6 +3,7 @@
 #include "zntopo/model/IPv6AddrToBin.h"
 #include "zntopo/model/detail/EnumTable.h"
 #include "zntopo/model/detail/LeafLock.h"
+#include "zntopo/model/detail/Rendering.h"
 
 namespace zntopo {
 
@@ -13,6 +14,20 @@ constexpr detail::EnumText<InetAddressIPv6::ScopeType> kScopes[] = {
     {InetAddressIPv6::LinkLocal, "LinkLocal"},
     {InetAddressIPv6::SiteLocal, "SiteLocal"},
     {InetAddressIPv6::Global, "Global"},
+};
+
+using Line = detail::Line<InetAddressIPv6>;
+
+constexpr Line kText[] = {
+    {"", Line::baseText<InetAddress>},
+    {"\nScopeType:",
+     [](const InetAddressIPv6& address) {
+       return InetAddressIPv6::ScopeTypeToString(address.getScopeType());
+     }},
+    {"\nAddress:", Line::of<&InetAddressIPv6::getAddressAsString>},
+    {"\n"},
+    {"PrefixLength:", Line::of<&InetAddressIPv6::getPrefixLength>},
+    {"\n"},
 };
 
 }  // namespace
@@ -47,7 +62,7 @@ InetAddressIPv6& InetAddressIPv6::operator=(const InetAddressIPv6& other) = defa
 InetAddressIPv6::~InetAddressIPv6() = default;
 
 const std::string& InetAddressIPv6::getAddressAsString() const { return _addrVal; }
-std::string InetAddressIPv6::toString() const { return ""; }
+std::string InetAddressIPv6::toString() const { return detail::rendered(*this, kText); }
 
 std::string InetAddressIPv6::getAddressAsBitString(int len) const {
   if (_addrValBS.get().empty()) {

@@ -1,6 +1,7 @@
 #include "zntopo/model/MonitoredIPv6Aspect.h"
 
 #include "zntopo/model/ZNRefPtrConversion.h"
+#include "zntopo/model/detail/Rendering.h"
 
 namespace zntopo {
 
@@ -34,11 +35,17 @@ MonitoredIPv6Aspect::getMonitoredIPv6Addresses() const {
 std::string MonitoredIPv6Aspect::getAspectName() const { return AspectName; }
 
 std::string MonitoredIPv6Aspect::toString() const {
-  return "\n+++++++++++++++MonitoredIPv6Aspect++++++++++++\nGlobalStatus:" +
-         getGlobalStatus().toString() + "\nSiteLocalStatus:" + getSiteLocalStatus().toString() +
-         "\nOverallStatus:" + getOverallStatus().toString() +
-         "\nEntityObjID:" + _ent->getObjID().getStrValue() +
-         "\n---------------------MonitoredIPv6Aspect-------------";
+  using Line = detail::Line<MonitoredIPv6Aspect>;
+  static constexpr Line kText[] = {
+      {"\n+++++++++++++++MonitoredIPv6Aspect++++++++++++"},
+      {"\nGlobalStatus:", Line::of<&MonitoredIPv6Aspect::getGlobalStatus>},
+      {"\nSiteLocalStatus:", Line::of<&MonitoredIPv6Aspect::getSiteLocalStatus>},
+      {"\nOverallStatus:", Line::of<&MonitoredIPv6Aspect::getOverallStatus>},
+      {"\nEntityObjID:",
+       [](const MonitoredIPv6Aspect& aspect) { return aspect._ent->getObjID().getStrValue(); }},
+      {"\n---------------------MonitoredIPv6Aspect-------------"},
+  };
+  return detail::rendered(*this, kText);
 }
 
 }  // namespace zntopo

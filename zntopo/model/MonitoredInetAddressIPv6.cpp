@@ -1,6 +1,7 @@
 #include "zntopo/model/MonitoredInetAddressIPv6.h"
 
 #include "zntopo/model/detail/EnumTable.h"
+#include "zntopo/model/detail/Rendering.h"
 
 namespace zntopo {
 
@@ -27,6 +28,27 @@ constexpr detail::EnumText<Monitored::IPv6NetToMediaState> kStates[] = {
     {Monitored::Invalid, "Invalid"},     {Monitored::Unknown, "Unknown"},
 };
 
+using Line = detail::Line<Monitored>;
+
+constexpr Line kText[] = {
+    {"\n+++++++++++++MonitoredInetAddressIPv6++++++++++++++", Line::baseText<InetAddressIPv6>},
+    {"QRMObjId:", Line::of<&Monitored::getQRMObjID>},
+    {"\nIPv6AddrState:",
+     [](const Monitored& address) {
+       return Monitored::IPv6AddrStatusToString(address.getIPv6AddrStatus());
+     }},
+    {"\nIPv6NetToMediaState:",
+     [](const Monitored& address) {
+       return Monitored::IPv6NetToMediaStateToString(address.getIPv6NetToMediaState());
+     }},
+    {"\nIPv6AddrType:",
+     [](const Monitored& address) {
+       return Monitored::IPv6AddrTypeToString(address.getIPv6AddrType());
+     }},
+    {"\n", Line::textOf<&Monitored::getPingStatus>},
+    {"\n-------------MonitoredInetAddressIPv6------------"},
+};
+
 }  // namespace
 
 MonitoredInetAddressIPv6::MonitoredInetAddressIPv6() = default;
@@ -48,7 +70,7 @@ MonitoredInetAddressIPv6::MonitoredInetAddressIPv6(const InetAddressIPv6& addres
 MonitoredInetAddressIPv6::~MonitoredInetAddressIPv6() = default;
 
 bool MonitoredInetAddressIPv6::isMonitored() const { return true; }
-std::string MonitoredInetAddressIPv6::toString() const { return ""; }
+std::string MonitoredInetAddressIPv6::toString() const { return detail::rendered(*this, kText); }
 
 void MonitoredInetAddressIPv6::setQRMObjID(const ObjID& id) {
   _QRMObjId = id;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "zntopo/core/AtomicField.h"
 #include "zntopo/model/ObjectStatus.h"
 #include "zntopo/platform/Export.h"
@@ -15,6 +17,8 @@ class ZNTOPO_EXPORT PingStatus {
   explicit PingStatus(const ObjectStatus& stat) : _stat(stat) {}
   PingStatus(const ObjectStatus& stat, long pTime, long statTime)
       : _stat(stat), _lastPingTime(pTime), _lastStatusUpdateTime(statTime) {}
+
+  std::string toString() const;
 
   const ObjectStatus& getStatus() const { return _stat; }
   long getLastPingTime() const { return _lastPingTime; }

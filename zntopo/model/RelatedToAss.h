@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "zntopo/model/AssEndPoint.h"
 #include "zntopo/platform/Export.h"
@@ -34,6 +35,9 @@ class ZNTOPO_EXPORT RelatedToAss {
   short getRelType() const { return _relType; }
   const ObjID& getLeftNodeID() const { return _leftNodeID; }
   const ObjID& getRightNodeID() const { return _rightNodeID; }
+
+  /// Tells the low 32 bits of the speed, with a sign.
+  std::string toString() const;
 
   void setLeftEnd(const AssEndPoint& end) { _leftEnd = end; }
   void setRightEnd(const AssEndPoint& end) { _rightEnd = end; }

@@ -18,6 +18,9 @@ class ZNTOPO_EXPORT UserDefVar {
   const std::string& getName() const { return _name; }
   const VarValue& getValue() const { return _val; }
   std::string toString() const;
+  /// An attribute named by the variable. A boolean is "true" or "false" of the type "int"; octets
+  /// give an empty text.
+  std::string toXML() const;
 
  private:
   std::string _name;

@@ -1,10 +1,47 @@
 #include "zntopo/model/ZNAddress.h"
 
 #include "zntopo/model/TopologyAttributeType.h"
+#include "zntopo/model/detail/EnumTable.h"
 #include "zntopo/model/detail/LeafLock.h"
+#include "zntopo/model/detail/Rendering.h"
 #include "zntopo/model/detail/WriteThrough.h"
 
 namespace zntopo {
+
+namespace {
+
+constexpr detail::EnumText<ZNAddress::AddressType> kTypes[] = {
+    {ZNAddress::IPv4, "IPv4"},     {ZNAddress::IPv6, "IPv6"}, {ZNAddress::Physical, "Physical"},
+    {ZNAddress::IDName, "IDName"}, {ZNAddress::FDN, "FDN"},   {ZNAddress::DNS, "DNS"},
+};
+
+constexpr detail::EnumText<PingState> kPingStates[] = {
+    {Ping_Responding, "Ping Responding"},   {Ping_NotResponding, "Ping Not Responding"},
+    {Ping_Unreachable, "Ping Unreachable"}, {Ping_AgentDown, "Ping Agent Down"},
+    {Ping_Disabled, "Ping Disabled"},
+};
+
+using Line = detail::Line<ZNAddress>;
+
+constexpr Line kText[] = {
+    {"\nAddressID:", Line::of<&ZNAddress::getAddressID>},
+    {"\nAssociatedEntityID:", Line::of<&ZNAddress::getAssEntityID>},
+    {"\nAddressType:",
+     [](const ZNAddress& address) { return detail::textOf(kTypes, address.getAddressType(), ""); }},
+    {"\nPing State:",
+     [](const ZNAddress& address) {
+       return detail::textOf(kPingStates, address.getPingState(), "");
+     }},
+};
+
+constexpr Line kXml[] = {
+    {"AddrID", Line::of<&ZNAddress::getAddressID>, "objID"},
+    {"AscEntObjID", Line::of<&ZNAddress::getAssEntityID>, "objID"},
+    {"AddrType", Line::of<&ZNAddress::getAddressType>, "int"},
+    {"PingState", Line::of<&ZNAddress::getPingState>, "int"},
+};
+
+}  // namespace
 
 ZNAddress::ZNAddress() = default;
 
@@ -47,8 +84,8 @@ const std::list<ObjID>& ZNAddress::getHSRPObjIDs() const { return myHSRPObjIDLis
 bool ZNAddress::isInetAddress() const { return false; }
 const std::string& ZNAddress::getAddressAsString() const { return _tmpStr; }
 bool ZNAddress::isMonitored() const { return false; }
-std::string ZNAddress::toString() const { return ""; }
-std::string ZNAddress::toXML() const { return ""; }
+std::string ZNAddress::toString() const { return detail::rendered(*this, kText); }
+std::string ZNAddress::toXML() const { return detail::rendered(*this, kXml); }
 
 ZNTopoAPIStatus ZNAddress::setPingState(PingState aPingState, bool updateDB) {
   MutexLockInternal lock(myMutex);

@@ -19,8 +19,6 @@ namespace zntopo {
 /// Built by one thread and shared then through ZNRefPtr: all read-only operations and
 /// setPingState() may be called by several threads at once. setAddressID() and setAssEntityID()
 /// are for the builder. The destructor takes no lock.
-///
-/// Renderings are not there yet: toString() and toXML() of all addresses give an empty text.
 class ZNTOPO_EXPORT ZNAddress {
  public:
   /// The kind of an address, as the column AddressType holds it.
@@ -46,7 +44,10 @@ class ZNTOPO_EXPORT ZNAddress {
   virtual bool isInetAddress() const;
   virtual const std::string& getAddressAsString() const;
   virtual bool isMonitored() const;
+  /// The address in lines of labels and values, for diagnosis.
   virtual std::string toString() const;
+  /// The same in elements, for programs that know them: see ZNTopoXMLTag. Of the kinds of addresses
+  /// IPv4 alone has the address itself in it.
   virtual std::string toXML() const;
 
   AddressType getAddressType() const { return _type; }

@@ -119,10 +119,6 @@ ZNEntity& ZNEntity::operator=(const ZNEntity& other) {
 
 ZNEntity::~ZNEntity() = default;
 
-std::string ZNEntity::toString() const { return ""; }
-std::string ZNEntity::toXML() const { return ""; }
-std::string ZNEntity::toShortString() const { return ""; }
-
 void ZNEntity::updateZNEntity(const ObjID& id, const std::string& zoneNumber, const ObjID& QRMObjId,
                               const std::string& name, const std::string& description,
                               const EntityType& entityType, const ObjectStatus& overallStatus,

@@ -34,8 +34,8 @@ class ZNEntityDB;
 /// read through it while another thread sets the same field. setQRMObjID, setObjID and all the
 /// filling setters are for the one who builds the object. The destructor takes no lock.
 ///
-/// Renderings are not there yet: toString() and toXML() of all entities give an empty text, but
-/// for the end points of ZNSubnet::toString().
+/// The text forms change nothing but what they load on demand; each asks the store for the
+/// addresses, and what can't be read is missing in it.
 class ZNTOPO_EXPORT ZNEntity {
  public:
   /// Which of the statuses of an object.
@@ -79,9 +79,11 @@ class ZNTOPO_EXPORT ZNEntity {
   ZNEntity& operator=(const ZNEntity& other);
   virtual ~ZNEntity();
 
+  /// All of the object in lines of labels and values, for diagnosis.
   virtual std::string toString() const;
+  /// The same in elements, for programs that know them: see ZNTopoXMLTag.
   virtual std::string toXML() const;
-  /// Empty, unless a derived class gives it meaning.
+  /// A row of the dump tool's table. Empty, unless a derived class gives it meaning.
   virtual std::string toShortString() const;
 
   /// Overwrites the object in place. An empty name, description or zone leaves the old one;

@@ -4,6 +4,7 @@
 
 #include "zntopo/core/MCLog.h"
 #include "zntopo/model/detail/Addresses.h"
+#include "zntopo/model/detail/EntityText.h"
 #include "zntopo/model/detail/UserVars.h"
 
 namespace zntopo {
@@ -130,7 +131,14 @@ std::string ZNEntityDB::getPhysAddr() const {
   return address ? address->addressStr : std::string();
 }
 
-std::string ZNEntityDB::toString() const { return ""; }
+std::string ZNEntityDB::toString() const {
+  using Line = detail::Line<ZNEntityDB>;
+  static constexpr Line kOid[] = {{"\nEntityOID:", Line::of<&ZNEntityDB::getEntityOid>}};
+  MCLog::log(MC_TRACE_L2, "Entering ZNEntityDB::toString \n");
+  std::string text = detail::entityText(*this, kOid);
+  MCLog::log(MC_TRACE_L2, "Exiting ZNEntityDB::toString \n");
+  return text;
+}
 
 const ObjectStatus& ZNEntityDB::getOverallStatus() const {
   return _ipLevel == ZNEntity::IPv6 ? _V6CompoundStatus : _status;

@@ -21,8 +21,6 @@ namespace zntopo {
 /// its addresses. Nothing in the library builds one; ZNEntity can be made from it.
 ///
 /// It has no lock: one object belongs to one thread at a time.
-///
-/// Renderings are not there yet: toString() gives an empty text.
 class ZNTOPO_EXPORT ZNEntityDB {
  public:
   /// What is kept of an address.
@@ -91,6 +89,7 @@ class ZNTOPO_EXPORT ZNEntityDB {
   virtual AddressVector getAddresses() const;
   virtual std::unique_ptr<AddressVector> getAddressesByType(ZNAddress::AddressType type) const;
   virtual std::string getPhysAddr() const;
+  /// As of ZNEntity, with the OID in the place of the zone and without the route distinguisher.
   virtual std::string toString() const;
 
   const ObjID& getObjID() const { return _id; }

@@ -5,6 +5,7 @@
 #include "zntopo/core/MCLog.h"
 #include "zntopo/model/TopologyAttributeType.h"
 #include "zntopo/model/ZNHSRPAddrEqualObjID.h"
+#include "zntopo/model/detail/Rendering.h"
 #include "zntopo/model/detail/WriteThrough.h"
 
 namespace zntopo {
@@ -15,6 +16,29 @@ constexpr int kHighestCertainty = 100;
 constexpr int kHighestPriority = 64000;
 
 bool inRange(int value, int highest) { return value >= 0 && value <= highest; }
+
+using Line = detail::Line<ZNHSRP>;
+
+std::string membersOf(const ZNHSRP& group) {
+  return detail::joined(group.getHSRPAddrInfoList(), [](const ZNHSRPAddressInfo& member) {
+    return "\n---------------" + member.toString();
+  });
+}
+
+constexpr Line kText[] = {
+    {"++++++++++++ HSRP ++++++++++++++++++ \n", Line::baseText<ZNEntity>},
+    {"\nHSRPGroupNumber: ", Line::of<&ZNHSRP::getHSRPNumber>},
+    {"\n============= HSRP Address =============== \n", membersOf},
+    {"\n------------- HSRP --------------\n"},
+};
+
+constexpr Line kXml[] = {
+    {"<HSRP>\n", Line::baseXml<ZNEntity>},
+    {"GroupNumber", Line::of<&ZNHSRP::getHSRPNumber>, "int"},
+    {"<HSRPAddressList>\n", Line::xmls<&ZNHSRP::getHSRPAddrInfoList>},
+    {"</HSRPAddressList>\n"},
+    {"</HSRP>\n"},
+};
 
 }  // namespace
 
@@ -51,8 +75,8 @@ ZNHSRP& ZNHSRP::operator=(const ZNHSRP& other) {
 
 ZNHSRP::~ZNHSRP() = default;
 
-std::string ZNHSRP::toString() const { return ""; }
-std::string ZNHSRP::toXML() const { return ""; }
+std::string ZNHSRP::toString() const { return detail::rendered(*this, kText); }
+std::string ZNHSRP::toXML() const { return detail::rendered(*this, kXml); }
 std::string ZNHSRP::toShortString() const { return ""; }
 
 int ZNHSRP::getHSRPNumber() const {

@@ -6,6 +6,7 @@
 
 #include "zntopo/core/MCLog.h"
 #include "zntopo/model/detail/EnumTable.h"
+#include "zntopo/model/detail/Rendering.h"
 
 namespace zntopo {
 
@@ -18,6 +19,38 @@ constexpr detail::EnumText<Info::HSRPState> kTexts[] = {
     {Info::Initial, "Initial"},     {Info::Learn, "Learn"},           {Info::Listen, "Listen"},
     {Info::Speak, "Speak"},         {Info::StandBy, "StandBy"},       {Info::Active, "Active"},
     {Info::MiscState, "MiscState"}, {Info::NoResponse, "NoResponse"},
+};
+
+using Line = detail::Line<Info>;
+
+std::string tracksOf(const Info& info) {
+  return detail::section(
+      "\n---------- Track Interface Info ----------", info.getTrackInterfaceInfoList(),
+      [](const TrackInterfaceInfo& track) {
+        return "\nIF ObjID = " + track.ifObjID.getStrValue() +
+               "\nIF Priority = " + detail::shown(track.ifPriority);
+      },
+      "\n------------------------------------------\n");
+}
+
+constexpr Line kText[] = {
+    {"\nAddressObjID:", Line::of<&Info::getAddressID>},
+    {"\nIFObjID:", Line::of<&Info::getIFObjID>},
+    {"\nHSRPState:", Line::of<&Info::getHSRPStateAsString>},
+    {"\nHSRPNumber:", Line::of<&Info::getHSRPNumber>},
+    {"\nHSRPPriority:", Line::of<&Info::getHSRPPriority>},
+    {"\nHSRPStateCertainty:", Line::of<&Info::getHSRPStateCertainty>},
+    {"", tracksOf},
+};
+
+constexpr Line kXml[] = {
+    {"<HSRPAddress>\n"},
+    {"AddressObjID", Line::of<&Info::getAddressID>, "objID"},
+    {"IFObjID", Line::of<&Info::getIFObjID>, "objID"},
+    {"HSRPState", Line::of<&Info::getHSRPStateAsString>, "str"},
+    {"HSRPPriority", Line::of<&Info::getHSRPPriority>, "int"},
+    {"HSRPCertainty", Line::of<&Info::getHSRPStateCertainty>, "int"},
+    {"</HSRPAddress>\n"},
 };
 
 /// The number of a text, within 32 bits.
@@ -79,5 +112,8 @@ std::string ZNHSRPAddressInfo::getHSRPStateAsString() const {
 ZNHSRPAddressInfo::HSRPState ZNHSRPAddressInfo::getHSRPStateFromInt(int value) {
   return detail::valueOf(kTexts, value, MiscState);
 }
+
+std::string ZNHSRPAddressInfo::toString() const { return detail::rendered(*this, kText); }
+std::string ZNHSRPAddressInfo::toXML() const { return detail::rendered(*this, kXml); }
 
 }  // namespace zntopo

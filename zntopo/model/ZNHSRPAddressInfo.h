@@ -52,6 +52,9 @@ class ZNTOPO_EXPORT ZNHSRPAddressInfo {
     return myTrackIFInfoList;
   }
 
+  std::string toString() const;
+  std::string toXML() const;
+
   /// MiscState for 7, 8 and numbers that are no state.
   static HSRPState getHSRPStateFromInt(int value);
 

@@ -3,8 +3,29 @@
 #include <ctime>
 
 #include "zntopo/core/MCLog.h"
+#include "zntopo/model/detail/Rendering.h"
 
 namespace zntopo {
+
+namespace {
+
+using Line = detail::Line<ZNIfc>;
+
+constexpr const char* kBanner = "\n+++++++++++++++++ ZNIfc ++++++++++++++++";
+
+constexpr Line kText[] = {
+    {kBanner, Line::baseText<ZNEntity>},
+    {"\n     +++++++++++++++++ ZNIfcInfoListBegins ++++++++++++++++",
+     Line::texts<&ZNIfc::getAllIfcInfos>},
+    {"\n     ----------------- ZNIfcInfoListEnds ----------------"},
+    {"\n    "},
+    {"\n     +++++++++++++++++ ZNIfcAssocInfoListBegins ++++++++++++++++",
+     Line::texts<&ZNIfc::getAllIfcAssocInfos>},
+    {"\n     ----------------- ZNIfcAssocInfoListEnds ----------------"},
+    {"\n----------------- ZNIfc ----------------\n"},
+};
+
+}  // namespace
 
 ZNIfc::ZNIfc() = default;
 
@@ -30,8 +51,8 @@ ZNIfc::ZNIfc(const ZNEntity& theEnt, const std::list<ZNIfcInfo>& theInfoList,
 
 ZNIfc::~ZNIfc() = default;
 
-std::string ZNIfc::toString() const { return ""; }
-std::string ZNIfc::toXML() const { return ""; }
+std::string ZNIfc::toString() const { return detail::rendered(*this, kText); }
+std::string ZNIfc::toXML() const { return kBanner; }
 
 const ZNIfcInfo& ZNIfc::getIfcInfoByNodeObjID(const ObjID& id) const {
   // What is returned for an unknown node outlives every caller.

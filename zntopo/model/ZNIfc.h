@@ -30,6 +30,7 @@ class ZNTOPO_EXPORT ZNIfc : public ZNEntity {
   ~ZNIfc() override;
 
   std::string toString() const override;
+  /// The banner of toString() and nothing else: containers have no XML form.
   std::string toXML() const override;
 
   int getIfcType() const { return _znIfcType; }

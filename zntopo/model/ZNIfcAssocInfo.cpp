@@ -1,5 +1,6 @@
 #include "zntopo/model/ZNIfcAssocInfo.h"
 
+#include "zntopo/model/detail/Rendering.h"
 #include "zntopo/model/detail/WriteThrough.h"
 
 namespace zntopo {
@@ -8,6 +9,22 @@ namespace {
 
 /// The number of this state among the attribute types, which have no enumerator for it.
 constexpr int kAssociationAttribute = 7;
+
+using Line = detail::Line<ZNIfcAssocInfo>;
+
+constexpr Line kText[] = {
+    {"\n\n          +++++++++++++++++ ZNIfcAssocInfo ++++++++++++++++"},
+    {"\n          LeftIfCObjId: ", Line::of<&ZNIfcAssocInfo::getLeftIfcId>},
+    {"\n          LeftIfcType: ", Line::of<&ZNIfcAssocInfo::getLeftIfcType>},
+    {"\n          RightIfCObjId: ", Line::of<&ZNIfcAssocInfo::getRightIfcId>},
+    {"\n          RightIfcType: ", Line::of<&ZNIfcAssocInfo::getRightIfcType>},
+    {"\n          RelationType: ", Line::of<&ZNIfcAssocInfo::getIfcRelationType>},
+    {"\n          AssociationStatus: ", Line::of<&ZNIfcAssocInfo::getAssocState>},
+    {"\n          AssociationChangeTime: ", Line::of<&ZNIfcAssocInfo::getAssocStateTime>},
+    {"\n          AssociationDescription: ", Line::of<&ZNIfcAssocInfo::getAssocDescription>},
+    {"\n          AssociationExtraInfo: ", Line::of<&ZNIfcAssocInfo::getAssocExtraInfo>},
+    {"\n          ----------------- ZNIfcAssocInfo ----------------"},
+};
 
 }  // namespace
 
@@ -39,6 +56,8 @@ ZNIfcAssocInfo::ZNIfcAssocInfo(const std::string& leftIfcName, const std::string
   _znRightIfcName = rightIfcName;
   _znIpLevel = ipLevel;
 }
+
+std::string ZNIfcAssocInfo::toString() const { return detail::rendered(*this, kText); }
 
 ZNTopoAPIStatus ZNIfcAssocInfo::updateState(int state, bool updateDB) {
   MutexLockInternal lock(myMutex);

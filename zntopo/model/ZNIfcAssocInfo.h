@@ -40,6 +40,8 @@ class ZNTOPO_EXPORT ZNIfcAssocInfo {
   const std::string& getRightIfcName() const { return _znRightIfcName; }
   int getIpLevel() const { return _znIpLevel; }
 
+  std::string toString() const;
+
   /// Changes the state, and with updateDB writes the store and sends an attribute change. The
   /// object stays changed after a failure. The topology's readiness is not asked for.
   ZNTopoAPIStatus updateState(int state, bool updateDB);

@@ -2,7 +2,25 @@
 
 #include <tuple>
 
+#include "zntopo/model/detail/Rendering.h"
+
 namespace zntopo {
+
+namespace {
+
+using Line = detail::Line<ZNIfcIFInfo>;
+
+constexpr Line kText[] = {
+    {"\n\n               +++++++++++++++++ ZNIfcIFInfo ++++++++++++++++\n"},
+    {"\n               InterfaceObjId:", Line::of<&ZNIfcIFInfo::getInterfaceObjId>},
+    {"\n               ContainerObjId:", Line::of<&ZNIfcIFInfo::getIfcObjId>},
+    {"\n               IfcType:", Line::of<&ZNIfcIFInfo::getIfcType>},
+    {"\n               ContainmentType:", Line::of<&ZNIfcIFInfo::getContainmentType>},
+    {"\n               SequenceNumber:", Line::of<&ZNIfcIFInfo::getSeqNum>},
+    {"\n               ----------------- ZNIfcIFInfo ----------------\n"},
+};
+
+}  // namespace
 
 ZNIfcIFInfo::ZNIfcIFInfo(const ObjID& ifcObjId, const ObjID& interfaceObjId, int ifcType,
                          int containmentType, int seqNum)
@@ -31,5 +49,7 @@ bool ZNIfcIFInfo::operator==(const ZNIfcIFInfo& other) const {
   };
   return fields(*this) == fields(other);
 }
+
+std::string ZNIfcIFInfo::toString() const { return detail::rendered(*this, kText); }
 
 }  // namespace zntopo

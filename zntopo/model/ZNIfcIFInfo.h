@@ -33,6 +33,8 @@ class ZNTOPO_EXPORT ZNIfcIFInfo {
   const std::string& getNodeName() const { return _znNodeName; }
   int getIpLevel() const { return _znIpLevel; }
 
+  std::string toString() const;
+
   /// By sequence number.
   bool operator<(const ZNIfcIFInfo& other) const { return _znSeqNum < other._znSeqNum; }
   /// In all fields.

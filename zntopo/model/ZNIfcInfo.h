@@ -1,6 +1,7 @@
 #pragma once
 
 #include <list>
+#include <string>
 
 #include "zntopo/core/ObjID.h"
 #include "zntopo/model/ZNIfcIFInfo.h"
@@ -18,6 +19,7 @@ class ZNTOPO_EXPORT ZNIfcInfo {
   void addIfcIFInfo(const ZNIfcIFInfo& info) { _znIfcIFInfoList.push_back(info); }
   const ObjID& getIfcInfoObjID() const { return _znObjID; }
   const std::list<ZNIfcIFInfo>& getAllIfcIFInfos() const { return _znIfcIFInfoList; }
+  std::string toString() const;
 
   bool operator==(const ZNIfcInfo& other) const {
     return _znObjID == other._znObjID && _znIfcIFInfoList == other._znIfcIFInfoList;

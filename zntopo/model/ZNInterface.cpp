@@ -60,10 +60,6 @@ ZNInterface::ZNInterface(const ZNInterface& other) = default;
 ZNInterface& ZNInterface::operator=(const ZNInterface& other) = default;
 ZNInterface::~ZNInterface() = default;
 
-std::string ZNInterface::toString() const { return ""; }
-std::string ZNInterface::toXML() const { return ""; }
-std::string ZNInterface::toShortString() const { return ""; }
-
 const ZNInterface::ConnDataVector& ZNInterface::getConnData() const {
   if (!myConnData.get().empty()) return myConnData.get();
   ZNTopoAPIStatus status;

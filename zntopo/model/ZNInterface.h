@@ -38,6 +38,7 @@ class ZNTOPO_EXPORT ZNInterface : public ZNEntity {
 
   std::string toString() const override;
   std::string toXML() const override;
+  /// A row of the interface, and one of each address, which are asked for.
   std::string toShortString() const override;
 
   /// The links that touch this interface, out of those of its parent node. Asks the store as long

@@ -83,11 +83,6 @@ void ZNNode::copyOwnFields(const ZNNode& other) {
 
 ZNNode::~ZNNode() = default;
 
-std::string ZNNode::toString() const { return toString(true); }
-std::string ZNNode::toXML() const { return ""; }
-std::string ZNNode::toShortString() const { return ""; }
-std::string ZNNode::toString(bool) const { return ""; }
-
 std::string ZNNode::getIPv4ManagementAddress() const {
   return addressOf(myNodeProperty.V4MgmtAddress).getAddressAsString();
 }

@@ -38,10 +38,14 @@ class ZNTOPO_EXPORT ZNNode : public ZNEntity {
   ZNNode& operator=(const ZNNode& other);
   ~ZNNode() override;
 
+  /// With the interfaces, which may be loaded for it.
   std::string toString() const override;
+  /// Without them.
   std::string toXML() const override;
+  /// Name, status, the two management addresses, route distinguisher and IP level.
   std::string toShortString() const override;
   virtual std::string toString(bool withInterfaces) const;
+  std::string toXML(bool withInterfaces) const;
 
   /// The text of the management address, empty for a node without one.
   std::string getIPv4ManagementAddress() const;
@@ -129,6 +133,7 @@ class ZNTOPO_EXPORT ZNNode : public ZNEntity {
   ZNTopoAPIStatus setSnmpState(SnmpState newState, bool updateDB);
 
  private:
+  std::string print(bool withInterfaces) const;
   bool has(unsigned long mask) const { return myNodeProperty.capabilitySet.isCapabilitySet(mask); }
   void copyOwnFields(const ZNNode& other);
   /// Loads the identifiers and leaves the objects in out; false if they were there already.

@@ -4,6 +4,7 @@
 
 #include "zntopo/core/ltos.h"
 #include "zntopo/model/ZNRefPtrConversion.h"
+#include "zntopo/model/detail/Rendering.h"
 
 namespace zntopo {
 
@@ -31,6 +32,23 @@ struct AddEPToString {
   int cnt = 0;
 };
 
+using Line = detail::Line<ZNSubnet>;
+
+std::string endPointsOf(const ZNSubnet& subnet) {
+  std::string text;
+  const std::list<SubnetEndPoint>& points = subnet.getSubnetEndPointList();
+  std::for_each(points.begin(), points.end(), AddEPToString{&text, subnet.getDBType()});
+  return text;
+}
+
+constexpr Line kText[] = {
+    {"\n++++++++++++++++ ZNSubnet ++++++++++++++", Line::baseText<ZNEntity>},
+    {"\nSubnetEndPoint:"},
+    {"\n=======================================", endPointsOf},
+    {"\n======================================="},
+    {"\n---------------- ZNSubnet --------------"},
+};
+
 }  // namespace
 
 ZNSubnet::ZNSubnet() { _entityType = E_Subnet; }
@@ -44,13 +62,7 @@ ZNSubnet::ZNSubnet(const ZNEntity& ent, const std::list<SubnetEndPoint>& aList)
 
 ZNSubnet::~ZNSubnet() = default;
 
-std::string ZNSubnet::toString() const {
-  constexpr const char* kLine = "\n=======================================";
-  std::string text = "\n++++++++++++++++ ZNSubnet ++++++++++++++" + ZNEntity::toString() +
-                     "\nSubnetEndPoint:" + kLine;
-  std::for_each(_subnetEPs.begin(), _subnetEPs.end(), AddEPToString{&text, getDBType()});
-  return text + kLine + "\n---------------- ZNSubnet --------------";
-}
+std::string ZNSubnet::toString() const { return detail::rendered(*this, kText); }
 
 std::list<ObjID> ZNSubnet::getContainedAddressIDs() const {
   std::list<ObjID> ids;

@@ -1,5 +1,7 @@
 #include "zntopo/model/ZNVlan.h"
 
+#include "zntopo/model/detail/Rendering.h"
+
 namespace zntopo {
 
 namespace {
@@ -16,6 +18,20 @@ ObjID vlanIDOf(const ZNEntity& ent) {
   }
 }
 
+using Line = detail::Line<ZNVlan>;
+
+constexpr Line kText[] = {
+    {"\n+++++++++++++++++ ZNVlan ++++++++++++++++", Line::baseText<ZNEntity>},
+    {"", Line::texts<&ZNVlan::getVlanInfoList>},
+    {"\n----------------- ZNVlan ----------------\n"},
+};
+
+constexpr Line kXml[] = {
+    {"<ZNVlan>\n", Line::baseXml<ZNEntity>},
+    {"", Line::xmls<&ZNVlan::getVlanInfoList>},
+    {"</ZNVlan>\n"},
+};
+
 }  // namespace
 
 ZNVlan::ZNVlan() = default;
@@ -27,7 +43,7 @@ ZNVlan::ZNVlan(const ZNEntity& theEnt, const std::list<ZNVlanInfo>& theInfoList)
 
 ZNVlan::~ZNVlan() = default;
 
-std::string ZNVlan::toString() const { return ""; }
-std::string ZNVlan::toXML() const { return ""; }
+std::string ZNVlan::toString() const { return detail::rendered(*this, kText); }
+std::string ZNVlan::toXML() const { return detail::rendered(*this, kXml); }
 
 }  // namespace zntopo

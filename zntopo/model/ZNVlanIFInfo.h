@@ -18,6 +18,7 @@ class ZNTOPO_EXPORT ZNVlanIFInfo {
   /// Columns VendorPort and VendorCard of nwinterface.
   const std::string& getPortNumber() const { return _portNum; }
   const std::string& getBoardNumber() const { return _boardNum; }
+  std::string toString() const;
 
  private:
   ObjID _IFID;

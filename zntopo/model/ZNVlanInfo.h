@@ -24,6 +24,8 @@ class ZNTOPO_EXPORT ZNVlanInfo {
   const ObjID& getNodeObjID() const { return _nodeObjID; }
   const std::string& getNodeName() const { return _nodeName; }
   const std::list<ZNVlanIFInfo>& getVlanIFInfoList() const { return _IFInfoList; }
+  std::string toString() const;
+  std::string toXML() const;
   void addIFInfo(const ZNVlanIFInfo& info) { _IFInfoList.push_back(info); }
 
  private:

@@ -1,0 +1,28 @@
+#include "zntopo/model/ZNIfcInfo.h"
+
+#include "zntopo/model/detail/Rendering.h"
+
+namespace zntopo {
+
+namespace {
+
+using Line = detail::Line<ZNIfcInfo>;
+
+std::string interfacesOf(const ZNIfcInfo& info) {
+  return detail::joined(info.getAllIfcIFInfos(),
+                        [](const ZNIfcIFInfo& interface) { return interface.toString() + "\n"; });
+}
+
+constexpr Line kText[] = {
+    {"\n\n          +++++++++++++ZNIfcInfo +++++++++++++"},
+    {"\n              ObjID:", Line::of<&ZNIfcInfo::getIfcInfoObjID>},
+    {"\n\n               +++++++++++++++ZNIfcIFInfoListBegins+++++++++++++++++:\n", interfacesOf},
+    {"\n               ---------------ZNIfcIFInfoListEnds-----------------:\n"},
+    {"\n\n          -------------ZNIfcInfo ---------------"},
+};
+
+}  // namespace
+
+std::string ZNIfcInfo::toString() const { return detail::rendered(*this, kText); }
+
+}  // namespace zntopo
