@@ -82,6 +82,8 @@
 #include "zntopo/model/ZNNodeCapabilitySet.h"
 #include "zntopo/model/ZNRefPtrConversion.h"
 #include "zntopo/model/ZNSubnet.h"
+#include "zntopo/model/ZNTopoXMLTag.h"
+#include "zntopo/model/ZNUtilMesg.h"
 #include "zntopo/model/ZNVlan.h"
 #include "zntopo/model/ZNVlanIFInfo.h"
 #include "zntopo/model/ZNVlanInfo.h"

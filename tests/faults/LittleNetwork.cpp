@@ -144,6 +144,17 @@ void addGroups(TestStore& store) {
                                {"ContainedNodeObjId", kAlpha}});
 }
 
+void addAuditRows(TestStore& store, int more) {
+  for (int i = 0; i < 4 + more; ++i) {
+    store.insert("nwtopoaudittrail", {{"ActionTimeUTC", 1 + i % 9},
+                                      {"ActionType", 2},
+                                      {"ObjID", i % 2 == 0 ? kAlpha : uuid(10 + i)},
+                                      {"ActionDetail", 0},
+                                      {"ObjectType", 1},
+                                      {"ActionInfo", std::string(200, 'a')}});
+  }
+}
+
 }  // namespace
 
 void fillLittleNetwork(TestStore& store, int more) {
@@ -156,6 +167,7 @@ void fillLittleNetwork(TestStore& store, int more) {
   addGroups(store);
   addV6Address(store);
   addDnsName(store, kDnsAddress, "www.alpha.net");
+  addAuditRows(store, more);
   for (int i = 0; i < more; ++i) {
     const int number = 10 + i;
     const std::string name = "more-" + std::to_string(number) + ".net";

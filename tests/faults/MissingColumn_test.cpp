@@ -74,6 +74,10 @@ bool mentions(const std::vector<std::string>& statements, const std::string& wor
   return false;
 }
 
+bool countsAllRows(const std::string& sql) {
+  return sql.find("select count(*) ") == 0 && sql.find(" where ") == std::string::npos;
+}
+
 TEST_P(MissingColumnTest, EachOperationSaysWhatItsStatementMet) {
   for (const TableOf& table : describedTables()) {
     for (const ColumnOf& column : table.columns) {
@@ -90,9 +94,10 @@ TEST_P(MissingColumnTest, EachOperationSaysWhatItsStatementMet) {
           << what;
     }
   }
-  // Each statement has met a column that it misses, and now everything works again.
+  // Each statement that names a column has met one that it misses, and now everything works again.
   for (std::size_t i = 0; i < questions().size(); ++i) {
     for (const std::string& sql : healthy_.statements(i)) {
+      if (countsAllRows(sql)) continue;
       EXPECT_EQ(met_.count(shapeOf(sql)), 1u) << "was never the first refused: " << sql;
     }
   }

@@ -16,6 +16,7 @@ std::vector<Question> interfaceQuestions();
 std::vector<Question> addressQuestions();
 std::vector<Question> groupQuestions();
 std::vector<Question> walkQuestions();
+std::vector<Question> infoQuestions();
 std::vector<Question> filterQuestions();
 std::vector<Question> topoFilterQuestions();
 

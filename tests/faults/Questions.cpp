@@ -17,9 +17,9 @@ ZNTopoStatus Question::endingOf(const std::string& statement, ZNTopoStatus own) 
 const std::vector<Question>& questions() {
   static const auto* const all = [] {
     auto* const result = new std::vector<Question>;
-    for (const auto& part :
-         {nodeQuestions(), loaderQuestions(), interfaceQuestions(), addressQuestions(),
-          groupQuestions(), walkQuestions(), filterQuestions(), topoFilterQuestions()}) {
+    for (const auto& part : {nodeQuestions(), loaderQuestions(), interfaceQuestions(),
+                             addressQuestions(), groupQuestions(), walkQuestions(), infoQuestions(),
+                             filterQuestions(), topoFilterQuestions()}) {
       result->insert(result->end(), part.begin(), part.end());
     }
     return result;

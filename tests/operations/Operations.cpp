@@ -44,9 +44,10 @@ void PrintTo(const Cost& cost, std::ostream* stream) {
 
 std::vector<Operation> allOperations() {
   std::vector<Operation> all;
-  for (const auto family : {nodeOperations(), interfaceOperations(), addressOperations(),
-                            groupOperations(), filterOperations(), objectOperations(),
-                            connectivityOperations(), updateOperations(), setterOperations()}) {
+  for (const auto family :
+       {nodeOperations(), interfaceOperations(), addressOperations(), groupOperations(),
+        filterOperations(), objectOperations(), connectivityOperations(), updateOperations(),
+        setterOperations(), infoOperations()}) {
     all.insert(all.end(), family.begin(), family.end());
   }
   return all;

@@ -91,6 +91,7 @@ std::span<const Operation> objectOperations();
 std::span<const Operation> connectivityOperations();
 std::span<const Operation> updateOperations();
 std::span<const Operation> setterOperations();
+std::span<const Operation> infoOperations();
 std::vector<Operation> allOperations();
 
 /// An operation whose cost grows faster than its batches and hops. There is no other place for

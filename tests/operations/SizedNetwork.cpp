@@ -107,6 +107,12 @@ class NetworkWriter {
                                   {"AddressID", uuid(1000 + number, 'e')},
                                   {"AddressIfObjID", accessID(Part::Leaf, number)},
                                   {"state", 6}});
+    store_.insert("nwtopoaudittrail", {{"ActionTimeUTC", number},
+                                       {"ActionType", 2},
+                                       {"ObjID", nodeID(Part::Leaf, number)},
+                                       {"ActionDetail", 0},
+                                       {"ObjectType", 1},
+                                       {"ActionInfo", "new"}});
     store_.insert("nwifc",
                   {{"ObjId", containerID(number)}, {"EntityName", "container"}, {"IFCType", 5}});
   }

@@ -8,10 +8,12 @@
 #include "zntopo/api/detail/AddressSql.h"
 #include "zntopo/api/detail/AttachmentSql.h"
 #include "zntopo/api/detail/AttributeFilterSql.h"
+#include "zntopo/api/detail/AuditSql.h"
 #include "zntopo/api/detail/EntitySql.h"
 #include "zntopo/api/detail/GroupSql.h"
 #include "zntopo/api/detail/InterfaceSql.h"
 #include "zntopo/api/detail/NodeSql.h"
+#include "zntopo/api/detail/StatisticSql.h"
 #include "zntopo/api/detail/UpdateSql.h"
 #include "zntopo/filter/TopoFiltSql.h"
 #include "zntopo/store/detail/QuotedList.h"
@@ -139,6 +141,18 @@ Texts groupStatements(const TableSet& tables) {
   return all;
 }
 
+Texts infoStatements(const TableSet& tables) {
+  const auto counts = statisticSelects(tables);
+  Texts all(counts.begin(), counts.end());
+  all.push_back(nodesByRDSelect(tables));
+  all.push_back(auditTrailSelect(tables, 0, 0, ZNAuditAction::TypeDontCare,
+                                 ZNAuditTrail::ObjectTypeDontCare));
+  all.push_back(auditTrailSelect(tables, 1, 9, ZNAuditAction::ObjectCreation, ZNAuditTrail::Node));
+  all.push_back(auditTrailSelect(tables, 1, 1, ZNAuditAction::TypeDontCare,
+                                 ZNAuditTrail::ObjectTypeDontCare));
+  return all;
+}
+
 /// A filter with all fields that statements know, but for an address.
 ZNTopoFilter filterOfAll() {
   ZNTopoFilter filter = ableTo({"isCDP", "isSTP"});
@@ -210,9 +224,9 @@ Texts topoFilterStatements(const TableSet& /*tables*/) {
 
 std::vector<std::string> everyStatement(const TableSet& tables) {
   Texts all;
-  for (const auto family :
-       {stateStatements, nodeStatements, attachmentStatements, interfaceStatements,
-        addressStatements, groupStatements, attributeFilterStatements, topoFilterStatements}) {
+  for (const auto family : {stateStatements, nodeStatements, attachmentStatements,
+                            interfaceStatements, addressStatements, groupStatements, infoStatements,
+                            attributeFilterStatements, topoFilterStatements}) {
     const Texts texts = family(tables);
     all.insert(all.end(), texts.begin(), texts.end());
   }

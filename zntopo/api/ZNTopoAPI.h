@@ -126,9 +126,13 @@ class ZNTOPO_EXPORT ZNTopoAPI {
                                int tvwStatus, long statusChangeTimeUTC,
                                ZNEntity::EntityStatusType entStatusType, ZNTopoAPIStatus& theStatus,
                                bool isQRMID);
-  /// The counters of the stored topology. ZN_API_DB_NOT_READY while the model is not ready.
+  /// The counters of the stored topology, read one by one: a discovery that runs meanwhile makes
+  /// them disagree. All 0 after a failure: ZN_API_DB_NOT_READY while the model is not ready.
   ZNTopologyInfo getTopologyInfo(ZNTopoAPIStatus& theStatus);
-  /// What discovery did to its objects between two times, seconds UTC; 0 leaves a side open.
+  /// What discovery did to its objects between two times, seconds UTC, both included: a trail for
+  /// each object in the order of their first entries, as the store gives them. A time of 0 leaves a
+  /// side open; TypeDontCare and ObjectTypeDontCare take every kind. A start behind the end gives
+  /// nothing, with a good status.
   OwnedAuditTrailVector getAuditTrail(long actionStartTime, long actionEndTime,
                                       ZNAuditAction::Type actionType,
                                       ZNAuditTrail::ObjectType objType, ZNTopoAPIStatus& theStatus);

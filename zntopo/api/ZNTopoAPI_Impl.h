@@ -283,12 +283,15 @@ class ZNTopoAPI_Impl : protected TableSet {
   ZNTopoAPIStatus setNWIfcAssocInfoState(const ObjID& leftIfcObjID, const ObjID& rightIfcObjID,
                                          int assocType, int state);
 
-  // Audit trail and statistics.
+  // Audit trail and statistics: ZNTopoAPI_AuditTrail.cpp, ZNTopoAPI_TopologyInfo.cpp.
   OwnedAuditTrailVector getAuditTrail(long actionStartTime, long actionEndTime,
                                       ZNAuditAction::Type actionType,
                                       ZNAuditTrail::ObjectType objType, ZNTopoAPIStatus& theStatus);
   ZNTopologyInfo getTopologyInfo(ZNTopoAPIStatus& theStatus);
+  /// Runs a statement with one column of numbers: the last that is not NULL, 0 without one.
   int getStatistic(const std::string& theSQL, ZNTopoAPIStatus& theStatus);
+  /// Runs a statement with a column of texts and one of numbers, and puts them into the map; NULL
+  /// is an empty text or 0. The number of entries in the map.
   int get_String_Int_Map(const std::string& theSQL, std::map<std::string, int>& theMap,
                          ZNTopoAPIStatus& theStatus);
 

@@ -59,6 +59,9 @@ class ZNTOPO_EXPORT ZNTopologyInfo {
   /// The number of nodes of each route distinguisher, which stands as text.
   const std::map<std::string, int>& getRDMap() const { return myRDMap; }
   const ZNTopologyState& getTopologyState() const { return myStat; }
+  /// The state and the counters in lines for people, in the language of LANG. DNS names are not
+  /// among them, and the number of topology objects leaves meshes out.
+  std::string toString() const;
 
  private:
   int myNumNode = 0;
