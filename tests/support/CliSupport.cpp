@@ -89,19 +89,22 @@ bool becomeNobody() {
   return setgroups(0, nullptr) == 0 && setgid(nobody) == 0 && setuid(nobody) == 0;
 }
 
-/// Starts zntopo with its output and its errors in two files.
-pid_t start(const std::vector<std::string>& arguments, const std::vector<std::string>& environment,
-            const std::string& out, const std::string& err, User user = User::Self) {
-  std::vector<std::string> all = {inBuildTree("tools/zntopo")};
+std::string zntopoPath() { return inBuildTree("tools/zntopo"); }
+
+/// Starts a program with its output and its errors in two files.
+pid_t start(const std::string& program, const std::vector<std::string>& arguments,
+            const std::vector<std::string>& environment, const std::string& out,
+            const std::string& err, User user = User::Self) {
+  std::vector<std::string> all = {program};
   all.insert(all.end(), arguments.begin(), arguments.end());
   const std::vector<std::string> variables = environmentWith(environment);
   const std::vector<char*> words = pointers(all);
   const std::vector<char*> values = pointers(variables);
   const pid_t child = fork();
-  if (child < 0) throw std::runtime_error("zntopo can't be started");
+  if (child < 0) throw std::runtime_error(program + " can't be started");
   if (child > 0) return child;
   // Opened before, since nobody may not come as far as the file.
-  const int command = open(inBuildTree("tools/zntopo").c_str(), O_RDONLY | O_CLOEXEC);
+  const int command = open(program.c_str(), O_RDONLY | O_CLOEXEC);
   dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
   dup2(outputFile(out), STDOUT_FILENO);
   dup2(outputFile(err), STDERR_FILENO);
@@ -116,12 +119,12 @@ int await(pid_t child) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-CliResult run(const std::vector<std::string>& arguments,
+CliResult run(const std::string& program, const std::vector<std::string>& arguments,
               const std::vector<std::string>& environment, User user) {
   const Scratch folder;
   CliResult result;
   result.status =
-      await(start(arguments, environment, folder.path("out"), folder.path("err"), user));
+      await(start(program, arguments, environment, folder.path("out"), folder.path("err"), user));
   result.out = folder.read("out");
   result.err = folder.read("err");
   return result;
@@ -145,11 +148,16 @@ std::vector<std::string> listedIn(const std::vector<std::string>& call) {
 
 CliResult zntopoRun(const std::vector<std::string>& arguments,
                     const std::vector<std::string>& environment) {
-  return run(arguments, environment, User::Self);
+  return run(zntopoPath(), arguments, environment, User::Self);
+}
+
+CliResult topodumpRun(const std::vector<std::string>& arguments,
+                      const std::vector<std::string>& environment) {
+  return run(inBuildTree("tools/tvrz_topodump.tvpl"), arguments, environment, User::Self);
 }
 
 CliResult zntopoRunAsNobody(const std::vector<std::string>& arguments) {
-  return run(arguments, {}, geteuid() == 0 ? User::Nobody : User::Self);
+  return run(zntopoPath(), arguments, {}, geteuid() == 0 ? User::Nobody : User::Self);
 }
 
 RunningCli::RunningCli(const std::vector<std::string>& arguments,
@@ -225,7 +233,7 @@ CliResult zntopoRunOnTerminal(const std::vector<std::string>& arguments) {
   const Scratch folder;
   const Terminal terminal;
   CliResult result;
-  const pid_t child = start(arguments, {}, folder.path("out"), terminal.name());
+  const pid_t child = start(zntopoPath(), arguments, {}, folder.path("out"), terminal.name());
   result.err = terminal.readToEnd();
   result.status = await(child);
   result.out = folder.read("out");

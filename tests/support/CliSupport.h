@@ -12,7 +12,7 @@
 #include "tests/support/TestEngine.h"
 
 /// @file
-/// Runs the command zntopo as a user does.
+/// Runs the command zntopo, and the dump tool, as a user does.
 
 namespace zntopo::test {
 
@@ -28,6 +28,10 @@ struct CliResult {
 /// Runs zntopo in the environment of this process, with more variables ("NAME=value").
 CliResult zntopoRun(const std::vector<std::string>& arguments,
                     const std::vector<std::string>& environment = {});
+
+/// The same for the dump tool, tvrz_topodump.tvpl.
+CliResult topodumpRun(const std::vector<std::string>& arguments,
+                      const std::vector<std::string>& environment = {});
 
 /// Runs zntopo with a terminal as its standard error, which has carriage returns before line ends.
 CliResult zntopoRunOnTerminal(const std::vector<std::string>& arguments);

@@ -99,6 +99,7 @@ extern const Command kImportCommand;
 extern const Command kGenerateCommand;
 extern const Command kExportCommand;
 extern const Command kStateCommand;
+extern const Command kInfoCommand;
 extern const Command kNodesCommand;
 extern const Command kNodeCommand;
 extern const Command kInterfacesCommand;
@@ -113,6 +114,8 @@ extern const Command kSubnetCommand;
 extern const Command kNeighborsCommand;
 extern const Command kConnectivityCommand;
 extern const Command kPathCommand;
+extern const Command kAuditCommand;
+extern const Command kDumpCommand;
 extern const Command kFilterListCommand;
 extern const Command kFilterRunCommand;
 extern const Command kFilterCheckCommand;
@@ -126,14 +129,14 @@ extern const Command kWatchCommand;
 
 /// In the order of the help.
 inline constexpr std::array kCommands = {
-    &kInitCommand,         &kImportCommand,       &kGenerateCommand,      &kExportCommand,
-    &kStateCommand,        &kNodesCommand,        &kNodeCommand,          &kInterfacesCommand,
-    &kAddressesCommand,    &kVlansCommand,        &kVlanCommand,          &kContainersCommand,
-    &kContainerCommand,    &kHsrpCommand,         &kSubnetsCommand,       &kSubnetCommand,
-    &kNeighborsCommand,    &kConnectivityCommand, &kPathCommand,          &kFilterListCommand,
-    &kFilterRunCommand,    &kFilterCheckCommand,  &kFilterExplainCommand, &kSetNodeCommand,
-    &kSetInterfaceCommand, &kSetAddressCommand,   &kSetHsrpCommand,       &kSetAssociationCommand,
-    &kWatchCommand,
+    &kInitCommand,        &kImportCommand,        &kGenerateCommand,       &kExportCommand,
+    &kStateCommand,       &kInfoCommand,          &kNodesCommand,          &kNodeCommand,
+    &kInterfacesCommand,  &kAddressesCommand,     &kVlansCommand,          &kVlanCommand,
+    &kContainersCommand,  &kContainerCommand,     &kHsrpCommand,           &kSubnetsCommand,
+    &kSubnetCommand,      &kNeighborsCommand,     &kConnectivityCommand,   &kPathCommand,
+    &kAuditCommand,       &kDumpCommand,          &kFilterListCommand,     &kFilterRunCommand,
+    &kFilterCheckCommand, &kFilterExplainCommand, &kSetNodeCommand,        &kSetInterfaceCommand,
+    &kSetAddressCommand,  &kSetHsrpCommand,       &kSetAssociationCommand, &kWatchCommand,
 };
 
 /// Adds all of kCommands, with their options for the store and for JSON.

@@ -31,6 +31,9 @@ ZNTOPO_ON_ENGINES(CliPostgresReaderTest, kPostgres);
 
 TEST_P(CliPostgresReaderTest, EveryQuestionIsAnsweredAsItIsToTheOwner) {
   for (const Call& call : std::vector<Call>{{"state", "--json"},
+                                            {"info", "--json"},
+                                            {"audit", "--json"},
+                                            {"dump", "core-1", "--json"},
                                             {"nodes", "--json"},
                                             {"node", "dist-quay", "--json"},
                                             {"interfaces", "dist-quay", "--json"},
