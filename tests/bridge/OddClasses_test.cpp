@@ -9,6 +9,10 @@
 #include "zntopo/bridge/detail/Builders.h"
 #include "zntopo/bridge/detail/NativeFrame.h"
 
+extern "C" jobject JNICALL Java_com_corvane_tv_zntopology_ZorbNative_getNativeTopoInfo(JNIEnv*,
+                                                                                       jobject,
+                                                                                       jobject);
+
 namespace zntopo::test {
 namespace {
 
@@ -118,6 +122,15 @@ TEST_F(OddClassesTest, AFilterWithoutItsMethodsSetsNothing) {
   EXPECT_TRUE(populateFilter(env, make("TopoFilter"), filter));
   EXPECT_TRUE(filter.isFieldIgnored(ZNTopoFilter::F_IPLevel));
   EXPECT_EQ(log.lines(), Lines{"Unable to access TopoFilter Methods in populateTopoFilter()! \n"});
+}
+
+TEST_F(OddClassesTest, ASizeThatCantBeFilledIsAnException) {
+  TestStore store;
+  store.setReady();
+  EXPECT_EQ(Java_com_corvane_tv_zntopology_ZorbNative_getNativeTopoInfo(jni, nullptr, nullptr),
+            nullptr);
+  EXPECT_EQ(raised(),
+            "java.lang.IllegalStateException: Could not set the field myNumNode of ZorbTopoInfo");
 }
 
 }  // namespace

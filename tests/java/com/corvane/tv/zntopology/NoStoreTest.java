@@ -57,6 +57,6 @@ class NoStoreTest {
   @Test
   void theSizeIsNullWithAStatusAndNoException() {
     assertNull(NATIVES.getNativeTopoInfo(status));
-    assertFalse(status.isOK());
+    assertStatus(TopoStatusCode.DB_NOT_READY, status);
   }
 }
