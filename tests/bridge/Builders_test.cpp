@@ -156,11 +156,22 @@ TEST_F(BuildersTest, OnlyNodesAndInterfacesHaveCapabilities) {
 }
 
 TEST_F(BuildersTest, AnObjectWithoutAnIdentifierIsNeverLookedFor) {
+  // What the cache holds under the text of an empty identifier.
   const LocalRef<> cache = makeCache();
+  const LocalRef<> none;
+  const LocalRef<> id = env.make<T_ObjID>(env.text(ObjID().getStrValue()));
+  const LocalRef<> entity =
+      env.make<T_ZorbEntity>(id, none, none, none, none, none, none, none, none, none, none, none,
+                             none, jlong{0}, jlong{0}, none, none, none, jlong{0}, jint{0});
+  const LocalRef<> other = env.make<T_ZorbVlan>(entity, none);
+  ASSERT_TRUE(env.call<M_addVlan>(cache.get(), other));
+  const LocalRef<> found = env.call<M_hasVlanID>(cache.get(), env.text(ObjID().getStrValue()));
+  ASSERT_TRUE(jni->IsSameObject(found.get(), other.get()));
+
   const ZNRefPtr<ZNVlan> vlan(new ZNVlan(entityOf(ObjID(), E_Vlan)));
-  const LocalRef<> first = createVlan(env, vlan, cache.get());
-  const LocalRef<> second = createVlan(env, vlan, cache.get());
-  EXPECT_FALSE(jni->IsSameObject(first.get(), second.get()));
+  const LocalRef<> made = createVlan(env, vlan, cache.get());
+  ASSERT_TRUE(made);
+  EXPECT_FALSE(jni->IsSameObject(made.get(), other.get()));
 }
 
 TEST_F(BuildersTest, ManyInterfacesNeedFewLocalReferences) {
