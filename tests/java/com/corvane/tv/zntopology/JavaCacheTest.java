@@ -8,6 +8,9 @@ import static org.junit.jupiter.api.Assertions.*;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.Vector;
+import java.util.concurrent.ExecutorService;
+import java.util.concurrent.Executors;
+import java.util.concurrent.Future;
 import org.junit.jupiter.api.Test;
 
 class JavaCacheTest {
@@ -85,6 +88,34 @@ class JavaCacheTest {
     Address management = node.getNodeProperty().managementAddress();
     assertEquals("10.20.1.11", management.getAddressAsString());
     assertTrue(kept.stream().noneMatch(address -> address == management));
+  }
+
+  @Test
+  void severalThreadsMayBuildIntoOneCache() throws Exception {
+    int threads = 8;
+    int rounds = 5;
+    ExecutorService executor = Executors.newFixedThreadPool(threads);
+    List<Future<Integer>> built = new ArrayList<>();
+    for (int thread = 0; thread < threads; thread++) {
+      built.add(
+          executor.submit(
+              () -> {
+                int nodes = 0;
+                for (int round = 0; round < rounds; round++) {
+                  nodes +=
+                      NATIVES.getNativeAllNodes(new ZorbTopoStatus(), cache, 0, -1).size();
+                }
+                return nodes;
+              }));
+    }
+    for (Future<Integer> each : built) {
+      assertEquals(rounds * 24, each.get());
+    }
+    executor.shutdown();
+    for (ZorbNode node : NATIVES.getNativeAllNodes(status, cache, 0, -1)) {
+      assertSame(node, cache.hasNodeID(node.getObjID().getStringValue()));
+    }
+    assertOK(status);
   }
 
   @Test
