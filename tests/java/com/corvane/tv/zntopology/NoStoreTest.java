@@ -58,5 +58,8 @@ class NoStoreTest {
   void theSizeIsNullWithAStatusAndNoException() {
     assertNull(NATIVES.getNativeTopoInfo(status));
     assertStatus(TopoStatusCode.DB_NOT_READY, status);
+    assertEquals(
+        "Topology DataStore is in the state of : TOPOLOGY_INTERNAL_PROCESSING",
+        status.getAuxMsg().strip());
   }
 }
