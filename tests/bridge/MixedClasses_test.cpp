@@ -1,0 +1,63 @@
+// Natives in a JVM whose class library is whole but for a few classes, which lack a method or a
+// field.
+#include <com_corvane_tv_zntopology_ZorbNative.h>
+#include <gmock/gmock.h>
+
+#include "tests/support/CapturedLog.h"
+#include "tests/support/Jvm.h"
+#include "tests/support/TestStore.h"
+#include "zntopo/api/ZNTopoAPI_Impl.h"
+#include "zntopo/bridge/detail/NativeFrame.h"
+
+namespace zntopo::test {
+namespace {
+
+using namespace zntopo::bridge;
+using Lines = std::vector<std::string>;
+
+class MixedClassesTest : public JvmTest {
+ protected:
+  LocalRef<> make(const std::string& name) {
+    const LocalRef<jclass> type(jni, jni->FindClass(("com/corvane/tv/zntopology/" + name).c_str()));
+    return {jni, jni->NewObject(type.get(), jni->GetMethodID(type.get(), "<init>", "()V"))};
+  }
+  /// Has a filter ask for a constant, which is null.
+  void ask(const LocalRef<>& filter, const char* setter, const char* descriptor) {
+    const LocalRef<jclass> type(jni, jni->GetObjectClass(filter.get()));
+    const jvalue none{};
+    jni->CallVoidMethodA(filter.get(), jni->GetMethodID(type.get(), setter, descriptor), &none);
+    ASSERT_FALSE(jni->ExceptionCheck());
+  }
+
+  const LocalRef<> status = make("ZorbTopoStatus");
+};
+
+TEST_F(MixedClassesTest, AConstantWithoutItsNumberIsLoggedAndNotAskedFor) {
+  const LocalRef<> filterArg = make("TopoFilter");
+  ask(filterArg, "setIPLevel", "(Lcom/corvane/tv/zntopology/IPLevel;)V");
+  ask(filterArg, "setEntityType", "(Lcom/corvane/tv/zntopology/EntityType;)V");
+  const CapturedLog log(MC_MINOR);
+  ZNTopoFilter filter;
+  EXPECT_TRUE(populateFilter(env, filterArg.get(), filter));
+  EXPECT_TRUE(filter.isFieldIgnored(ZNTopoFilter::F_IPLevel));
+  EXPECT_TRUE(filter.isFieldIgnored(ZNTopoFilter::F_EntityType));
+  EXPECT_EQ(log.lines(), (Lines{"Unable to access IPLevel::toInt in populateFilter! \n",
+                                "Unable to access EntityType::toInt in populateFilter! \n"}));
+}
+
+TEST_F(MixedClassesTest, ASizeWithoutAFieldEndsInAStatusAndTheExceptionOfTheField) {
+  TestStore store;
+  store.setReady();
+  ZNTopoAPI_Impl::cache()->clear(true);
+  EXPECT_EQ(Java_com_corvane_tv_zntopology_ZorbNative_getNativeTopoInfo(jni, nullptr, status.get()),
+            nullptr);
+  const LocalRef<jthrowable> raised(jni, jni->ExceptionOccurred());
+  jni->ExceptionClear();
+  EXPECT_EQ(shown(raised.get()),
+            "java.lang.IllegalStateException: Could not set the field myNumNode of ZorbTopoInfo");
+  EXPECT_EQ(shown(status),
+            "22 Java Native Interface layer error: doSetTopoInfoLong() fail for myNumNode");
+}
+
+}  // namespace
+}  // namespace zntopo::test
