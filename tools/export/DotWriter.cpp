@@ -58,14 +58,59 @@ const char* shapeOf(NodeKind kind) {
   return "note";
 }
 
+/// How far down in a picture each node belongs: with each link away from what routes, or from the
+/// node with the most links where nothing does, one further.
+std::vector<std::size_t> levelsOf(const StoredNetwork& network) {
+  const NetworkModel& model = network.model;
+  std::vector<std::set<Index>> peers(model.nodes.size());
+  for (const LinkModel& link : model.links) {
+    peers[link.left.node].insert(link.right.node);
+    peers[link.right.node].insert(link.left.node);
+  }
+  constexpr std::size_t kNowhere = -1;
+  std::vector<std::size_t> levels(model.nodes.size(), kNowhere);
+  std::vector<Index> order(model.nodes.size());
+  for (Index i = 0; i < order.size(); ++i) order[i] = i;
+  const auto rank = [&](Index i) {
+    return std::pair(!network.traits[i].isRouter, -static_cast<long>(peers[i].size()));
+  };
+  std::stable_sort(order.begin(), order.end(),
+                   [&](Index one, Index other) { return rank(one) < rank(other); });
+  std::vector<Index> queue;
+  for (const Index i : order) {
+    if (network.traits[i].isRouter) queue.push_back(i);
+  }
+  for (const Index i : queue) levels[i] = 0;
+  // Once more for each part of the network that has no way to what is there already.
+  for (const Index start : order) {
+    if (levels[start] == kNowhere) {
+      levels[start] = 0;
+      queue.push_back(start);
+    }
+    for (std::size_t at = 0; at < queue.size(); ++at) {
+      for (const Index peer : peers[queue[at]]) {
+        if (levels[peer] != kNowhere) continue;
+        levels[peer] = levels[queue[at]] + 1;
+        queue.push_back(peer);
+      }
+    }
+    queue.clear();
+  }
+  return levels;
+}
+
 class Writer {
  public:
   Writer(const StoredNetwork& network, const DotStyle& style, std::ostream& out)
       : network_(network), model_(network.model), style_(style), out_(out) {
     for (std::size_t i = 0; i < style.path.size(); ++i) {
-      pathNodes_.insert(style.path[i].node);
+      pathNodes_.emplace(style.path[i].node, i);
       if (i > 0) pathLinks_.insert(std::minmax(style.path[i - 1], style.path[i]));
     }
+    isPathAlone_ = !style.path.empty() && pathNodes_.size() == model_.nodes.size();
+    levels_ = levelsOf(network);
+    if (!isPathAlone_) return;
+    for (const auto& [node, step] : pathNodes_) levels_[node] = step;
   }
 
   void write() {
@@ -82,7 +127,9 @@ class Writer {
   void writeHead() {
     out_ << "graph zntopo {\n  graph [charset=\"UTF-8\", fontname=\"Helvetica\", fontsize=12";
     if (!style_.layout.empty()) out_ << ", layout=" << style_.layout;
-    if (style_.layout == "dot") out_ << ", rankdir=TB, ranksep=0.6, nodesep=0.3";
+    if (style_.layout == "dot") {
+      out_ << ", rankdir=" << (isPathAlone_ ? "LR" : "TB") << ", ranksep=0.6, nodesep=0.3";
+    }
     if (!style_.layout.empty() && style_.layout != "dot") {
       out_ << ", overlap=prism, splines=true, outputorder=edgesfirst, sep=\"+12\"";
     }
@@ -109,16 +156,28 @@ class Writer {
          << "\"];\n";
   }
 
+  /// The end that belongs further up comes first: so it is drawn, and so are the names.
   void writeLink(const LinkModel& link) {
-    out_ << "  n" << link.left.node + 1 << " -- n" << link.right.node + 1 << " [";
-    const std::string left = dotText(model_.at(link.left).name);
-    const std::string right = dotText(model_.at(link.right).name);
-    out_ << "tooltip=\"" << left << " - " << right << "\"";
-    if (style_.hasInterfaces) out_ << ", label=\"" << left << "\\n" << right << "\"";
+    EndPoint upper = link.left, lower = link.right;
+    if (levels_[upper.node] > levels_[lower.node]) std::swap(upper, lower);
+    out_ << "  n" << upper.node + 1 << " -- n" << lower.node + 1 << " [";
+    const std::string first = dotText(model_.at(upper).name);
+    const std::string second = dotText(model_.at(lower).name);
+    out_ << "tooltip=\"" << first << " - " << second << "\"";
+    if (style_.hasInterfaces) out_ << ", label=\"" << endsText(first, second) << "\"";
+    // Those side by side stay there; routers are drawn as a tree of their own.
+    const bool isBeside = levels_[upper.node] == levels_[lower.node] && levels_[upper.node] > 0;
+    if (isBeside) out_ << ", constraint=false";
     if (pathLinks_.contains(std::minmax(link.left, link.right))) {
       out_ << ", color=\"" << kBlue << "\", penwidth=5";
     }
     out_ << "];\n";
+  }
+
+  /// Blanks, or an empty line, keep the names off the line of the link.
+  std::string endsText(const std::string& first, const std::string& second) const {
+    if (isPathAlone_) return first + " - " + second + "\\n ";
+    return "   " + first + "   \\n   " + second + "   ";
   }
 
   /// What several nodes have in common, with a dotted line to each of them.
@@ -126,7 +185,7 @@ class Writer {
                   const std::set<Index>& nodes) {
     if (nodes.empty()) return;
     out_ << "  " << id << " [label=\"" << label << "\", shape=" << shape
-         << ", style=\"filled,dashed\", fillcolor=\"#EEF6FB\", fontcolor=black];\n";
+         << ", style=\"filled,dashed,rounded\", fillcolor=\"#EEF6FB\", fontcolor=black];\n";
     for (const Index node : nodes) {
       out_ << "  n" << node + 1 << " -- " << id << " [style=dotted, color=\"" << kSkyBlue
            << "\"];\n";
@@ -143,7 +202,7 @@ class Writer {
       }
     }
     for (const auto& [subnet, members] : nodes) {
-      writeGroup("s" + std::to_string(subnet + 1), dotText(model_.subnets[subnet].name), "cds",
+      writeGroup("s" + std::to_string(subnet + 1), dotText(model_.subnets[subnet].name), "box",
                  members);
     }
   }
@@ -164,7 +223,8 @@ class Writer {
     }
   }
 
-  /// The kinds and states that the graph shows.
+  /// The kinds and states that the graph shows: a table, since not every layout keeps together what
+  /// belongs together.
   void writeLegend() {
     std::set<NodeKind> kinds;
     std::set<std::string> states;
@@ -172,31 +232,30 @@ class Writer {
       kinds.insert(kindOf(network_.traits[i]));
       states.insert(statusName(model_.nodes[i]));
     }
-    out_ << "  subgraph cluster_legend {\n    graph [label=\"\", color=\"#999999\", "
-            "style=rounded];\n"
-         << "    node [fontsize=9, margin=\"0.08,0.03\", height=0.25];\n";
-    std::vector<std::string> names;
+    out_ << "  legend [shape=plain, style=\"\", fontsize=9, label=<<TABLE BORDER=\"0\" "
+            "CELLBORDER=\"1\" CELLSPACING=\"0\" CELLPADDING=\"4\" COLOR=\"#999999\"><TR>";
     for (const NodeKind kind : kinds) {
-      names.push_back("legend" + std::to_string(names.size() + 1));
-      out_ << "    " << names.back() << " [label=\"" << kindName(kind)
-           << "\", shape=" << shapeOf(kind) << ", fillcolor=white];\n";
+      const std::string shape = shapeOf(kind);
+      out_ << "<TD>" << (shape == "note" ? "sheet" : shape) << ": " << kindName(kind) << "</TD>";
     }
     for (const StatusLook& look : kStatusLooks) {
       if (!states.contains(look.status)) continue;
-      names.push_back("legend" + std::to_string(names.size() + 1));
-      out_ << "    " << names.back() << " [label=\"" << look.status
-           << "\", shape=plaintext, fillcolor=\"" << look.fill << "\", fontcolor=" << look.text
-           << "];\n";
+      out_ << "<TD BGCOLOR=\"" << look.fill << "\"><FONT COLOR=\"" << look.text << "\">"
+           << look.status << "</FONT></TD>";
     }
-    out_ << "  }\n";
+    if (states.contains("")) out_ << "<TD BGCOLOR=\"" << kGrey << "\">no state known</TD>";
+    out_ << "</TR></TABLE>>];\n";
   }
 
   const StoredNetwork& network_;
   const NetworkModel& model_;
   const DotStyle& style_;
   std::ostream& out_;
-  std::set<Index> pathNodes_;
+  /// The first step of the path at each of its nodes.
+  std::map<Index, std::size_t> pathNodes_;
   std::set<std::pair<EndPoint, EndPoint>> pathLinks_;
+  bool isPathAlone_ = false;
+  std::vector<std::size_t> levels_;
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/export/StoreReader.h"
 #include "tools/network/NetworkModel.h"
 #include "zntopo/api/ZNTopoAPI.h"
 #include "zntopo/platform/tvdbil/TvDbil.h"
@@ -34,14 +35,6 @@ void requireOk(const ZNTopoAPIStatus& status);
 
 /// Fills what objects of all kinds have with what the library tells.
 void fillEntity(EntityModel& to, const ZNEntity& from);
-
-/// Identifiers in parts of a number at most, each part of one kind, since those of different kinds
-/// do not order. Null ones are left out, and texts with a quote: nothing is called so, and the
-/// library puts identifiers into its statements as they are.
-std::vector<std::set<ObjID>> batchesOf(const std::vector<ObjID>& ids, std::size_t size);
-inline std::vector<std::set<ObjID>> batchesOf(const std::set<std::string>& ids, std::size_t size) {
-  return batchesOf(std::vector<ObjID>(ids.begin(), ids.end()), size);
-}
 
 /// Reads subnets, VLANs, HSRP groups and containers: all of them, or those of the interfaces that
 /// the index has.

@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <optional>
+#include <set>
+#include <string>
 #include <vector>
 
 #include "tools/network/NetworkModel.h"
@@ -43,5 +45,13 @@ struct StoredNetwork {
 /// the part done. Throws ToolError and StoreError.
 StoredNetwork readStore(ZNTopoAPI& api, TvDbil::DbConnection_t& connection, const StoreScope& scope,
                         const std::function<void(double)>& progress = {});
+
+/// Identifiers in parts of a number at most, each part of one kind, since those of different kinds
+/// do not order. Null ones are left out, and texts with a quote: nothing is called so, and the
+/// library puts identifiers into its statements as they are.
+std::vector<std::set<ObjID>> batchesOf(const std::vector<ObjID>& ids, std::size_t size);
+inline std::vector<std::set<ObjID>> batchesOf(const std::set<std::string>& ids, std::size_t size) {
+  return batchesOf(std::vector<ObjID>(ids.begin(), ids.end()), size);
+}
 
 }  // namespace zntopo::tools

@@ -114,6 +114,7 @@ extern const Command kSubnetCommand;
 extern const Command kNeighborsCommand;
 extern const Command kConnectivityCommand;
 extern const Command kPathCommand;
+extern const Command kMapCommand;
 extern const Command kAuditCommand;
 extern const Command kDumpCommand;
 extern const Command kFilterListCommand;
@@ -129,14 +130,15 @@ extern const Command kWatchCommand;
 
 /// In the order of the help.
 inline constexpr std::array kCommands = {
-    &kInitCommand,        &kImportCommand,        &kGenerateCommand,       &kExportCommand,
-    &kStateCommand,       &kInfoCommand,          &kNodesCommand,          &kNodeCommand,
-    &kInterfacesCommand,  &kAddressesCommand,     &kVlansCommand,          &kVlanCommand,
-    &kContainersCommand,  &kContainerCommand,     &kHsrpCommand,           &kSubnetsCommand,
-    &kSubnetCommand,      &kNeighborsCommand,     &kConnectivityCommand,   &kPathCommand,
-    &kAuditCommand,       &kDumpCommand,          &kFilterListCommand,     &kFilterRunCommand,
-    &kFilterCheckCommand, &kFilterExplainCommand, &kSetNodeCommand,        &kSetInterfaceCommand,
-    &kSetAddressCommand,  &kSetHsrpCommand,       &kSetAssociationCommand, &kWatchCommand,
+    &kInitCommand,         &kImportCommand,      &kGenerateCommand,      &kExportCommand,
+    &kStateCommand,        &kInfoCommand,        &kNodesCommand,         &kNodeCommand,
+    &kInterfacesCommand,   &kAddressesCommand,   &kVlansCommand,         &kVlanCommand,
+    &kContainersCommand,   &kContainerCommand,   &kHsrpCommand,          &kSubnetsCommand,
+    &kSubnetCommand,       &kNeighborsCommand,   &kConnectivityCommand,  &kPathCommand,
+    &kMapCommand,          &kAuditCommand,       &kDumpCommand,          &kFilterListCommand,
+    &kFilterRunCommand,    &kFilterCheckCommand, &kFilterExplainCommand, &kSetNodeCommand,
+    &kSetInterfaceCommand, &kSetAddressCommand,  &kSetHsrpCommand,       &kSetAssociationCommand,
+    &kWatchCommand,
 };
 
 /// Adds all of kCommands, with their options for the store and for JSON.

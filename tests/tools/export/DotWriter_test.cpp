@@ -9,6 +9,7 @@
 namespace zntopo::tools {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -53,11 +54,44 @@ TEST(DotWriterTest, AStateThatNobodyToldIsNotCalledNormal) {
 }
 
 TEST(DotWriterTest, InterfacesAreNamedOnRequestAndAPathIsBold) {
-  const StoredNetwork network = twoNodes();
-  EXPECT_THAT(textOf(network), Not(HasSubstr("label=\"port of one")));
-  const std::string text = textOf(network, {.hasInterfaces = true, .path = {{0, 0}, {1, 0}}});
-  EXPECT_THAT(text,
-              HasSubstr("label=\"port of one\\nport of two\", color=\"#0072B2\", penwidth=5"));
+  StoredNetwork network = twoNodes();
+  EXPECT_THAT(textOf(network), Not(HasSubstr("label=\"   port of one")));
+  const std::string bold = ", color=\"#0072B2\", penwidth=5";
+  const DotStyle style{.hasInterfaces = true, .path = {{0, 0}, {1, 0}}, .layout = "dot"};
+  // A path alone goes from left to right.
+  EXPECT_THAT(
+      textOf(network, style),
+      AllOf(HasSubstr("rankdir=LR"), HasSubstr("label=\"port of one - port of two\\n \"" + bold)));
+  network.model.nodes.push_back(network.model.nodes.front());
+  network.traits.emplace_back();
+  EXPECT_THAT(textOf(network, style),
+              AllOf(HasSubstr("rankdir=TB"),
+                    HasSubstr("label=\"   port of one   \\n   port of two   \"" + bold)));
+}
+
+TEST(DotWriterTest, WhatRoutesIsDrawnAboveWhatDoesNot) {
+  StoredNetwork network = twoNodes();
+  EXPECT_THAT(textOf(network), HasSubstr("n1 -- n2"));
+  network.traits[1].isRouter = true;
+  EXPECT_THAT(textOf(network), HasSubstr("n2 -- n1"));
+}
+
+TEST(DotWriterTest, SubnetsVlansAndALegendComeOnRequest) {
+  StoredNetwork network = twoNodes();
+  network.model.vlans.emplace_back().name = "office";
+  network.model.vlans.back().number = 7;
+  network.model.nodes[0].interfaces[0].vlans = {0};
+  AddressModel address{*IpAddress::parse("10.0.0.1"), 24};
+  address.subnet = network.model.subnetOf({*IpAddress::parse("10.0.0.0"), 24});
+  network.model.nodes[1].interfaces[0].addresses.push_back(address);
+  const std::string bare = textOf(network);
+  EXPECT_THAT(bare, AllOf(Not(HasSubstr("VLAN 7")), Not(HasSubstr("10.0.0.0/24")),
+                          Not(HasSubstr("legend"))));
+  const std::string text =
+      textOf(network, {.hasSubnets = true, .hasVlans = true, .hasLegend = true, .note = "Limited"});
+  EXPECT_THAT(text, AllOf(HasSubstr("v1 [label=\"VLAN 7\\noffice\""), HasSubstr("n1 -- v1"),
+                          HasSubstr("s1 [label=\"10.0.0.0/24\""), HasSubstr("n2 -- s1"),
+                          HasSubstr("sheet: host"), HasSubstr("label=\"Limited\"")));
 }
 
 TEST(DotWriterTest, HostileNamesStayWithinTheirQuotes) {
