@@ -25,7 +25,9 @@ NamedObject EventObjects::named(const std::string& key, const NamedObject& unkno
       if (!asked.isKnown()) return asked;
       if (known_.size() >= kMostNames) known_.clear();
       return known_.emplace(key, std::move(asked)).first->second;
-    } catch (const ToolError&) {
+    } catch (const ToolError& error) {
+      // Some names are told again when the topology is ready.
+      if (error.status().getStatus() == ZN_API_DB_NOT_READY) return unknown;
       reconnect();
     }
   }

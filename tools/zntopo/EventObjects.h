@@ -15,10 +15,7 @@ class EventObjects {
   explicit EventObjects(Session& session) : session_(session) {}
 
   /// Names can't be trusted any more: the topology has changed.
-  void forget() {
-    known_.clear();
-    askAgain_ = {};
-  }
+  void forget() { known_.clear(); }
 
   // What the store can't tell is called by its identifier.
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <system_error>
 #include <utility>
 
 namespace zntopo::tools {
@@ -23,13 +24,20 @@ sigset_t endingSignals() {
   return set;
 }
 
+std::system_error failure(const char* what) { return {errno, std::generic_category(), what}; }
+
+int required(int descriptor) {
+  if (descriptor < 0) throw failure("signals can't be waited for");
+  return descriptor;
+}
+
 /// Blocks the signals in this thread and in all that it starts, and gives a descriptor for them.
 int takeSignals() {
   // Who writes to a pipe without a reader is told so by the write.
   signal(SIGPIPE, SIG_IGN);
   const sigset_t set = endingSignals();
   pthread_sigmask(SIG_BLOCK, &set, nullptr);
-  return signalfd(-1, &set, SFD_CLOEXEC);
+  return required(signalfd(-1, &set, SFD_CLOEXEC));
 }
 
 }  // namespace
@@ -38,14 +46,16 @@ Interruption::Interruption(int output, std::function<void()> onEnd)
     : output_(output),
       onEnd_(std::move(onEnd)),
       signals_(takeSignals()),
-      ended_(eventfd(0, EFD_CLOEXEC)),
-      stopped_(eventfd(0, EFD_CLOEXEC)),
+      ended_(required(eventfd(0, EFD_CLOEXEC))),
+      stopped_(required(eventfd(0, EFD_CLOEXEC))),
       thread_([this] { watch(); }) {}
 
 Interruption::~Interruption() {
   eventfd_write(stopped_, 1);
   thread_.join();
   for (const int descriptor : {signals_, ended_, stopped_}) close(descriptor);
+  const sigset_t set = endingSignals();
+  pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
 }
 
 void Interruption::watch() {
@@ -80,7 +90,8 @@ bool Interruption::write(const std::string& text) {
   for (std::size_t done = 0; done < text.size();) {
     if (!awaitRoom()) return false;
     const ssize_t count = ::write(output_, text.data() + done, std::min(most, text.size() - done));
-    if (count < 0 && errno != EINTR && errno != EAGAIN) return false;
+    if (count < 0 && errno == EPIPE) return false;
+    if (count < 0 && errno != EINTR && errno != EAGAIN) throw failure("events could not be shown");
     if (count > 0) done += static_cast<std::size_t>(count);
   }
   return true;

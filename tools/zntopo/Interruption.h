@@ -23,6 +23,7 @@ class Interruption {
   bool hasEnded() const { return hasEnded_; }
   /// Writes a text to the output; false once the end has come, and if the reader is gone. A reader
   /// who takes nothing does not keep the end from coming.
+  /// @throws std::system_error if the output can't be written otherwise: its disk is full.
   bool write(const std::string& text);
 
  private:

@@ -80,9 +80,9 @@ std::string NamedObject::text() const {
 }
 
 NamedObject namedNode(Session& session, const ObjID& id) {
-  NamedObject result{.type = objectWord(E_Node), .id = id.toString(), .name = id.toString()};
-  const auto nodes = nodesById(session, Identifiers(std::array{id}));
-  if (!nodes.empty()) result.name = nodes.begin()->second->getName();
+  // From the row, which is there while a discovery is at work, too.
+  NamedObject result{
+      .type = objectWord(E_Node), .id = id.toString(), .name = nameIn(session, "nwnode", id)};
   result.end.node = result.name;
   result.end.nodeId = result.id;
   return result;

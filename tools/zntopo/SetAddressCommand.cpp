@@ -86,7 +86,7 @@ constinit const Command kSetAddressCommand = {
     .examples =
         "  zntopo set address 10.20.8.17 --ping not_responding\n"
         "  zntopo set address 10.20.8.1 --node core-1 --ping responding --json",
-    .empty = R"({"changes": []})",
+    .empty = kNoChanges,
     .prepare = prepare<addOptions, setAddress>,
 };
 

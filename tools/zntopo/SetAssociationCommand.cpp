@@ -88,7 +88,7 @@ constinit const Command kSetAssociationCommand = {
     .examples =
         "  zntopo set association wan-b wan-a --state 2\n"
         "  zntopo set association wan-a core-trunk --relation 2 --state 1 --json",
-    .empty = R"({"changes": []})",
+    .empty = kNoChanges,
     .prepare = prepare<addOptions, setAssociation>,
 };
 

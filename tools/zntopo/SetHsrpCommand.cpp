@@ -94,7 +94,7 @@ constinit const Command kSetHsrpCommand = {
     .examples =
         "  zntopo set hsrp gateway-office core-1 --state StandBy\n"
         "  zntopo set hsrp 30 10.20.8.3 --state Active --priority 120 --json",
-    .empty = R"({"changes": []})",
+    .empty = kNoChanges,
     .prepare = prepare<addOptions, setHsrp>,
 };
 

@@ -100,7 +100,7 @@ constinit const Command kSetInterfaceCommand = {
     .examples =
         "  zntopo set interface access-1 Gi1/0/7 --oper down\n"
         "  zntopo set interface access-1 Gi1/0/7 --admin down --oper down --json",
-    .empty = R"({"changes": []})",
+    .empty = kNoChanges,
     .prepare = prepare<addOptions, setInterface>,
 };
 

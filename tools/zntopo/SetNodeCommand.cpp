@@ -62,7 +62,7 @@ constinit const Command kSetNodeCommand = {
     .examples =
         "  zntopo set node core-1 --status major\n"
         "  zntopo set node core-1 --status normal --snmp responding --json",
-    .empty = R"({"changes": []})",
+    .empty = kNoChanges,
     .prepare = prepare<addOptions, setNode>,
 };
 

@@ -1,9 +1,9 @@
 #include "tools/zntopo/StateChange.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "tools/network/StoreStatement.h"
+#include "tools/zntopo/EventBrokerName.h"
 #include "zntopo/notify/TopoNotificationClientFactory.h"
 #include "zntopo/platform/tvsnmp/TvSnmp.h"
 
@@ -15,7 +15,7 @@ constexpr const char* kSent = "sent";
 constexpr const char* kNotSent = "not_sent";
 constexpr const char* kNone = "none";
 
-constexpr const char* kNoBroker =
+constexpr const char* kNobodyTold =
     "TV_EVENT_BROKER names no broker: nobody else was told (docs/events.md).";
 
 /// One state of one object, and what became of it.
@@ -40,11 +40,6 @@ constexpr Field<WrittenState> kOwnFields[] = {
 constexpr auto kFields =
     joined(kNamedFields<&WrittenState::object, WrittenState>, std::to_array(kOwnFields));
 
-bool hasBroker() {
-  const char* const broker = std::getenv("TV_EVENT_BROKER");
-  return broker != nullptr && *broker != '\0';
-}
-
 /// Why an event was not sent: what the send says, else what kept the session from being opened.
 std::string reasonOf(const ZNTopoAPIStatus& status) {
   std::string text = status.getAuxMsg();
@@ -67,7 +62,8 @@ class Changer {
   /// False for a session that could not be opened: only the change that tried is told so.
   static bool hasSession();
   void keep(const StateChange& change, bool isWritten, const char* event);
-  void fail(ZNTopoStatus status, const std::string& reason);
+  /// @param what has become of the event.
+  void fail(ZNTopoStatus status, const std::string& what);
 
   Session& session_;
   std::vector<WrittenState> written_;
@@ -97,40 +93,44 @@ bool Changer::hasSession() {
 
 void Changer::keep(const StateChange& change, bool isWritten, const char* event) {
   for (const NewState& state : change.states) {
+    const bool isLeft = change.isLeft(state);
     written_.push_back({.object = change.object,
                         .state = state.kind.key,
                         .was = state.before ? state.kind.value(*state.before) : Json(),
-                        .is = state.kind.value(state.number),
-                        .isWritten = isWritten,
-                        .event = event});
+                        .is = isLeft || isWritten ? state.kind.value(state.number) : Json(),
+                        .isWritten = isWritten && !isLeft,
+                        .event = isLeft ? kNone : event});
   }
 }
 
-void Changer::fail(ZNTopoStatus status, const std::string& reason) {
+void Changer::fail(ZNTopoStatus status, const std::string& what) {
   if (!unsent_.isOK()) return;
-  unsent_ = Failure(status, "The store has the new state, but the event was not sent: " + reason +
+  unsent_ = Failure(status, "The store has the new state, but " + what +
                                 ". Who has the object in a cache keeps the old state until it is "
                                 "read anew.")
                 .status();
 }
 
 void Changer::make(const StateChange& change) {
-  const bool isSame = std::all_of(change.states.begin(), change.states.end(),
-                                  [](const auto& one) { return one.before == one.number; });
-  if (isSame && change.skipsTheSame) return keep(change, false, kNone);
+  const bool isLeft = std::all_of(change.states.begin(), change.states.end(),
+                                  [&](const NewState& one) { return change.isLeft(one); });
+  if (isLeft) return keep(change, false, kNone);
   TVsnmpErrno = 0;
   const ZNTopoAPIStatus status = change.set();
   const bool isUntold = status.getStatus() == ZN_API_NOTIFCHANNEL_CREATION_ERROR ||
                         status.getStatus() == change.eventFailure;
   if (!status.isOK() && !isUntold) throw Failure(status);
-  if (!isInStore(change)) {
+  const char* const event = isUntold || !hasSession() ? kNotSent : hasBroker() ? kSent : kNone;
+  const bool isWritten = isInStore(change);
+  keep(change, isWritten, event);
+  if (!isWritten) {
     throw Failure(ZN_API_SQL_EXEC_ERROR,
                   "The store does not have the new state of the " + change.object.text() +
                       ": its row is gone, somebody else has changed it since, or the store could "
-                      "not keep the change (the log tells).");
+                      "not keep the change (the log tells)." +
+                      (event == kSent ? " The event was sent all the same." : ""));
   }
-  keep(change, true, isUntold || !hasSession() ? kNotSent : hasBroker() ? kSent : kNone);
-  if (isUntold) fail(status.getStatus(), reasonOf(status));
+  if (isUntold) fail(status.getStatus(), "the event was not sent: " + reasonOf(status));
   lastEvent_ = change.eventFailure;
 }
 
@@ -143,7 +143,8 @@ void Changer::finish() {
   for (WrittenState& one : written_) {
     if (one.event == kSent) one.event = kNotSent;
   }
-  fail(lastEvent_, TVsnmpErrString(TVsnmpErrno));
+  fail(lastEvent_,
+       std::string("the broker has not confirmed its event: ") + TVsnmpErrString(TVsnmpErrno));
 }
 
 void Changer::fill(Answer& answer) const {
@@ -153,7 +154,7 @@ void Changer::fill(Answer& answer) const {
   if (written_.empty()) answer.text.clear();
   const bool isWritten = std::any_of(written_.begin(), written_.end(),
                                      [](const WrittenState& one) { return one.isWritten; });
-  if (isWritten && !hasBroker()) answer.note = kNoBroker;
+  if (isWritten && !hasBroker()) answer.note = kNobodyTold;
   if (!answer.status.isOK() || unsent_.isOK()) return;
   answer.status = unsent_;
   answer.exitOnFailure = ExitNoEvents;

@@ -31,7 +31,12 @@ struct StateChange {
   bool skipsTheSame = false;
   /// What the library calls an event of it that can't be sent.
   ZNTopoStatus eventFailure = ZN_API_ATTR_NOTIF_GEN_ERROR;
+
+  bool isLeft(const NewState& state) const { return skipsTheSame && state.before == state.number; }
 };
+
+/// The answer of a change before its work.
+constexpr const char* kNoChanges = R"({"changes": []})";
 
 /// Makes changes, in their order, and answers what was written and what was told. Throws nothing: a
 /// failure ends the work and is the status of the answer, with what was done before it. A state

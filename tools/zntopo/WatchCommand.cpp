@@ -1,8 +1,10 @@
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <iostream>
 
 #include "tools/zntopo/Commands.h"
+#include "tools/zntopo/EventBrokerName.h"
 #include "tools/zntopo/EventRecord.h"
 #include "tools/zntopo/Interruption.h"
 #include "zntopo/notify/SessionManagementNotification.h"
@@ -33,7 +35,7 @@ constexpr struct {
 struct WatchOptions {
   std::vector<std::string> kinds;
 
-  unsigned set() const {
+  unsigned wanted() const {
     unsigned result = kinds.empty() ? unsigned{Every} : 0;
     for (const NumberName<unsigned>& one : kKinds) {
       if (std::find(kinds.begin(), kinds.end(), one.name) != kinds.end()) result |= one.number;
@@ -43,7 +45,7 @@ struct WatchOptions {
   NotificationFilter filter() const {
     const auto* const row =
         std::find_if(std::begin(kFilters), std::end(kFilters),
-                     [wanted = set()](const auto& one) { return one.kinds == wanted; });
+                     [wanted = wanted()](const auto& one) { return one.kinds == wanted; });
     return row->filter;
   }
 };
@@ -63,13 +65,17 @@ void addOptions(CLI::App& command, WatchOptions& options) {
 }
 
 void requireBroker() {
-  const char* const broker = std::getenv("TV_EVENT_BROKER");
-  if (broker != nullptr && *broker != '\0') return;
+  if (hasBroker()) return;
   throw Failure(
       ZN_API_NOTIFCHANNEL_CREATION_ERROR,
       "TV_EVENT_BROKER names no broker, so only events of this process itself would come, "
       "and it sends none. Let it name the one that the others use, as in "
       "TV_EVENT_BROKER=mqtt://broker.example.com (docs/events.md).");
+}
+
+void requireOutput(const Context& context) {
+  if (context.answers.descriptor() >= 0) return;
+  throw Failure(ZN_API_INTERNAL_ERROR, "Standard output is closed: events could not be shown.");
 }
 
 ZNRefPtr<TopologyNotificationClient> listen(NotificationFilter filter) {
@@ -114,14 +120,19 @@ void show(Session& session, TopologyNotificationClient& client, Interruption& in
 
 void watch(const Context& context, const WatchOptions& options, Answer& answer) {
   answer.isStream = true;
+  requireOutput(context);
   requireBroker();
+  std::atomic<bool> isListening = false;
   // Before the library starts threads, so that the signals come to none of them.
-  Interruption interruption(context.answers.descriptor(), [] {
+  Interruption interruption(context.answers.descriptor(), [&isListening] {
+    // A store or a broker that does not answer holds the work up, and nothing is there to end yet.
+    if (!isListening) std::_Exit(ExitAnswer);
     TopologyNotificationClient().sendShutdownNotif(
         new SessionManagementNotification(SHUTDOWN, ZNTopoAPIStatus()));
   });
   Session session(context, Session::Load::NodesAlone);
   const auto client = listen(options.filter());
+  isListening = true;
   std::cerr << "zntopo: listening for events" << std::endl;
   show(session, *client, interruption, context.isJson, answer);
   ZNTopoAPI::release();

@@ -9,40 +9,17 @@
 #include <map>
 
 #include "tests/platform/tvdbil/EngineFixture.h"
+#include "tests/support/MuteServer.h"
 #include "tests/support/Places.h"
 #include "tests/support/PostgresServer.h"
 
 namespace zntopo::test {
 namespace {
 
-/// A socket that listens on a port of this machine and never says a word.
-class MuteServer {
- public:
-  MuteServer() : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    auto* const any = reinterpret_cast<sockaddr*>(&address);
-    socklen_t size = sizeof address;
-    if (bind(socket_, any, size) != 0 || listen(socket_, 8) != 0 ||
-        getsockname(socket_, any, &size) != 0) {
-      throw std::runtime_error("can't listen on 127.0.0.1");
-    }
-    port_ = ntohs(address.sin_port);
-  }
-  ~MuteServer() { close(socket_); }
-  MuteServer(const MuteServer&) = delete;
-  MuteServer& operator=(const MuteServer&) = delete;
-
-  std::string store() const {
-    return "Driver=PostgreSQL Unicode;Servername=127.0.0.1;Port=" + std::to_string(port_) +
-           ";Username=zntopo;Database=zntopo;";
-  }
-
- private:
-  int socket_;
-  int port_ = 0;
-};
+std::string storeAt(const MuteServer& server) {
+  return "Driver=PostgreSQL Unicode;Servername=127.0.0.1;Port=" + std::to_string(server.port()) +
+         ";Username=zntopo;Database=zntopo;";
+}
 
 int optionOf(int socket, int level, int name) {
   int value = -1;
@@ -80,7 +57,7 @@ class WireTest : public testing::Test {
 
 TEST_F(WireTest, AServerThatNeverAnswersIsGivenUp) {
   const MuteServer mute;
-  EXPECT_THAT(opened(mute.store()), testing::HasSubstr("timeout expired"));
+  EXPECT_THAT(opened(storeAt(mute)), testing::HasSubstr("timeout expired"));
 }
 
 // As docs/stores.md advises.

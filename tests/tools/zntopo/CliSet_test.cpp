@@ -159,6 +159,17 @@ TEST_P(CliSetTest, AStatusThatIsAsItShallBeIsNeitherWrittenNorTold) {
   EXPECT_EQ(changeOf({"set", "address", "10.20.8.17", "--ping", "responding"})["event"], "sent");
 }
 
+TEST_P(CliSetTest, OfSeveralStatesThoseThatAreAsTheyShallBeAreLeftAlone) {
+  const auto changes = answerOf({"set", "hsrp", "gateway-office", "core-1", "--state", "Active",
+                                 "--priority", "91"})["changes"];
+  ASSERT_EQ(changes.size(), 2U);
+  EXPECT_EQ(changes[0]["written"], false);
+  EXPECT_EQ(changes[0]["event"], "none");
+  EXPECT_EQ(changes[0]["is"], "Active");
+  EXPECT_EQ(changes[1]["written"], true);
+  EXPECT_EQ(changes[1]["event"], "sent");
+}
+
 TEST_P(CliSetTest, WhatIsNoStateIsAWrongCallThatNamesThoseThatAre) {
   const std::string before = dump();
   const CliResult unknown = zntopoRun({"set", "node", "core-1", "--status", "sick"});
@@ -298,7 +309,11 @@ TEST_P(CliSetRuleTest, AStateThatTheStoreDoesNotKeepIsAFailure) {
   const CliResult result = zntopoRun({"set", "node", "core-1", "--snmp", "disabled", "--json"});
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.err, HasSubstr("The store does not have the new state of the node core-1"));
-  EXPECT_EQ(result.json()["changes"].size(), 0U);
+  EXPECT_THAT(result.err, HasSubstr("The event was sent all the same"));
+  const auto change = result.json()["changes"][0];
+  EXPECT_EQ(change["written"], false);
+  EXPECT_TRUE(change["is"].is_null());
+  EXPECT_EQ(change["event"], "sent");
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "tests/support/EventBroker.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/FreePort.h"
+#include "tests/support/MuteServer.h"
 
 namespace zntopo::test {
 namespace {
@@ -235,6 +236,38 @@ TEST_P(CliWatchTest, AReaderWhoIsGoneEndsItQuietly) {
   const CliResult result = watch.finish();
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.err, "zntopo: listening for events\n");
+}
+
+TEST_P(CliWatchTest, AnOutputThatTakesNothingMoreIsAFailure) {
+  RunningCli watch({"watch"}, "/dev/full");
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  sendLifeCycle("gone", 1);
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, HasSubstr("events could not be shown: No space left on device"));
+}
+
+TEST_P(CliWatchTest, NodesHaveNamesWhileTheTopologyIsNotReady) {
+  const std::string node = answerOf({"node", "core-1"})["node"]["id"];
+  RunningCli watch({"watch", "--json"});
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  executeOn(store(), "update state set TopologyReady = 0");
+  sendLifeCycle("unheard-of", 2);
+  sendLifeCycle(node, 1);
+  EXPECT_TRUE(watch.awaitOut("core-1")) << watch.out();
+  watch.signal(SIGINT);
+  EXPECT_EQ(watch.finish().status, 0);
+}
+
+TEST_P(CliWatchTest, ASignalEndsItWhileABrokerKeepsItWaiting) {
+  const MuteServer broker;
+  setEnv("TV_EVENT_BROKER", "mqtt://127.0.0.1:" + std::to_string(broker.port()));
+  RunningCli watch({"watch"});
+  ASSERT_TRUE(broker.awaitCaller());
+  watch.signal(SIGTERM);
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.err, "");
 }
 
 TEST_P(CliWatchTest, AReaderWhoTakesNothingDoesNotKeepItFromEnding) {
