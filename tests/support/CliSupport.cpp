@@ -162,10 +162,10 @@ CliResult zntopoRunAsNobody(const std::vector<std::string>& arguments) {
 
 RunningCli::RunningCli(const std::vector<std::string>& arguments,
                        const std::vector<std::string>& environment)
-    : pid_(start(arguments, environment, folder_.path("out"), folder_.path("err"))) {}
+    : pid_(start(zntopoPath(), arguments, environment, folder_.path("out"), folder_.path("err"))) {}
 
 RunningCli::RunningCli(const std::vector<std::string>& arguments, const std::string& output)
-    : pid_(start(arguments, {}, output, folder_.path("err"))) {}
+    : pid_(start(zntopoPath(), arguments, {}, output, folder_.path("err"))) {}
 
 RunningCli::~RunningCli() {
   if (pid_ < 0) return;
