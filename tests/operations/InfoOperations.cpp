@@ -8,7 +8,8 @@ namespace {
 
 template <typename Object, typename Write>
 Answer textOf(const ZNRefPtr<Object>& object, const Write& write) {
-  return {ZN_API_SUCCESS, {object.isNull() ? "nothing" : write(*object)}};
+  if (object.isNull()) return {ZN_API_OBJ_NOT_EXIST, {}};
+  return {ZN_API_SUCCESS, {write(*object)}};
 }
 
 /// The state row, sixteen counters and the map.
@@ -19,7 +20,8 @@ constexpr Operation kOperations[] = {
     {"getTopologyInfo",
      [](const Desk& desk) {
        ZNTopoAPIStatus status;
-       return Answer{status.getStatus(), {desk.api.getTopologyInfo(status).toString()}};
+       const ZNTopologyInfo info = desk.api.getTopologyInfo(status);
+       return Answer{status.getStatus(), {info.toString()}};
      },
      kOne, Growth::None, [](const Size&) { return kInfo; }, [](const Size&) { return kInfo; },
      [](const Size&) { return kInfo; }},

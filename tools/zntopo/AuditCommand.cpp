@@ -90,12 +90,12 @@ constexpr Field<Entry> kEntryFields[] = {
 };
 
 /// A time that the library takes for one: it takes 0 and what is before for none.
-CLI::Validator isTime() {
+CLI::Validator isTime(DayEnd dayEnd) {
   return CLI::Validator(
-      [](const std::string& text) -> std::string {
-        const std::optional<long> time = isoTime(text, DayEnd::Last);
+      [dayEnd](const std::string& text) -> std::string {
+        const std::optional<long> time = isoTime(text, dayEnd);
         if (!time) return "\"" + text + "\" is no time: write 2026-11-21 or 2026-11-21T11:23:24Z";
-        return isoTime(text).value_or(0) > 0 ? "" : "\"" + text + "\" is before all times";
+        return *time > 0 ? "" : "\"" + text + "\" is before all times";
       },
       "");
 }
@@ -106,11 +106,11 @@ void addOptions(CLI::App& command, AuditOptions& options) {
                   "Only what was done at this time or later: 2026-11-21, 2026-11-21T11:23:24Z or "
                   "with a distance as +01:00; UTC without one")
       ->type_name("TIME")
-      ->check(isTime());
+      ->check(isTime(DayEnd::First));
   command
       .add_option("--to", options.to, "Only what was done at this time or before; a day to its end")
       ->type_name("TIME")
-      ->check(isTime());
+      ->check(isTime(DayEnd::Last));
   addNamedOption(command, "--type", options.type, kTypes, "TYPE", "Only what is of this type");
   addNamedOption(command, "--object", options.object, kObjects, "OBJECT",
                  "Only what was done to objects of this kind");

@@ -1,4 +1,5 @@
 #include "tools/zntopo/Commands.h"
+#include "tools/zntopo/NaturalOrder.h"
 #include "tools/zntopo/Session.h"
 #include "tools/zntopo/fields/Field.h"
 
@@ -52,6 +53,7 @@ void info(const Context& context, Answer& answer) {
   check(answer.status);
   std::vector<Domain> domains;
   for (const auto& [key, nodes] : read.getRDMap()) domains.push_back({key, nodes});
+  sortBy(domains, [](const Domain& one) { return Natural{one.routeDistinguisher}; });
   View view;
   view.add<Info>(kInfoFields, read);
   view.addList<Domain>("route_distinguishers", "route distinguisher", kDomainFields, domains);

@@ -15,7 +15,7 @@ namespace zntopo {
 /// The forms are for people and for programs that know them: the first character of a value is
 /// never escaped, nor are names, types and quotation marks, so that a form need not be
 /// well-formed XML. Programs that want the data read the objects, or what the command zntopo
-/// writes with --json.
+/// writes with --json, or its exports.
 ///
 /// Holds no state: any thread may call it.
 class ZNTOPO_EXPORT ZNTopoXMLTag {
