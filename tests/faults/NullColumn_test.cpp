@@ -160,6 +160,7 @@ ZNTopoStatus expectedOf(const std::string& table, const std::string& column,
                         const Question& question) {
   // Without one of its values the row of the state says nothing, and the store is not ready.
   if (table == "state" && column != "PrevDiscoEndTime") {
+    if (begins(question.name, "getTopologyInfo")) return ZN_API_DB_NOT_READY;
     return question.endingOf("select TopologyReady", question.healthy);
   }
   for (const NullEnding& ending : kEndings) {

@@ -37,20 +37,20 @@ constexpr Operation kOperations[] = {
        return textOf(leafOf(desk), [](const ZNNode& node) { return node.toString(false); });
      },
      kOne, Growth::None, [](const Size& size) { return kState + leafNodes(size); }, kNothing,
-     [](const Size& size) { return leafNodes(size); }},
+     [](const Size& size) { return leafNodes(size); }, Whole::States},
     {"ZNNode::toXML",
      [](const Desk& desk) {
        return textOf(leafOf(desk), [](const ZNNode& node) { return node.toXML(); });
      },
      kOne, Growth::None, [](const Size& size) { return kState + leafNodes(size); }, kNothing,
-     [](const Size& size) { return leafNodes(size); }},
+     [](const Size& size) { return leafNodes(size); }, Whole::States},
     {"ZNInterface::toShortString",
      [](const Desk& desk) {
        return textOf(interfaceOf(desk),
                      [](const ZNInterface& interface) { return interface.toShortString(); });
      },
      kOne, Growth::None, [](const Size&) { return kState + kInterfaces; }, kNothing,
-     [](const Size&) { return kInterfaces + kAddresses; }},
+     [](const Size&) { return kInterfaces + kAddresses; }, Whole::States},
 };
 
 }  // namespace

@@ -24,6 +24,8 @@ bool isFitting(const Operation& operation, const Answer& answer, const Answer& w
       return false;
     case Whole::OrNoPath:
       return answer == Answer{ZN_API_NO_PATH, {}};
+    case Whole::States:
+      return answer.status == whole.status && answer.items.size() == whole.items.size();
     case Whole::Part:
       return answer.status == whole.status &&
              std::includes(whole.items.begin(), whole.items.end(), answer.items.begin(),
