@@ -139,6 +139,7 @@ TEST_P(OperationThreadsTest, EightThreadsAskEverythingWhileTheCacheIsTurnedUpsid
   std::latch start(kThreads + 1);
   std::atomic<int> busy{kThreads};
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int number = 0; number < kThreads; ++number) {
     threads.emplace_back([&, number] {
       start.arrive_and_wait();
