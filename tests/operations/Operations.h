@@ -63,7 +63,7 @@ enum class Growth {
 enum class Whole {
   Always,   ///< It does not.
   Part,     ///< Items may be missing.
-  States,   ///< It tells states, which setters change meanwhile.
+  States,   ///< A form: lines may be missing, and it tells states that setters change meanwhile.
   OrNoPath  ///< There may be none, with ZN_API_NO_PATH.
 };
 
