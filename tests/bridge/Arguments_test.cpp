@@ -16,10 +16,6 @@ class ArgumentsTest : public JvmTest {
  protected:
   static std::string path(const std::string& name) { return "com/corvane/tv/zntopology/" + name; }
 
-  jobject make(const std::string& name) {
-    jclass const type = jni->FindClass(path(name).c_str());
-    return jni->NewObject(type, jni->GetMethodID(type, "<init>", "()V"));
-  }
   jobject constant(const std::string& type, const char* name) {
     jclass const found = jni->FindClass(path(type).c_str());
     return jni->GetStaticObjectField(

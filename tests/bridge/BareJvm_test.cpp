@@ -65,10 +65,7 @@ TEST_F(BareJvmTest, CollectionsOfJavaAreThere) {
 TEST_F(BareJvmTest, TheSizeRaisesAnExceptionWithoutItsClass) {
   EXPECT_EQ(Java_com_corvane_tv_zntopology_ZorbNative_getNativeTopoInfo(jni, nullptr, nullptr),
             nullptr);
-  const LocalRef<jthrowable> raised(jni, jni->ExceptionOccurred());
-  jni->ExceptionClear();
-  EXPECT_EQ(shown(raised.get()),
-            "java.lang.IllegalStateException: Could not find ZorbTopoInfo class");
+  EXPECT_EQ(raised(), "java.lang.IllegalStateException: Could not find ZorbTopoInfo class");
 }
 
 }  // namespace

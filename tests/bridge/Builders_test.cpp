@@ -16,14 +16,7 @@ namespace {
 
 using namespace zntopo::bridge;
 
-class BuildersTest : public JvmTest {
- protected:
-  /// A new ZorbTopoCache.
-  LocalRef<> makeCache() {
-    const LocalRef<jclass> type(jni, jni->FindClass("com/corvane/tv/zntopology/ZorbTopoCache"));
-    return {jni, jni->NewObject(type.get(), jni->GetMethodID(type.get(), "<init>", "()V"))};
-  }
-};
+class BuildersTest : public JvmTest {};
 
 ZNEntity entityOf(const ObjID& id, EntityType type) {
   return ZNEntity(id, "", ObjID(), "name", "", type, ObjectStatus(), ObjectStatus(), ObjectStatus(),
@@ -157,19 +150,19 @@ TEST_F(BuildersTest, OnlyNodesAndInterfacesHaveCapabilities) {
 
 TEST_F(BuildersTest, AnObjectWithoutAnIdentifierIsNeverLookedFor) {
   // What the cache holds under the text of an empty identifier.
-  const LocalRef<> cache = makeCache();
+  jobject const cache = make("ZorbTopoCache");
   const LocalRef<> none;
   const LocalRef<> id = env.make<T_ObjID>(env.text(ObjID().getStrValue()));
   const LocalRef<> entity =
       env.make<T_ZorbEntity>(id, none, none, none, none, none, none, none, none, none, none, none,
                              none, jlong{0}, jlong{0}, none, none, none, jlong{0}, jint{0});
   const LocalRef<> other = env.make<T_ZorbVlan>(entity, none);
-  ASSERT_TRUE(env.call<M_addVlan>(cache.get(), other));
-  const LocalRef<> found = env.call<M_hasVlanID>(cache.get(), env.text(ObjID().getStrValue()));
+  ASSERT_TRUE(env.call<M_addVlan>(cache, other));
+  const LocalRef<> found = env.call<M_hasVlanID>(cache, env.text(ObjID().getStrValue()));
   ASSERT_TRUE(jni->IsSameObject(found.get(), other.get()));
 
   const ZNRefPtr<ZNVlan> vlan(new ZNVlan(entityOf(ObjID(), E_Vlan)));
-  const LocalRef<> made = createVlan(env, vlan, cache.get());
+  const LocalRef<> made = createVlan(env, vlan, cache);
   ASSERT_TRUE(made);
   EXPECT_FALSE(jni->IsSameObject(made.get(), other.get()));
 }

@@ -7,27 +7,13 @@ namespace {
 
 class JavaNativeTest : public JvmTest {
  protected:
-  /// An object of a class that has a constructor without arguments.
-  jobject make(const char* path) {
-    jclass const type = jni->FindClass(path);
-    return jni->NewObject(type, jni->GetMethodID(type, "<init>", "()V"));
-  }
-  jobject makeInfo() { return make("com/corvane/tv/zntopology/ZorbTopoInfo"); }
-  jobject makeConfiguration() { return make("com/corvane/tv/zntopology/TopologyConfiguration"); }
-
   jfieldID fieldOf(jobject object, const char* name, const char* descriptor) {
     return jni->GetFieldID(jni->GetObjectClass(object), name, descriptor);
-  }
-  /// Takes the pending exception away and shows it.
-  std::string raised() {
-    const bridge::LocalRef<jthrowable> exception(jni, jni->ExceptionOccurred());
-    jni->ExceptionClear();
-    return shown(exception.get());
   }
 };
 
 TEST_F(JavaNativeTest, FieldsAreSetByTheirNames) {
-  jobject const info = makeInfo();
+  jobject const info = make("ZorbTopoInfo");
   EXPECT_EQ(javaNativeSetInstanceLongOrDeleteAndException(jni, "I", info, "myNumNode", 1LL << 40),
             0);
   EXPECT_EQ(jni->GetLongField(info, fieldOf(info, "myNumNode", "J")), 1LL << 40);
@@ -36,7 +22,7 @@ TEST_F(JavaNativeTest, FieldsAreSetByTheirNames) {
             0);
   EXPECT_EQ(shown(jni->GetObjectField(info, fieldOf(info, "topologyState", "Ljava/lang/String;"))),
             "é");
-  jobject const configuration = makeConfiguration();
+  jobject const configuration = make("TopologyConfiguration");
   EXPECT_EQ(javaNativeSetInstanceBooleanOrDeleteAndException(jni, "C", configuration,
                                                              "enableTopoCache", false),
             0);
@@ -44,7 +30,7 @@ TEST_F(JavaNativeTest, FieldsAreSetByTheirNames) {
 }
 
 TEST_F(JavaNativeTest, ArraysAreSetByTheirNames) {
-  jobject const info = makeInfo();
+  jobject const info = make("ZorbTopoInfo");
   const char* const names[] = {"1", "é"};
   const int counts[] = {24, -1};
   EXPECT_EQ(javaNativeSetInstanceStringArray(jni, info, "myRDCountName", names, 2), 0);
@@ -62,18 +48,20 @@ TEST_F(JavaNativeTest, ArraysAreSetByTheirNames) {
 }
 
 TEST_F(JavaNativeTest, EmptyArraysAreArrays) {
-  jobject const info = makeInfo();
+  jobject const info = make("ZorbTopoInfo");
   EXPECT_EQ(javaNativeSetInstanceStringArray(jni, info, "myRDCountName", nullptr, 0), 0);
   EXPECT_EQ(javaNativeSetInstanceIntArray(jni, info, "myRDCount", nullptr, 0), 0);
   EXPECT_NE(jni->GetObjectField(info, fieldOf(info, "myRDCount", "[I")), nullptr);
 }
 
 TEST_F(JavaNativeTest, AFieldThatIsNotThereIsAnExceptionThatNamesItAndTheClass) {
-  EXPECT_NE(javaNativeSetInstanceLongOrDeleteAndException(jni, "Info", makeInfo(), "none", 1), 0);
-  EXPECT_EQ(raised(), "java.lang.IllegalStateException: Could not set the field none of Info");
   EXPECT_NE(
-      javaNativeSetInstanceBooleanOrDeleteAndException(jni, "Info", makeInfo(), "myNumNode", true),
+      javaNativeSetInstanceLongOrDeleteAndException(jni, "Info", make("ZorbTopoInfo"), "none", 1),
       0);
+  EXPECT_EQ(raised(), "java.lang.IllegalStateException: Could not set the field none of Info");
+  EXPECT_NE(javaNativeSetInstanceBooleanOrDeleteAndException(jni, "Info", make("ZorbTopoInfo"),
+                                                             "myNumNode", true),
+            0);
   EXPECT_EQ(raised(), "java.lang.IllegalStateException: Could not set the field myNumNode of Info");
   EXPECT_NE(javaNativeSetInstanceStringNoCodesetOrDeleteAndException(jni, "Info", nullptr,
                                                                      "topologyState", "x"),
@@ -83,7 +71,7 @@ TEST_F(JavaNativeTest, AFieldThatIsNotThereIsAnExceptionThatNamesItAndTheClass) 
 }
 
 TEST_F(JavaNativeTest, AnArrayFieldThatIsNotThereIsAnErrorWithoutAnException) {
-  EXPECT_EQ(javaNativeSetInstanceStringArray(jni, makeInfo(), "none", nullptr, 0), -1);
+  EXPECT_EQ(javaNativeSetInstanceStringArray(jni, make("ZorbTopoInfo"), "none", nullptr, 0), -1);
   EXPECT_EQ(javaNativeSetInstanceIntArray(jni, nullptr, "myRDCount", nullptr, 0), -1);
   EXPECT_FALSE(jni->ExceptionCheck());
 }

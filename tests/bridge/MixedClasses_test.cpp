@@ -5,7 +5,7 @@
 
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Jvm.h"
-#include "tests/support/TestStore.h"
+#include "tests/support/StoredNetwork.h"
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/bridge/detail/NativeFrame.h"
 
@@ -17,43 +17,46 @@ using Lines = std::vector<std::string>;
 
 class MixedClassesTest : public JvmTest {
  protected:
-  LocalRef<> make(const std::string& name) {
-    const LocalRef<jclass> type(jni, jni->FindClass(("com/corvane/tv/zntopology/" + name).c_str()));
-    return {jni, jni->NewObject(type.get(), jni->GetMethodID(type.get(), "<init>", "()V"))};
-  }
   /// Has a filter ask for a constant, which is null.
-  void ask(const LocalRef<>& filter, const char* setter, const char* descriptor) {
-    const LocalRef<jclass> type(jni, jni->GetObjectClass(filter.get()));
+  void ask(jobject filter, const char* setter, const char* descriptor) {
+    const LocalRef<jclass> type(jni, jni->GetObjectClass(filter));
     const jvalue none{};
-    jni->CallVoidMethodA(filter.get(), jni->GetMethodID(type.get(), setter, descriptor), &none);
+    jni->CallVoidMethodA(filter, jni->GetMethodID(type.get(), setter, descriptor), &none);
     ASSERT_FALSE(jni->ExceptionCheck());
   }
 
-  const LocalRef<> status = make("ZorbTopoStatus");
+  jobject const status = make("ZorbTopoStatus");
 };
 
 TEST_F(MixedClassesTest, AConstantWithoutItsNumberIsLoggedAndNotAskedFor) {
-  const LocalRef<> filterArg = make("TopoFilter");
+  jobject const filterArg = make("TopoFilter");
   ask(filterArg, "setIPLevel", "(Lcom/corvane/tv/zntopology/IPLevel;)V");
   ask(filterArg, "setEntityType", "(Lcom/corvane/tv/zntopology/EntityType;)V");
   const CapturedLog log(MC_MINOR);
   ZNTopoFilter filter;
-  EXPECT_TRUE(populateFilter(env, filterArg.get(), filter));
+  EXPECT_TRUE(populateFilter(env, filterArg, filter));
   EXPECT_TRUE(filter.isFieldIgnored(ZNTopoFilter::F_IPLevel));
   EXPECT_TRUE(filter.isFieldIgnored(ZNTopoFilter::F_EntityType));
   EXPECT_EQ(log.lines(), (Lines{"Unable to access IPLevel::toInt in populateFilter! \n",
                                 "Unable to access EntityType::toInt in populateFilter! \n"}));
 }
 
+TEST_F(MixedClassesTest, ANodeThatThrowsIsNullAndStaysOutOfTheCache) {
+  jobject const cache = make("ZorbTopoCache");
+  const CapturedLog log(MC_MAJOR);
+  EXPECT_FALSE(createNodeNative(env, madeNode("n1"), cache));
+  EXPECT_EQ(raised(), "java.lang.IllegalArgumentException: node");
+  EXPECT_EQ(log.lines(), Lines{"Could not create Node! \n"});
+  EXPECT_FALSE(env.call<M_hasNodeID>(cache, env.text("n1")));
+}
+
 TEST_F(MixedClassesTest, ASizeWithoutAFieldEndsInAStatusAndTheExceptionOfTheField) {
   TestStore store;
   store.setReady();
   ZNTopoAPI_Impl::cache()->clear(true);
-  EXPECT_EQ(Java_com_corvane_tv_zntopology_ZorbNative_getNativeTopoInfo(jni, nullptr, status.get()),
+  EXPECT_EQ(Java_com_corvane_tv_zntopology_ZorbNative_getNativeTopoInfo(jni, nullptr, status),
             nullptr);
-  const LocalRef<jthrowable> raised(jni, jni->ExceptionOccurred());
-  jni->ExceptionClear();
-  EXPECT_EQ(shown(raised.get()),
+  EXPECT_EQ(raised(),
             "java.lang.IllegalStateException: Could not set the field myNumNode of ZorbTopoInfo");
   EXPECT_EQ(shown(status),
             "22 Java Native Interface layer error: doSetTopoInfoLong() fail for myNumNode");

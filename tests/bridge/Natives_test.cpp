@@ -29,11 +29,6 @@ class NativesTest : public JvmTest {
     ZNTopoAPI_Impl::cache()->clear(true);
   }
 
-  /// A new object of a class that has a constructor without arguments.
-  LocalRef<> make(const std::string& name) {
-    const LocalRef<jclass> type(jni, jni->FindClass(("com/corvane/tv/zntopology/" + name).c_str()));
-    return {jni, jni->NewObject(type.get(), jni->GetMethodID(type.get(), "<init>", "()V"))};
-  }
   /// What the log says beside the entry to scopes, the exit from them, and that an API is made.
   static Lines said(const CapturedLog& log) {
     Lines lines = log.lines();
@@ -44,7 +39,7 @@ class NativesTest : public JvmTest {
   }
 
   TestStore store;
-  const LocalRef<> status = make("ZorbTopoStatus");
+  jobject const status = make("ZorbTopoStatus");
 };
 
 // ---- setting up ----
@@ -67,13 +62,12 @@ TEST_F(NativesTest, ANewLevelOfTheLogIsLoggedAtItself) {
 
 TEST_F(NativesTest, AConfigurationSetsItsFiveSwitches) {
   const CapturedLog log(MC_INFO);
-  const LocalRef<> java = make("TopologyConfiguration");
+  jobject const java = make("TopologyConfiguration");
   for (const char* field : {"enableNodeVlanInfoLoad", "enableNodeL2ConnectionInfoLoad",
                             "enableTopoCache", "enableJavaInterfaceCache"}) {
-    ASSERT_EQ(javaNativeSetInstanceBooleanOrDeleteAndException(jni, "C", java.get(), field, false),
-              0);
+    ASSERT_EQ(javaNativeSetInstanceBooleanOrDeleteAndException(jni, "C", java, field, false), 0);
   }
-  NATIVE(setTopologyConfigurationNative)(jni, nullptr, java.get());
+  NATIVE(setTopologyConfigurationNative)(jni, nullptr, java);
   const ZNTopoConfig config = ZNTopoAPI::getTopoConfiguration();
   EXPECT_FALSE(config.toLoadNodeVlanInfo());
   EXPECT_FALSE(config.toLoadNodeL2ConnectionInfo());
@@ -83,7 +77,7 @@ TEST_F(NativesTest, AConfigurationSetsItsFiveSwitches) {
   EXPECT_THAT(said(log),
               Contains("javaNativeGetInstanceBoolean() - enableJavaInterfaceCache set to [F] \n"));
 
-  NATIVE(setTopologyConfigurationNative)(jni, nullptr, make("TopologyConfiguration").get());
+  NATIVE(setTopologyConfigurationNative)(jni, nullptr, make("TopologyConfiguration"));
   EXPECT_TRUE(ZNTopoAPI::getTopoConfiguration().toUseCache());
   EXPECT_TRUE(usesJavaInterfaceCache());
   EXPECT_THAT(said(log),
@@ -96,7 +90,7 @@ TEST_F(NativesTest, AnObjectWithoutTheSwitchesKeepsThemAndTheLogNamesThem) {
   before.setLoadNodeVlanInfo(false);
   ZNTopoAPI::setTopoConfiguration(before);
   const CapturedLog log(MC_INFO);
-  NATIVE(setTopologyConfigurationNative)(jni, nullptr, make("ObjID").get());
+  NATIVE(setTopologyConfigurationNative)(jni, nullptr, make("ObjID"));
   EXPECT_FALSE(ZNTopoAPI::getTopoConfiguration().toUseCache());
   EXPECT_FALSE(ZNTopoAPI::getTopoConfiguration().toLoadNodeVlanInfo());
   EXPECT_TRUE(ZNTopoAPI::getTopoConfiguration().toLoadNodeL2ConnectionInfo());
@@ -112,17 +106,16 @@ TEST_F(NativesTest, AnObjectWithoutTheSwitchesKeepsThemAndTheLogNamesThem) {
 
 TEST_F(NativesTest, ASubnetThatIsNotWhollyReadIsNullWithTheStatus) {
   store.addEntity("s", "net", 7);
-  const LocalRef<> cache = make("ZorbTopoCache");
+  jobject const cache = make("ZorbTopoCache");
   const LocalRef<> id = createID(env, ObjID("s"));
   const auto ask = [&] {
-    return LocalRef<>(
-        jni, NATIVE(getSubnetNativeByObjID)(jni, nullptr, id.get(), status.get(), cache.get()));
+    return LocalRef<>(jni, NATIVE(getSubnetNativeByObjID)(jni, nullptr, id.get(), status, cache));
   };
   StatementSpy spy;
   spy.fail(StatementSpy::Exec, "from address");
   EXPECT_FALSE(ask());
   EXPECT_THAT(shown(status), HasSubstr("15 Error in executing SQL statement"));
-  EXPECT_FALSE(env.call<M_hasSubnetID>(cache.get(), env.text("s")));
+  EXPECT_FALSE(env.call<M_hasSubnetID>(cache, env.text("s")));
   spy.succeed();
   ZNTopoAPI_Impl::cache()->clear(true);
   EXPECT_TRUE(ask());
@@ -185,7 +178,7 @@ TEST_F(NativesTest, AListThatFailsIsNullAndTheLogNamesTheOperation) {
   const char* const text = "Ljava/lang/String;";
   for (const ListNative& native : kListNatives) {
     const CapturedLog log(MC_MAJOR);
-    EXPECT_EQ(native.call(jni, status.get()), nullptr) << native.shownAs;
+    EXPECT_EQ(native.call(jni, status), nullptr) << native.shownAs;
     EXPECT_NE(shown(status), "0 Successful API Call") << native.shownAs;
     EXPECT_THAT(log.text(), HasSubstr(std::string(native.shownAs) + "\n     " +
                                       get(status, "getStatusMsg", text) + "\n     " +
@@ -196,13 +189,23 @@ TEST_F(NativesTest, AListThatFailsIsNullAndTheLogNamesTheOperation) {
 TEST_F(NativesTest, TheStateThatCantBeReadIsNullWithTheStatus) {
   StatementSpy spy;
   spy.fail(StatementSpy::Exec, "");
-  EXPECT_EQ(NATIVE(getTopologyStateNative)(jni, nullptr, status.get()), nullptr);
+  EXPECT_EQ(NATIVE(getTopologyStateNative)(jni, nullptr, status), nullptr);
   EXPECT_THAT(shown(status), HasSubstr("15 Error in executing SQL statement"));
+}
+
+TEST_F(NativesTest, TheSizeThatCantBeReadIsNullWithTheStatusAndNoException) {
+  StatementSpy spy;
+  spy.fail(StatementSpy::Exec, "");
+  const CapturedLog log(MC_CRITICAL);
+  EXPECT_EQ(NATIVE(getNativeTopoInfo)(jni, nullptr, status), nullptr);
+  EXPECT_THAT(shown(status), HasSubstr("15 Error in executing SQL statement"));
+  EXPECT_THAT(said(log), Contains("getTopologyInfo() fail \n"));
+  EXPECT_EQ(raised(), "null");
 }
 
 TEST_F(NativesTest, ANullListIsToldByTheStatusOfWalksAlone) {
   const CapturedLog log(MC_INFO);
-  const Answer answer(env, status.get());
+  const Answer answer(env, status);
   const auto none = [](ZNTopoAPI&, ZNTopoAPIStatus&) { return ZNTopoAPI::OwnedConnectionList(); };
   const auto create = [&](const auto& list) { return createList(env, list); };
   EXPECT_FALSE(listAnswer(env, answer, {"getVlansByObjIDList"}, none, create));
@@ -217,15 +220,15 @@ TEST_F(NativesTest, ANullListIsToldByTheStatusOfWalksAlone) {
 
 TEST_F(NativesTest, ANodeIsBuiltOnceForACacheAndTheLogSaysSo) {
   const ZNRefPtr<ZNNode> node = madeNode("n1");
-  const LocalRef<> cache = make("ZorbTopoCache");
+  jobject const cache = make("ZorbTopoCache");
   const CapturedLog log(MC_INFO);
-  const LocalRef<> first = createNodeNative(env, node, cache.get());
+  const LocalRef<> first = createNodeNative(env, node, cache);
   EXPECT_THAT(said(log), Contains("calling ctor of entity\n"));
   EXPECT_THAT(said(log), Contains("Overall status = Normal\n"));
   EXPECT_THAT(said(log), Contains("StatusChangeTime = 0\n"));
   EXPECT_EQ(said(log).back(), "ADDING NODE TO JAVA CACHE - n1.net \n");
   const std::size_t before = said(log).size();
-  EXPECT_TRUE(jni->IsSameObject(createNodeNative(env, node, cache.get()).get(), first.get()));
+  EXPECT_TRUE(jni->IsSameObject(createNodeNative(env, node, cache).get(), first.get()));
   ASSERT_EQ(said(log).size(), before + 1);
   EXPECT_EQ(said(log).back(), "FOUND NODE IN JAVA CACHE - n1.net \n");
 }

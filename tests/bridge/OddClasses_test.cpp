@@ -22,16 +22,6 @@ using Lines = std::vector<std::string>;
 
 class OddClassesTest : public JvmTest {
  protected:
-  jobject make(const std::string& name) {
-    jclass const type = jni->FindClass(("com/corvane/tv/zntopology/" + name).c_str());
-    return jni->NewObject(type, jni->GetMethodID(type, "<init>", "()V"));
-  }
-  std::string raised() {
-    const LocalRef<jthrowable> exception(jni, jni->ExceptionOccurred());
-    jni->ExceptionClear();
-    return shown(exception.get());
-  }
-
   const CapturedLog log{MC_MINOR};
 };
 

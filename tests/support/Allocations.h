@@ -2,8 +2,22 @@
 
 namespace zntopo::test {
 
-/// How often this thread has allocated memory. A program that compiles Allocations.cpp counts, for
-/// that replaces its allocation functions.
+/// How often this thread has allocated memory, by new and strdup(). A program that compiles
+/// Allocations.cpp counts, for that replaces these functions.
 unsigned long allocations();
+
+/// While it lives, the allocation fails that this thread makes after so many others: that one, and
+/// none after it.
+class FailingAllocation {
+ public:
+  explicit FailingAllocation(unsigned long others);
+  FailingAllocation(const FailingAllocation&) = delete;
+  FailingAllocation& operator=(const FailingAllocation&) = delete;
+  ~FailingAllocation();
+  bool hasFailed() const;
+
+ private:
+  const unsigned long number_;
+};
 
 }  // namespace zntopo::test

@@ -47,6 +47,19 @@ class JvmTest : public testing::Test {
     jni->ExceptionClear();
   }
 
+  /// A new object of a class of the class library that has a constructor without arguments. Its
+  /// reference is given back when the test ends.
+  jobject make(const std::string& name) {
+    jclass const type = jni->FindClass(("com/corvane/tv/zntopology/" + name).c_str());
+    return jni->NewObject(type, jni->GetMethodID(type, "<init>", "()V"));
+  }
+  /// Takes the pending exception away and shows it.
+  std::string raised() {
+    const bridge::LocalRef<jthrowable> exception(jni, jni->ExceptionOccurred());
+    jni->ExceptionClear();
+    return shown(exception.get());
+  }
+
   /// What toString() of an object gives; "null" for null.
   std::string shown(jobject object) {
     if (object == nullptr) return "null";
@@ -69,19 +82,22 @@ class JvmTest : public testing::Test {
     return name.substr(name.rfind('.') + 1);
   }
   /// What a method without arguments gives, as toString() shows it.
-  std::string get(const bridge::LocalRef<>& object, const char* method, const char* result) {
-    jclass const type = jni->GetObjectClass(object.get());
+  std::string get(jobject object, const char* method, const char* result) {
+    jclass const type = jni->GetObjectClass(object);
     jmethodID const id = jni->GetMethodID(type, method, (std::string("()") + result).c_str());
     jni->DeleteLocalRef(type);
     if (id == nullptr) {
       jni->ExceptionClear();
       return std::string("no method ") + method;
     }
-    jobject const value = jni->CallObjectMethod(object.get(), id);
+    jobject const value = jni->CallObjectMethod(object, id);
     EXPECT_FALSE(jni->ExceptionCheck());
     std::string text = shown(value);
     jni->DeleteLocalRef(value);
     return text;
+  }
+  std::string get(const bridge::LocalRef<>& object, const char* method, const char* result) {
+    return get(object.get(), method, result);
   }
 
   JNIEnv* const jni;

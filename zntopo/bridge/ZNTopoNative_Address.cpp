@@ -8,28 +8,21 @@ using namespace zntopo::bridge;
 
 ZORB_NATIVE(jobject, getAddressNativeByObjID)
 (JNIEnv* jni, jobject, jobject ObjIDArg, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getAddressNativeByObjID", [&](JavaEnv& env) {
-    const ObjID id = getNativeObjID(env, ObjIDArg);
-    if (id.isNull()) return refuseID(env, statusArg, "The Address ObjID is null");
-    return answerByID(env, {env, statusArg, theJavaCache}, id, &ZNTopoAPI::getAddressByObjID,
-                      createAddress);
-  });
+  return byObjID(
+      jni, "getAddressNativeByObjID", ObjIDArg, statusArg, theJavaCache,
+      IDQuestion{&ZNTopoAPI::getAddressByObjID, createAddress, "The Address ObjID is null"});
 }
 
 ZORB_NATIVE(jobject, getAddressNativeByQRMObjID)
 (JNIEnv* jni, jobject, jobject ObjIDArg, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getAddressNativeByQRMObjID", [&](JavaEnv& env) {
-    ObjID id;
-    if (!readObjID(env, ObjIDArg, "getAddressNativeByQRMObjID", id)) return LocalRef<>();
-    if (id.isNull()) return refuseID(env, statusArg, "The Address QRMObjID is null");
-    return answerByID(env, {env, statusArg, theJavaCache}, id, &ZNTopoAPI::getAddressByQRMObjID,
-                      createAddress);
-  });
+  return byQRMObjID(
+      jni, "getAddressNativeByQRMObjID", ObjIDArg, statusArg, theJavaCache,
+      IDQuestion{&ZNTopoAPI::getAddressByQRMObjID, createAddress, "The Address QRMObjID is null"});
 }
 
 ZORB_NATIVE(jobject, getAddrsNativeByObjIDs)
 (JNIEnv* jni, jobject, jobjectArray addrIDs, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getAddrsNativeByObjIDs", [&](JavaEnv& env) {
+  return runNative(jni, "getAddrsNativeByObjIDs", statusArg, [&](JavaEnv& env) {
     const auto ids = createObjIDListNative(env, addrIDs);
     return objectsAnswer(
         env, {env, statusArg, theJavaCache}, {"getAddrsByObjIDs"},
@@ -42,7 +35,7 @@ ZORB_NATIVE(jobject, getAddrsNativeByObjIDs)
 
 ZORB_NATIVE(jobject, resolveIPv6ToDNSNative)
 (JNIEnv* jni, jobject, jobject theIPv6Addr, jobject statusArg) {
-  return runNative(jni, "resolveIPv6ToDNSNative", [&](JavaEnv& env) {
+  return runNative(jni, "resolveIPv6ToDNSNative", statusArg, [&](JavaEnv& env) {
     const ObjID id = getNativeObjID(env, theIPv6Addr);
     return listAnswer(
         env, {env, statusArg}, {"resolveIPv6ToDNS"},

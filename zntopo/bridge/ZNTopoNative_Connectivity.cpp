@@ -17,22 +17,20 @@ constexpr int kMaxDepth = 20;
 ZORB_NATIVE(jobject, getNodeNeighbors)
 (JNIEnv* jni, jobject, jstring nameArg, jint nHopsArg, jint nMaxNodesArg, jobject statusArg,
  jobject theJavaCache) {
-  return runNative(jni, "getNodeNeighbors", [&](JavaEnv& env) {
-    const TextArgument name(env, nameArg);
-    return listAnswer(
-        env, {env, statusArg, theJavaCache}, {"getNodeNeighbors", true},
-        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
-          if (!name.isSound(status)) return ZNTopoAPI::OwnedConnectionList();
-          return api.getNodeNeighbors(name.get(), status, nHopsArg, nMaxNodesArg);
-        },
-        [&](const auto& connections) { return createList(env, connections); });
+  return runNative(jni, "getNodeNeighbors", statusArg, [&](JavaEnv& env) {
+    const auto ask = [&](ZNTopoAPI& api, const std::string& name, ZNTopoAPIStatus& status) {
+      return api.getNodeNeighbors(name, status, nHopsArg, nMaxNodesArg);
+    };
+    return listAnswer(env, {env, statusArg, theJavaCache}, {"getNodeNeighbors", true},
+                      byTexts(env, ask, nameArg),
+                      [&](const auto& connections) { return createList(env, connections); });
   });
 }
 
 ZORB_NATIVE(jobject, getConnectivityNative)
 (JNIEnv* jni, jobject, jobjectArray objIDsArg, jobject jnotFoundIDs, jboolean includeAllNodes,
  jboolean isQRMId, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getConnectivityNative", [&](JavaEnv& env) {
+  return runNative(jni, "getConnectivityNative", statusArg, [&](JavaEnv& env) {
     const auto ids = createObjIDSetNative(env, objIDsArg);
     std::set<ObjID> notFound;
     LocalRef<> connections = listAnswer(
@@ -49,41 +47,32 @@ ZORB_NATIVE(jobject, getConnectivityNative)
 ZORB_NATIVE(jobject, getL2PathNative)
 (JNIEnv* jni, jobject, jstring ipBegin, jstring ipEnd, jobject statusArg, jobject theJavaCache,
  jboolean crossRouter) {
-  return runNative(jni, "getL2PathNative", [&](JavaEnv& env) {
-    const TextArgument begin(env, ipBegin);
-    const TextArgument end(env, ipEnd);
-    return objectsAnswer(
-        env, {env, statusArg, theJavaCache}, {"getL2Path", false, "(getL2PathNative) "},
-        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
-          if (!begin.isSound(status) || !end.isSound(status)) {
-            return ZNTopoAPI::OwnedInterfaceList();
-          }
-          return api.getL2Path(begin.get(), end.get(), kMaxDepth, status, ZNAddress::IPv4,
-                               crossRouter != 0);
-        },
-        createInterfaceList);
+  return runNative(jni, "getL2PathNative", statusArg, [&](JavaEnv& env) {
+    const auto ask = [&](ZNTopoAPI& api, const std::string& begin, const std::string& end,
+                         ZNTopoAPIStatus& status) {
+      return api.getL2Path(begin, end, kMaxDepth, status, ZNAddress::IPv4, crossRouter != 0);
+    };
+    return objectsAnswer(env, {env, statusArg, theJavaCache},
+                         {"getL2Path", false, "(getL2PathNative) "},
+                         byTexts(env, ask, ipBegin, ipEnd), createInterfaceList);
   });
 }
 
 ZORB_NATIVE(jobject, getL2PathBetweenNodesNative)
 (JNIEnv* jni, jobject, jstring srcNode, jstring destNode, jobject statusArg, jobject theJavaCache,
  jboolean crossRouter) {
-  return runNative(jni, "getL2PathBetweenNodesNative", [&](JavaEnv& env) {
-    const TextArgument source(env, srcNode);
-    const TextArgument destination(env, destNode);
-    return listAnswer(
-        env, {env, statusArg, theJavaCache}, {"getL2Path", false, "(getL2PathBetweenNodesNative) "},
-        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
-          ZNTopoAPI::OwnedConnDataVector links;
-          if (!source.isSound(status) || !destination.isSound(status)) return links;
-          const auto path = api.getL2PathBetweenNodes(source.get(), destination.get(), kMaxDepth,
-                                                      status, ZNAddress::IPv4, crossRouter != 0);
-          if (status.isOK() && path) {
-            links = api.convertPathInterfaceListToConnDataList(*path, status);
-          }
-          return links;
-        },
-        [&](const auto& links) { return createConnDataList(env, links); });
+  return runNative(jni, "getL2PathBetweenNodesNative", statusArg, [&](JavaEnv& env) {
+    const auto ask = [&](ZNTopoAPI& api, const std::string& source, const std::string& destination,
+                         ZNTopoAPIStatus& status) {
+      const auto path = api.getL2PathBetweenNodes(source, destination, kMaxDepth, status,
+                                                  ZNAddress::IPv4, crossRouter != 0);
+      if (!status.isOK() || !path) return ZNTopoAPI::OwnedConnDataVector();
+      return api.convertPathInterfaceListToConnDataList(*path, status);
+    };
+    return listAnswer(env, {env, statusArg, theJavaCache},
+                      {"getL2Path", false, "(getL2PathBetweenNodesNative) "},
+                      byTexts(env, ask, srcNode, destNode),
+                      [&](const auto& links) { return createConnDataList(env, links); });
   });
 }
 

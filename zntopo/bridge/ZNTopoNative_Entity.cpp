@@ -26,32 +26,25 @@ LocalRef<> createByKind(JavaEnv& env, const ZNRefPtr<ZNEntity>& entity, jobject 
 
 /// No entity is looked up for the identifier: callers ask for the kind that they mean. So the
 /// answer is null, with a status of success.
-LocalRef<> entityAnswer(JavaEnv& env, const char* native, jobject idArg, const Answer& answer) {
-  ObjID id;
-  if (!readObjID(env, idArg, native, id)) return {};
-  return singleAnswer(
-      env, answer, [](ZNTopoAPI&, ZNTopoAPIStatus&) { return ZNRefPtr<ZNEntity>(); }, createByKind);
-}
+ZNRefPtr<ZNEntity> findNone(ZNTopoAPI&, const ObjID&, ZNTopoAPIStatus&) { return {}; }
 
 }  // namespace
 
 ZORB_NATIVE(jobject, getEntityNativeByObjID)
 (JNIEnv* jni, jobject, jobject ObjIDArg, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getEntityNativeByObjID", [&](JavaEnv& env) {
-    return entityAnswer(env, "getEntityNativeByObjID", ObjIDArg, {env, statusArg, theJavaCache});
-  });
+  return byQRMObjID(jni, "getEntityNativeByObjID", ObjIDArg, statusArg, theJavaCache,
+                    IDQuestion{findNone, createByKind});
 }
 
 ZORB_NATIVE(jobject, getEntityNativeByQRMObjID)
 (JNIEnv* jni, jobject, jobject QRMIDArg, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getEntityNativeByQRMObjID", [&](JavaEnv& env) {
-    return entityAnswer(env, "getEntityNativeByQRMObjID", QRMIDArg, {env, statusArg, theJavaCache});
-  });
+  return byQRMObjID(jni, "getEntityNativeByQRMObjID", QRMIDArg, statusArg, theJavaCache,
+                    IDQuestion{findNone, createByKind});
 }
 
 ZORB_NATIVE(jobject, getEntityIDsByFilterNative)
 (JNIEnv* jni, jobject, jobject filterArg, jobject statusArg) {
-  return runNative(jni, "getEntityIDsByFilterNative", [&](JavaEnv& env) {
+  return runNative(jni, "getEntityIDsByFilterNative", statusArg, [&](JavaEnv& env) {
     return idsByFilter(env, statusArg, filterArg, "getEntityIDsByFilter",
                        &ZNTopoAPI::getEntityIDsByFilter);
   });

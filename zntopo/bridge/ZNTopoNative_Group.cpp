@@ -8,7 +8,7 @@ using namespace zntopo::bridge;
 
 ZORB_NATIVE(jobject, getVlans)
 (JNIEnv* jni, jobject, jobject statusArg, jobject theJavaCache, jint aRD) {
-  return runNative(jni, "getVlans", [&](JavaEnv& env) {
+  return runNative(jni, "getVlans", statusArg, [&](JavaEnv& env) {
     return objectsAnswer(
         env, {env, statusArg, theJavaCache}, {"getVlansByObjIDList"},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
@@ -21,15 +21,13 @@ ZORB_NATIVE(jobject, getVlans)
 
 ZORB_NATIVE(jobject, getVlanByObjIDNative)
 (JNIEnv* jni, jobject, jobject aObjID, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getVlanByObjIDNative", [&](JavaEnv& env) {
-    return byObjID(env, {env, statusArg, theJavaCache}, aObjID, &ZNTopoAPI::getVlanByObjID,
-                   createVlan);
-  });
+  return byObjID(jni, "getVlanByObjIDNative", aObjID, statusArg, theJavaCache,
+                 IDQuestion{&ZNTopoAPI::getVlanByObjID, createVlan});
 }
 
 ZORB_NATIVE(jobject, getIfcsByObjIDListNative)
 (JNIEnv* jni, jobject, jobjectArray objIDsArg, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getIfcsByObjIDListNative", [&](JavaEnv& env) {
+  return runNative(jni, "getIfcsByObjIDListNative", statusArg, [&](JavaEnv& env) {
     const auto ids = createObjIDSetNative(env, objIDsArg);
     return objectsAnswer(
         env, {env, statusArg, theJavaCache}, {"getIfcsByObjIDList"},
@@ -43,7 +41,7 @@ ZORB_NATIVE(jobject, getIfcsByObjIDListNative)
 
 ZORB_NATIVE(jobject, getIfcsByTypeNative)
 (JNIEnv* jni, jobject, jint jIfcType, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getIfcsByTypeNative", [&](JavaEnv& env) {
+  return runNative(jni, "getIfcsByTypeNative", statusArg, [&](JavaEnv& env) {
     return objectsAnswer(
         env, {env, statusArg, theJavaCache}, {"getIfcsByType"},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
@@ -56,7 +54,7 @@ ZORB_NATIVE(jobject, getIfcsByTypeNative)
 ZORB_NATIVE(jobject, getIfcInfosByObjIDListNative)
 (JNIEnv* jni, jobject, jobjectArray objIDsArg, jboolean useNodeAsKey, jboolean getAll, jint IFCType,
  jobject statusArg) {
-  return runNative(jni, "getIfcInfosByObjIDListNative", [&](JavaEnv& env) {
+  return runNative(jni, "getIfcInfosByObjIDListNative", statusArg, [&](JavaEnv& env) {
     const auto ids = createObjIDSetNative(env, objIDsArg);
     return listAnswer(
         env, {env, statusArg}, {"getIfcInfosByObjIDList"},
@@ -70,7 +68,7 @@ ZORB_NATIVE(jobject, getIfcInfosByObjIDListNative)
 ZORB_NATIVE(jobject, getHSRPsNativeByObjIDs)
 (JNIEnv* jni, jobject, jobjectArray objIDsArg, jboolean allHSRPsArg, jobject statusArg,
  jobject theJavaCache) {
-  return runNative(jni, "getHSRPsNativeByObjIDs", [&](JavaEnv& env) {
+  return runNative(jni, "getHSRPsNativeByObjIDs", statusArg, [&](JavaEnv& env) {
     const auto ids = createObjIDSetNative(env, objIDsArg);
     return objectsAnswer(
         env, {env, statusArg, theJavaCache}, {"getHSRPsByObjIDList"},

@@ -9,7 +9,7 @@ using namespace zntopo::bridge;
 ZORB_NATIVE(jobject, getInterfacesByObjIDListNative)
 (JNIEnv* jni, jobject, jobjectArray objIDsArg, jboolean areQRMOIDArg, jboolean getAllConnected,
  jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getInterfacesByObjIDListNative", [&](JavaEnv& env) {
+  return runNative(jni, "getInterfacesByObjIDListNative", statusArg, [&](JavaEnv& env) {
     const auto ids = createObjIDSetNative(env, objIDsArg);
     return objectsAnswer(
         env, {env, statusArg, theJavaCache}, {"getInterfacesByObjIDList"},
@@ -24,7 +24,7 @@ ZORB_NATIVE(jobject, getInterfacesByObjIDListNative)
 
 ZORB_NATIVE(jobject, getInterfaceIDListFromNode)
 (JNIEnv* jni, jclass, jobject ObjIDArg, jobject statusArg) {
-  return runNative(jni, "getInterfaceIDListFromNode", [&](JavaEnv& env) {
+  return runNative(jni, "getInterfaceIDListFromNode", statusArg, [&](JavaEnv& env) {
     const ObjID id = getNativeObjID(env, ObjIDArg);
     return singleAnswer(
         env, {env, statusArg},
@@ -38,10 +38,10 @@ ZORB_NATIVE(jobject, getInterfaceIDListFromNode)
 ZORB_NATIVE(jobject, parseAndGetInterfacesByTopoFilterNative)
 (JNIEnv* jni, jobject, jstring aFilterStr, jstring aFiltName, jobject statusArg,
  jobject theJavaCache) {
-  return runNative(jni, "parseAndGetInterfacesByTopoFilterNative", [&](JavaEnv& env) {
+  return runNative(jni, "parseAndGetInterfacesByTopoFilterNative", statusArg, [&](JavaEnv& env) {
     return objectsAnswer(
         env, {env, statusArg, theJavaCache}, {"ParseAndGetInterfacesByTopoFilter"},
-        twoTexts(env, aFilterStr, aFiltName, &ZNTopoAPI::ParseAndGetInterfacesByTopoFilter),
+        byTexts(env, &ZNTopoAPI::ParseAndGetInterfacesByTopoFilter, aFilterStr, aFiltName),
         createInterfaceList);
   });
 }

@@ -8,37 +8,30 @@ using namespace zntopo::bridge;
 
 ZORB_NATIVE(jobject, getNodeNativeByObjID)
 (JNIEnv* jni, jobject, jobject ObjIDArg, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getNodeNativeByObjID", [&](JavaEnv& env) {
-    return byObjID(env, {env, statusArg, theJavaCache}, ObjIDArg, &ZNTopoAPI::getNodeByObjID,
-                   createNodeNative);
-  });
+  return byObjID(jni, "getNodeNativeByObjID", ObjIDArg, statusArg, theJavaCache,
+                 IDQuestion{&ZNTopoAPI::getNodeByObjID, createNodeNative});
 }
 
 ZORB_NATIVE(jobject, getNodeNativeByQRMObjID)
 (JNIEnv* jni, jobject, jobject QRMIDArg, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getNodeNativeByQRMObjID", [&](JavaEnv& env) {
-    return byQRMObjID(env, "getNodeNativeByQRMObjID", {env, statusArg, theJavaCache}, QRMIDArg,
-                      &ZNTopoAPI::getNodeByQRMObjID, createNodeNative);
-  });
+  return byQRMObjID(jni, "getNodeNativeByQRMObjID", QRMIDArg, statusArg, theJavaCache,
+                    IDQuestion{&ZNTopoAPI::getNodeByQRMObjID, createNodeNative});
 }
 
 ZORB_NATIVE(jobject, getNativeNodeByName)
 (JNIEnv* jni, jobject, jstring aName, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getNativeNodeByName", [&](JavaEnv& env) {
-    const TextArgument name(env, aName);
-    return singleAnswer(
-        env, {env, statusArg, theJavaCache},
-        [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
-          if (!name.isSound(status)) return ZNRefPtr<ZNNode>();
-          return api.getNodeByName(name.get(), status, kNoRD);
-        },
-        createNodeNative);
+  return runNative(jni, "getNativeNodeByName", statusArg, [&](JavaEnv& env) {
+    const auto find = [](ZNTopoAPI& api, const std::string& name, ZNTopoAPIStatus& status) {
+      return api.getNodeByName(name, status, kNoRD);
+    };
+    return singleAnswer(env, {env, statusArg, theJavaCache}, byTexts(env, find, aName),
+                        createNodeNative);
   });
 }
 
 ZORB_NATIVE(jobject, getNativeAllNodes)
 (JNIEnv* jni, jobject, jobject statusArg, jobject theJavaCache, jint ipLevel, jint aRD) {
-  return runNative(jni, "getNativeAllNodes", [&](JavaEnv& env) {
+  return runNative(jni, "getNativeAllNodes", statusArg, [&](JavaEnv& env) {
     return objectsAnswer(
         env, {env, statusArg, theJavaCache}, {"getNodesByObjIDList"},
         [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
@@ -52,7 +45,7 @@ ZORB_NATIVE(jobject, getNativeAllNodes)
 
 ZORB_NATIVE(jobject, getNodeIDsByFilterNative)
 (JNIEnv* jni, jobject, jobject filterArg, jobject /*batchInfoArg*/, jobject statusArg) {
-  return runNative(jni, "getNodeIDsByFilterNative", [&](JavaEnv& env) {
+  return runNative(jni, "getNodeIDsByFilterNative", statusArg, [&](JavaEnv& env) {
     return idsByFilter(env, statusArg, filterArg, "getNodeIDsByFilter",
                        &ZNTopoAPI::getNodeIDsByFilter);
   });
@@ -61,10 +54,10 @@ ZORB_NATIVE(jobject, getNodeIDsByFilterNative)
 ZORB_NATIVE(jobject, parseAndGetNodesByTopoFilterNative)
 (JNIEnv* jni, jobject, jstring aFilterStr, jstring aFiltName, jobject statusArg,
  jobject theJavaCache) {
-  return runNative(jni, "parseAndGetNodesByTopoFilterNative", [&](JavaEnv& env) {
+  return runNative(jni, "parseAndGetNodesByTopoFilterNative", statusArg, [&](JavaEnv& env) {
     return objectsAnswer(
         env, {env, statusArg, theJavaCache}, {"ParseAndGetNodesByTopoFilter"},
-        twoTexts(env, aFilterStr, aFiltName, &ZNTopoAPI::ParseAndGetNodesByTopoFilter),
+        byTexts(env, &ZNTopoAPI::ParseAndGetNodesByTopoFilter, aFilterStr, aFiltName),
         createNodeList);
   });
 }

@@ -95,7 +95,7 @@ ZORB_NATIVE(void, clearNativeCache)(JNIEnv* jni, jobject) {
 ZORB_NATIVE(void, preLoadTopoCacheNative)
 (JNIEnv* jni, jclass, jboolean loadSwitchNode, jboolean loadRouterNode, jboolean loadVlan,
  jboolean loadHSRP, jboolean loadConnectedIFs, jobject statusArg) {
-  runNative(jni, "preLoadTopoCacheNative", [&](JavaEnv& env) {
+  runNative(jni, "preLoadTopoCacheNative", statusArg, [&](JavaEnv& env) {
     ZNTopoAPI api;
     setStatus(env, statusArg,
               api.preLoadTopoCache(loadSwitchNode != 0, loadRouterNode != 0, loadVlan != 0,

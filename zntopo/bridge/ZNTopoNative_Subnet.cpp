@@ -8,24 +8,20 @@ using namespace zntopo::bridge;
 
 ZORB_NATIVE(jobject, getSubnetNativeByObjID)
 (JNIEnv* jni, jobject, jobject ObjIDArg, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getSubnetNativeByObjID", [&](JavaEnv& env) {
-    return byObjID(env, {env, statusArg, theJavaCache}, ObjIDArg, &ZNTopoAPI::getSubnetByObjID,
-                   createSubnetNative);
-  });
+  return byObjID(jni, "getSubnetNativeByObjID", ObjIDArg, statusArg, theJavaCache,
+                 IDQuestion{&ZNTopoAPI::getSubnetByObjID, createSubnetNative});
 }
 
 ZORB_NATIVE(jobject, getSubnetNativeByQRMObjID)
 (JNIEnv* jni, jobject, jobject QRMIDArg, jobject statusArg, jobject theJavaCache) {
-  return runNative(jni, "getSubnetNativeByQRMObjID", [&](JavaEnv& env) {
-    return byQRMObjID(env, "getSubnetNativeByQRMObjID", {env, statusArg, theJavaCache}, QRMIDArg,
-                      &ZNTopoAPI::getSubnetByQRMObjID, createSubnetNative);
-  });
+  return byQRMObjID(jni, "getSubnetNativeByQRMObjID", QRMIDArg, statusArg, theJavaCache,
+                    IDQuestion{&ZNTopoAPI::getSubnetByQRMObjID, createSubnetNative});
 }
 
 ZORB_NATIVE(jobject, getSubnetsNativeByObjIDs)
 (JNIEnv* jni, jobject, jobjectArray objIDsArg, jboolean areQRMOIDArg, jobject statusArg,
  jobject theJavaCache, jint ipLevel, jboolean getAll, jint aRD) {
-  return runNative(jni, "getSubnetsNativeByObjIDs", [&](JavaEnv& env) {
+  return runNative(jni, "getSubnetsNativeByObjIDs", statusArg, [&](JavaEnv& env) {
     const auto ids = createObjIDSetNative(env, objIDsArg);
     return objectsAnswer(
         env, {env, statusArg, theJavaCache}, {"getSubnetsByObjIDList"},
@@ -39,7 +35,7 @@ ZORB_NATIVE(jobject, getSubnetsNativeByObjIDs)
 
 ZORB_NATIVE(jobject, getSubnetIDsByFilterNative)
 (JNIEnv* jni, jobject, jobject filterArg, jobject /*batchInfoArg*/, jobject statusArg) {
-  return runNative(jni, "getSubnetIDsByFilterNative", [&](JavaEnv& env) {
+  return runNative(jni, "getSubnetIDsByFilterNative", statusArg, [&](JavaEnv& env) {
     return idsByFilter(env, statusArg, filterArg, "getSubnetIDsByFilter",
                        &ZNTopoAPI::getSubnetIDsByFilter);
   });
@@ -48,7 +44,7 @@ ZORB_NATIVE(jobject, getSubnetIDsByFilterNative)
 ZORB_NATIVE(jobject, getSubnetConnectivityNative)
 (JNIEnv* jni, jobject, jobject nodeIDArg, jint numHopsArg, jobject /*batchInfoArg*/,
  jobject filterArg, jobject statusArg) {
-  return runNative(jni, "getSubnetConnectivityNative", [&](JavaEnv& env) {
+  return runNative(jni, "getSubnetConnectivityNative", statusArg, [&](JavaEnv& env) {
     const ObjID id = getNativeObjID(env, nodeIDArg);
     if (id.isNull()) return refuseID(env, statusArg, "The ObjID is null");
     return filteredIDs(env, statusArg, filterArg, "getNSubnetConnectivity",

@@ -17,7 +17,7 @@ constexpr const char* kUpdate = "refeshEntityNative";
 ZORB_NATIVE(void, updateCacheObjectStatusNative)
 (JNIEnv* jni, jobject, jobject ObjIDArg, jboolean isAddress, jint entityTypeArg, jint tvwStatus,
  jlong changeTimeUTC, jint entStatusType, jobject statusArg, jboolean isQRMID) {
-  runNative(jni, "updateCacheObjectStatusNative", [&](JavaEnv& env) {
+  runNative(jni, "updateCacheObjectStatusNative", statusArg, [&](JavaEnv& env) {
     ObjID id;
     if (!readObjID(env, ObjIDArg, kUpdate, id)) return;
     ZNTopoAPI api;
@@ -32,7 +32,7 @@ ZORB_NATIVE(void, updateCacheObjectStatusNative)
 ZORB_NATIVE(void, updateCacheObjectAttributeNative)
 (JNIEnv* jni, jobject, jobject objIDArg, jint theEntType, jint theAttrType, jint theAttrVal,
  jobject theAddrID, jobject theStatusArg) {
-  runNative(jni, "updateCacheObjectAttributeNative", [&](JavaEnv& env) {
+  runNative(jni, "updateCacheObjectAttributeNative", theStatusArg, [&](JavaEnv& env) {
     ObjID id;
     ObjID addressID;
     if (!readObjID(env, objIDArg, kUpdate, id) || !readObjID(env, theAddrID, kUpdate, addressID)) {

@@ -89,7 +89,8 @@ LocalRef<> createAuditTrailList(JavaEnv& env, const std::vector<ZNRefPtr<ZNAudit
 void populateObjIDList(JavaEnv& env, const std::set<ObjID>& ids, jobject javaList);
 
 /// Two arrays of malloc(), for the keys, each of malloc() too, and the counts. The number of
-/// entries is returned; an empty map gives null arrays. freeNameCountArray() frees them.
+/// entries is returned; an empty map gives null arrays. freeNameCountArray() frees them. Throws
+/// std::bad_alloc, with null arrays, without memory for all.
 int createNameCountArrayFromMap(const std::map<std::string, int>& map, char*** names, int** counts);
 void freeNameCountArray(char** names, int* counts, int entries);
 

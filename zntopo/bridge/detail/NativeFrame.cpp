@@ -17,6 +17,18 @@ void setStatus(JavaEnv& env, jobject statusArg, const ZNTopoAPIStatus& status) {
                         env.text(status.getAuxMsg()));
 }
 
+void tellEnd(JNIEnv* jni, const char* native, jobject statusArg,
+             const std::exception& end) noexcept {
+  try {
+    MCLog::log(MC_CRITICAL, "%s() ended for want of something: %s \n", native, end.what());
+    JavaEnv env(jni);
+    setStatus(env, statusArg,
+              {ZN_API_INTERNAL_ERROR, std::string(native) + "() ended early: " + end.what()});
+  } catch (const std::exception&) {
+    // There is no memory for that, either.
+  }
+}
+
 void validateCache(JavaEnv& /*env*/, jobject /*theJavaCache*/, const ZNTopoAPIStatus& /*status*/) {}
 
 ZNTopoAPIStatus nulStatus() { return {ZN_API_ILLEGAL_INPUT, "The text has a NUL in it"}; }

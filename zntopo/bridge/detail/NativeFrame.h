@@ -2,8 +2,11 @@
 
 #include <jni.h>
 
+#include <array>
 #include <exception>
+#include <functional>
 #include <string>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -54,10 +57,14 @@ class TextArgument {
   std::string text_;
 };
 
-/// Runs a native in its log scope. No exception of C++ leaves it; one of Java that is pending when
-/// it begins stays, and nothing is done.
+/// Tells the log and the status what ended a native before it was done.
+void tellEnd(JNIEnv* jni, const char* native, jobject statusArg,
+             const std::exception& end) noexcept;
+
+/// Runs a native in its log scope. No exception of C++ leaves it: the answer is null then, and the
+/// status tells. One of Java that is pending when it begins stays, and nothing is done.
 template <typename Body>
-auto runNative(JNIEnv* jni, const detail::TracedBlock& block, Body body) {
+auto runNative(JNIEnv* jni, const detail::TracedBlock& block, jobject statusArg, Body body) {
   using Result = std::invoke_result_t<Body, JavaEnv&>;
   try {
     const detail::OperationScope scope(block);
@@ -68,10 +75,16 @@ auto runNative(JNIEnv* jni, const detail::TracedBlock& block, Body body) {
     } else {
       return static_cast<jobject>(env.isStopped() ? nullptr : body(env).release());
     }
-  } catch (const std::exception& e) {
-    MCLog::log(MC_CRITICAL, "%s() ended for want of something: %s \n", block.name, e.what());
+  } catch (const std::exception& end) {
+    tellEnd(jni, block.name, statusArg, end);
   }
   if constexpr (!std::is_void_v<Result>) return static_cast<jobject>(nullptr);
+}
+
+/// The same without a status.
+template <typename Body>
+auto runNative(JNIEnv* jni, const detail::TracedBlock& block, Body body) {
+  return runNative(jni, block, nullptr, std::move(body));
 }
 
 /// The Java object of the one object that fetch gives. One that comes with a failure, as a subnet
@@ -89,32 +102,52 @@ LocalRef<> singleAnswer(JavaEnv& env, const Answer& answer, Fetch fetch, Create 
 
 ZNTopoAPIStatus nullListStatus();
 
-/// An operation of the API that finds one object by an identifier.
-template <typename Object>
-using FindByID = ZNRefPtr<Object> (ZNTopoAPI::*)(const ObjID&, ZNTopoAPIStatus&);
+/// Gives null, with a status that refuses an empty identifier.
+LocalRef<> refuseID(JavaEnv& env, jobject statusArg, const char* text);
 
-template <typename Object, typename Create>
-LocalRef<> answerByID(JavaEnv& env, const Answer& answer, const ObjID& id, FindByID<Object> find,
-                      Create create) {
+/// What finds one object by an identifier, find(api, id, status), and what makes its twin. The API
+/// is not asked for an empty identifier that is refused: the status has the text of the refusal.
+template <typename Find, typename Create>
+struct IDQuestion {
+  Find find;
+  Create create;
+  const char* refusal = nullptr;
+};
+template <typename Find, typename Create, typename... Refusal>
+IDQuestion(Find, Create, Refusal...) -> IDQuestion<Find, Create>;
+
+template <typename Find, typename Create>
+LocalRef<> answerByID(JavaEnv& env, const Answer& answer, const ObjID& id,
+                      const IDQuestion<Find, Create>& question) {
+  if (question.refusal != nullptr && id.isNull()) {
+    return refuseID(env, answer.statusArg, question.refusal);
+  }
   return singleAnswer(
-      env, answer, [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) { return (api.*find)(id, status); },
-      create);
+      env, answer,
+      [&](ZNTopoAPI& api, ZNTopoAPIStatus& status) {
+        return std::invoke(question.find, api, id, status);
+      },
+      question.create);
 }
 
-/// The Java object of what an operation finds by the identifier that a Java field holds.
-template <typename Object, typename Create>
-LocalRef<> byObjID(JavaEnv& env, const Answer& answer, jobject idArg, FindByID<Object> find,
-                   Create create) {
-  return answerByID(env, answer, getNativeObjID(env, idArg), find, create);
+/// By the identifier that a Java field holds.
+template <typename Find, typename Create>
+jobject byObjID(JNIEnv* jni, const detail::TracedBlock& block, jobject idArg, jobject statusArg,
+                jobject theJavaCache, const IDQuestion<Find, Create>& question) {
+  return runNative(jni, block, statusArg, [&](JavaEnv& env) {
+    return answerByID(env, {env, statusArg, theJavaCache}, getNativeObjID(env, idArg), question);
+  });
 }
 
-/// The same by the identifier that a Java method gives, as legacy ones are read.
-template <typename Object, typename Create>
-LocalRef<> byQRMObjID(JavaEnv& env, const char* native, const Answer& answer, jobject idArg,
-                      FindByID<Object> find, Create create) {
-  ObjID id;
-  if (!readObjID(env, idArg, native, id)) return {};
-  return answerByID(env, answer, id, find, create);
+/// By the identifier that a Java method gives, as legacy ones are read.
+template <typename Find, typename Create>
+jobject byQRMObjID(JNIEnv* jni, const detail::TracedBlock& block, jobject idArg, jobject statusArg,
+                   jobject theJavaCache, const IDQuestion<Find, Create>& question) {
+  return runNative(jni, block, statusArg, [&](JavaEnv& env) {
+    ObjID id;
+    if (!readObjID(env, idArg, block.name, id)) return LocalRef<>();
+    return answerByID(env, {env, statusArg, theJavaCache}, id, question);
+  });
 }
 
 /// How the failures of a list are told.
@@ -155,9 +188,6 @@ LocalRef<> objectsAnswer(JavaEnv& env, const Answer& answer, const ListCall& cal
                     [&](const auto& objects) { return create(env, objects, answer.theJavaCache); });
 }
 
-/// Gives null, with a status that refuses an empty identifier.
-LocalRef<> refuseID(JavaEnv& env, jobject statusArg, const char* text);
-
 /// The identifiers that ask gives for a Java filter.
 template <typename Ask>
 LocalRef<> filteredIDs(JavaEnv& env, jobject statusArg, jobject filterArg, const char* operation,
@@ -185,14 +215,18 @@ inline LocalRef<> idsByFilter(JavaEnv& env, jobject statusArg, jobject filterArg
                      });
 }
 
-/// What fetches a list by an operation of the API that takes two texts.
-template <typename Owned>
-auto twoTexts(JavaEnv& env, jstring first, jstring second,
-              Owned (ZNTopoAPI::*ask)(const std::string&, const std::string&, ZNTopoAPIStatus&)) {
-  return [one = TextArgument(env, first), two = TextArgument(env, second), ask](
-             ZNTopoAPI& api, ZNTopoAPIStatus& status) {
-    if (!one.isSound(status) || !two.isSound(status)) return Owned();
-    return (api.*ask)(one.get(), two.get(), status);
+/// What fetches by Java texts: ask(api, text..., status). It fetches nothing by a text with a NUL.
+template <typename Ask, typename... Texts>
+auto byTexts(JavaEnv& env, Ask ask, Texts... texts) {
+  return [ask, taken = std::array{TextArgument(env, texts)...}](ZNTopoAPI& api,
+                                                                ZNTopoAPIStatus& status) {
+    return std::apply(
+        [&](const auto&... text) {
+          using Fetched = decltype(std::invoke(ask, api, text.get()..., status));
+          return (text.isSound(status) && ...) ? std::invoke(ask, api, text.get()..., status)
+                                               : Fetched();
+        },
+        taken);
   };
 }
 

@@ -1,5 +1,7 @@
 #include <cstdlib>
 #include <cstring>
+#include <new>
+#include <utility>
 
 #include "zntopo/bridge/detail/Builders.h"
 #include "zntopo/bridge/detail/Collection.h"
@@ -109,18 +111,34 @@ void populateObjIDList(JavaEnv& env, const std::set<ObjID>& ids, jobject javaLis
   }
 }
 
+namespace {
+
+/// Memory of malloc(), or of what is like it; throws std::bad_alloc for none.
+template <typename T>
+T* allocated(T* memory) {
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+
+}  // namespace
+
 int createNameCountArrayFromMap(const std::map<std::string, int>& map, char*** names,
                                 int** counts) {
   *names = nullptr;
   *counts = nullptr;
   if (map.empty()) return 0;
-  *names = static_cast<char**>(std::malloc(map.size() * sizeof(char*)));
-  *counts = static_cast<int*>(std::malloc(map.size() * sizeof(int)));
   int entries = 0;
-  for (const auto& [name, count] : map) {
-    (*names)[entries] = strdup(name.c_str());
-    (*counts)[entries] = count;
-    ++entries;
+  try {
+    *names = allocated(static_cast<char**>(std::malloc(map.size() * sizeof(char*))));
+    *counts = allocated(static_cast<int*>(std::malloc(map.size() * sizeof(int))));
+    for (const auto& [name, count] : map) {
+      (*names)[entries] = allocated(strdup(name.c_str()));
+      (*counts)[entries] = count;
+      ++entries;
+    }
+  } catch (const std::bad_alloc&) {
+    freeNameCountArray(std::exchange(*names, nullptr), std::exchange(*counts, nullptr), entries);
+    throw;
   }
   return entries;
 }

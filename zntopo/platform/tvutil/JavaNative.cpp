@@ -22,9 +22,9 @@ jfieldID fieldOf(JNIEnv* env, jobject object, const char* name, const char* desc
 }
 
 int failed(JNIEnv* env, const char* className, jobject object, const char* fieldName) {
-  forget(env, object);
   const std::string message =
       "Could not set the field " + std::string(fieldName) + " of " + className;
+  forget(env, object);
   javaNativeThrowIllegalStateException(env, message.c_str());
   return -1;
 }

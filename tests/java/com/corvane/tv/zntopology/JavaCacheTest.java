@@ -11,6 +11,7 @@ import java.util.Vector;
 import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.Future;
+import java.util.function.Function;
 import org.junit.jupiter.api.Test;
 
 class JavaCacheTest {
@@ -32,38 +33,48 @@ class JavaCacheTest {
         ObjectStatus.MAJOR, NATIVES.getNodeNativeByObjID(id, status, null).getOverallStatus());
   }
 
-  @Test
-  void withoutACacheEachObjectIsMadeAnew() {
-    ObjID id = Sample.nodeID("core-1");
-    assertNotSame(
-        NATIVES.getNodeNativeByObjID(id, status, null),
-        NATIVES.getNodeNativeByObjID(id, status, null));
+  /** One object of each kind, read with a cache. */
+  private static List<Object> oneOfEachKind(ZorbTopoCache cache) {
+    ZorbTopoStatus status = new ZorbTopoStatus();
+    Function<Integer, ObjID> first =
+        type -> Sample.id("select min(objid) from nwentity where entitytype = " + type);
+    ObjID[] interfaces = {first.apply(2)};
+    ObjID[] groups = {first.apply(11)};
+    ObjID[] ifcs = {first.apply(12)};
+    ObjID address = Sample.id("select min(addressid) from address");
+    List<Object> found =
+        List.of(
+            NATIVES.getNodeNativeByObjID(first.apply(1), status, cache),
+            NATIVES.getInterfacesByObjIDListNative(interfaces, false, false, status, cache).get(0),
+            NATIVES.getAddressNativeByObjID(address, status, cache),
+            NATIVES.getSubnetNativeByObjID(first.apply(7), status, cache),
+            NATIVES.getVlanByObjIDNative(first.apply(4), status, cache),
+            NATIVES.getHSRPsNativeByObjIDs(groups, false, status, cache).get(0),
+            NATIVES.getIfcsByObjIDListNative(ifcs, status, cache).get(0));
+    assertOK(status);
+    return found;
   }
 
   @Test
   void eachKindIsMadeOnce() {
-    ObjID[] interfaces = {Sample.id("select min(objid) from nwentity where entitytype = 2")};
-    ObjID address = Sample.id("select min(addressid) from address");
-    ObjID subnet = Sample.id("select min(objid) from nwentity where entitytype = 7");
-    ObjID vlan = Sample.id("select min(objid) from nwentity where entitytype = 4");
-    ObjID[] groups = {Sample.id("select min(objid) from nwentity where entitytype = 11")};
-    ObjID[] ifcs = {Sample.id("select min(objid) from nwentity where entitytype = 12")};
-    List<Object> first = new ArrayList<>();
-    for (int round = 0; round < 2; round++) {
-      List<Object> found =
-          List.of(
-              NATIVES
-                  .getInterfacesByObjIDListNative(interfaces, false, false, status, cache)
-                  .get(0),
-              NATIVES.getAddressNativeByObjID(address, status, cache),
-              NATIVES.getSubnetNativeByObjID(subnet, status, cache),
-              NATIVES.getVlanByObjIDNative(vlan, status, cache),
-              NATIVES.getHSRPsNativeByObjIDs(groups, false, status, cache).get(0),
-              NATIVES.getIfcsByObjIDListNative(ifcs, status, cache).get(0));
-      for (int i = 0; round == 1 && i < found.size(); i++) {
-        assertSame(first.get(i), found.get(i));
-      }
-      first.addAll(found);
+    List<Object> first = oneOfEachKind(cache);
+    List<Object> second = oneOfEachKind(cache);
+    for (int i = 0; i < first.size(); i++) {
+      assertSame(first.get(i), second.get(i));
+    }
+  }
+
+  @Test
+  void withoutACacheEachObjectIsMadeAnewAndNoneIsKept() {
+    List<Object> kept = oneOfEachKind(cache);
+    List<Object> first = oneOfEachKind(null);
+    List<Object> second = oneOfEachKind(null);
+    List<Object> after = oneOfEachKind(cache);
+    for (int i = 0; i < kept.size(); i++) {
+      assertNotSame(first.get(i), second.get(i));
+      assertNotSame(kept.get(i), first.get(i));
+      assertSame(kept.get(i), after.get(i));
+      assertSame(kept.get(i).getClass(), first.get(i).getClass());
     }
   }
 
