@@ -14,6 +14,7 @@ namespace zntopo::bench {
 
 void registerBulkRead(const Setting& setting);
 void registerEvents(const Setting& setting);
+void registerExport(const Setting& setting);
 void registerFilters(const Setting& setting);
 void registerGroupRead(const Setting& setting);
 void registerLog(const Setting& setting);
