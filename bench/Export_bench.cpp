@@ -2,13 +2,12 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <fstream>
-#include <sstream>
 #include <string>
 
 #include "bench/Subjects.h"
 #include "bench/support/BenchStore.h"
+#include "bench/support/OutputFile.h"
 #include "bench/support/WarmCache.h"
 #include "tools/export/Rfc8345Writer.h"
 #include "tools/export/StoreReader.h"
@@ -18,23 +17,11 @@ namespace zntopo::bench {
 
 namespace {
 
-/// A file that each pass writes anew.
-class OutputFile {
- public:
-  ~OutputFile() { std::remove(kName); }
-  void write(const std::string& text) const {
-    std::ofstream stream(kName, std::ios::binary | std::ios::trunc);
-    stream << text;
-  }
-  void write(const tools::NetworkModel& model) const {
-    std::ofstream stream(kName, std::ios::binary | std::ios::trunc);
-    tools::NetworkReport report;
-    tools::writeRfc8345(model, stream, report);
-  }
-
- private:
-  static constexpr const char* kName = "zntopo_bench.export";
-};
+void writeInto(const OutputFile& file, const tools::NetworkModel& model) {
+  std::ofstream stream = file.open();
+  tools::NetworkReport report;
+  tools::writeRfc8345(model, stream, report);
+}
 
 tools::NetworkModel readAll(const Setting& setting) {
   ZNTopoConfig config = roomyConfig(setting);
@@ -48,7 +35,7 @@ tools::NetworkModel readAll(const Setting& setting) {
 void library(benchmark::State& state, const Setting& setting) {
   const OutputFile file;
   for (auto _ : state) {
-    file.write(readAll(setting));
+    writeInto(file, readAll(setting));
     state.PauseTiming();
     coolDown();
     state.ResumeTiming();
@@ -60,23 +47,22 @@ void writingAlone(benchmark::State& state, const Setting& setting) {
   const OutputFile file;
   const tools::NetworkModel model = readAll(setting);
   coolDown();
-  for (auto _ : state) file.write(model);
+  for (auto _ : state) writeInto(file, model);
 }
 
 void floorOf(benchmark::State& state, const Setting& setting) {
   const OutputFile file;
-  std::ostringstream text;
-  tools::NetworkReport report;
-  tools::writeRfc8345(readAll(setting), text, report);
+  writeInto(file, readAll(setting));
   coolDown();
-  const std::string bytes = text.str();
+  const std::string bytes = file.content();
   for (auto _ : state) file.write(bytes);
+  state.SetBytesProcessed(static_cast<std::int64_t>(bytes.size() * state.iterations()));
 }
 
 }  // namespace
 
 void registerExport(const Setting& setting) {
-  if (setting.userVariables) return;
+  if (setting.userVariables || setting.nodes > kMaxNodesWritten) return;
   benchmark::RegisterBenchmark("ExportRfc8345/library", library, setting)
       ->Unit(benchmark::kMillisecond);
   benchmark::RegisterBenchmark("ExportRfc8345/writing alone", writingAlone, setting)

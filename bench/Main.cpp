@@ -72,6 +72,7 @@ void registerSubjects(const Setting& setting) {
     zntopo::bench::registerGroupRead(setting);
     zntopo::bench::registerMemory(setting);
     zntopo::bench::registerFilters(setting);
+    zntopo::bench::registerDump(setting);
     zntopo::bench::registerExport(setting);
   }
   if (setting.isWarmWanted) {

@@ -13,6 +13,7 @@
 namespace zntopo::bench {
 
 void registerBulkRead(const Setting& setting);
+void registerDump(const Setting& setting);
 void registerEvents(const Setting& setting);
 void registerExport(const Setting& setting);
 void registerFilters(const Setting& setting);

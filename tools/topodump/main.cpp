@@ -1,11 +1,12 @@
 // tvrz_topodump.tvpl: prints objects of the store in the forms that programs know.
 
-#include <cstdlib>
+#include <algorithm>
 #include <iostream>
-#include <list>
+#include <optional>
+#include <string>
+#include <vector>
 
-#include "tools/topodump/DumpCall.h"
-#include "tools/zntopo/NaturalOrder.h"
+#include "tools/topodump/Dump.h"
 #include "zntopo/api/ZNTopoAPIDefaultFactory.h"
 #include "zntopo/model/ZNUtilMesg.h"
 
@@ -13,132 +14,23 @@ namespace zntopo::tools {
 
 namespace {
 
-enum ExitStatus : int { Found = 0, Failed = 1, WrongCall = 2 };
-
-/// Full texts in the place of rows.
-bool isDetailed() { return std::getenv("TOPODUMP_DETAIL") != nullptr; }
-
-template <typename Handles>
-auto ordered(const Handles& handles) {
-  std::vector<typename Handles::value_type> all(handles.begin(), handles.end());
-  sortBy(all, [](const auto& object) {
-    return std::pair(Natural{object->getName()}, object->getObjID().getStrValue());
-  });
-  return all;
-}
-
-void printNode(const ZNNode& node, DumpCall::Kind kind) {
-  const bool withInterfaces = kind == DumpCall::NodesWithInterfaces;
-  if (isDetailed()) {
-    std::cout << node.toString(withInterfaces);
-    return;
-  }
-  std::cout << node.toShortString();
-  if (!withInterfaces) return;
-  const auto interfaces = node.getInterfacesList();
-  if (!interfaces) return;
-  for (const auto& interface : ordered(*interfaces)) std::cout << interface->toShortString();
-}
-
-void printHeader() {
-  if (!isDetailed()) ZNUtilMesg::printTopoQueryNodeDisplayHeader();
-}
-
-/// The statuses of a question that found nothing.
-bool isNothing(const ZNTopoAPIStatus& status) {
-  return status.getStatus() == ZN_API_OBJ_NOT_EXIST ||
-         status.getStatus() == ZN_API_EMPTY_OBJID_LIST;
-}
-
-int nothingFound(ZNTopoAPIStatus& status) {
-  if (status.isOK() || isNothing(status)) {
-    ZNUtilMesg::printTopoQueryNotFoundMessage();
-  } else {
-    ZNUtilMesg::logTopoQueryErrorMessage(status);
-  }
-  return Failed;
-}
-
-ZNTopoAPI::OwnedNodeList nodesOf(ZNTopoAPI& api, const DumpCall& call, ZNTopoAPIStatus& status) {
-  if (!call.filter.empty()) return api.getNodesByTopoFilter(call.filter, status);
-  if (call.node.empty()) {
-    std::set<ObjID> notFound;
-    return api.getNodesByObjIDList({}, notFound, status, false, false, true, ZNEntity::AllProtocol,
-                                   call.routeDistinguisher);
-  }
-  auto nodes = std::make_unique<ZNTopoAPI::OwnedNodeList::element_type>();
-  const ZNRefPtr<ZNNode> node = api.getNodeByName(call.node, status, call.routeDistinguisher);
-  if (!node.isNull()) nodes->push_back(node);
-  return nodes;
-}
-
-int dumpNodes(ZNTopoAPI& api, const DumpCall& call, ZNTopoAPIStatus& status) {
-  const auto nodes = nodesOf(api, call, status);
-  if (!status.isOK() || nodes->empty()) return nothingFound(status);
-  printHeader();
-  for (const auto& node : ordered(*nodes)) printNode(*node, call.kind);
-  return Found;
-}
-
-int dumpInterfaces(ZNTopoAPI& api, const DumpCall& call, ZNTopoAPIStatus& status) {
-  const auto interfaces = api.getInterfacesByTopoFilter(call.filter, status);
-  if (!status.isOK() || interfaces->empty()) return nothingFound(status);
-  printHeader();
-  for (const auto& interface : ordered(*interfaces)) {
-    std::cout << (isDetailed() ? interface->toString() : interface->toShortString());
-  }
-  return Found;
-}
-
-int dumpInfo(ZNTopoAPI& api, ZNTopoAPIStatus& status) {
-  const ZNTopologyInfo info = api.getTopologyInfo(status);
-  if (!status.isOK()) return nothingFound(status);
-  std::cout << info.toString();
-  return Found;
-}
-
-int dumpFilters(ZNTopoAPI& api, ZNTopoAPIStatus& status) {
-  const auto filters = api.getDefaultFileFilterName(status);
-  if (!status.isOK() || filters.empty()) return nothingFound(status);
-  for (const auto& [name, kind] : filters) std::cout << name << "\n";
-  return Found;
-}
-
-int dump(ZNTopoAPI& api, const DumpCall& call) {
-  ZNTopoAPIStatus status;
-  if (call.kind == DumpCall::Filters || !call.filter.empty()) {
-    api.ParseDefaultFile(status);
-    if (!status.isOK()) return nothingFound(status);
-  }
-  switch (call.kind) {
-    case DumpCall::Info:
-      return dumpInfo(api, status);
-    case DumpCall::Filters:
-      return dumpFilters(api, status);
-    case DumpCall::Interfaces:
-      return dumpInterfaces(api, call, status);
-    default:
-      return dumpNodes(api, call, status);
-  }
-}
-
 int run(const std::vector<std::string>& words) {
   const std::optional<DumpCall> call = dumpCallOf(words);
   if (!call) {
     ZNUtilMesg::printTopoQueryHelp();
     return words == std::vector<std::string>{"-help"} || words == std::vector<std::string>{"--help"}
-               ? Found
-               : WrongCall;
+               ? DumpPrinted
+               : DumpWrongCall;
   }
   ZNTopoAPIDefaultFactory factory;
   ZNTopoAPIStatus status = factory.initZNTopoAPI(ZNTopoConfig());
   const ZNRefPtr<ZNTopoAPI> api =
       status.isOK() ? factory.getRDInstance(status, ActiveDB) : ZNRefPtr<ZNTopoAPI>();
-  const int result = status.isOK() ? dump(*api, *call) : nothingFound(status);
+  const DumpStatus result = status.isOK() ? dump(*api, *call) : tellNothing(status);
   std::cout << std::flush;
   if (std::cout.good()) return result;
   std::cerr << "tvrz_topodump.tvpl: the answer could not be written" << std::endl;
-  return Failed;
+  return DumpFailed;
 }
 
 }  // namespace
