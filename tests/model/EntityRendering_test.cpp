@@ -1,5 +1,3 @@
-#include <cstdlib>
-
 #include "tests/model/ModelFixture.h"
 #include "zntopo/model/ZNEntityDB.h"
 #include "zntopo/model/ZNTopoXMLTag.h"

@@ -1,7 +1,12 @@
 // How large the stored topology is.
 
+#include <array>
+#include <map>
+#include <string>
+
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/api/detail/StatisticSql.h"
+#include "zntopo/core/MCLog.h"
 #include "zntopo/core/detail/Failure.h"
 #include "zntopo/core/detail/OperationScope.h"
 #include "zntopo/store/StoreAccess.h"

@@ -3,6 +3,7 @@
 #include "zntopo/model/CapabilityBits.h"
 #include "zntopo/model/ZNInterfaceCapabilitySet.h"
 #include "zntopo/model/ZNNodeCapabilitySet.h"
+#include "zntopo/model/detail/Rendering.h"
 
 namespace zntopo {
 
@@ -138,9 +139,7 @@ std::string ZNCapabilitySet<Kind>::toCapabilityStr(unsigned long) const {
 
 template <typename Kind>
 std::string ZNCapabilitySet<Kind>::toString() const {
-  std::string text;
-  for (const ZNCapability& capability : toCapabilityList()) text += capability.toString() + " ";
-  return text;
+  return detail::capabilityText(toCapabilityList());
 }
 
 template class ZNCapabilitySet<NodeCapabilities>;

@@ -8,15 +8,11 @@ namespace {
 
 using Line = detail::Line<ZNIfcInfo>;
 
-std::string interfacesOf(const ZNIfcInfo& info) {
-  return detail::joined(info.getAllIfcIFInfos(),
-                        [](const ZNIfcIFInfo& interface) { return interface.toString() + "\n"; });
-}
-
 constexpr Line kText[] = {
     {"\n\n          +++++++++++++ZNIfcInfo +++++++++++++"},
     {"\n              ObjID:", Line::of<&ZNIfcInfo::getIfcInfoObjID>},
-    {"\n\n               +++++++++++++++ZNIfcIFInfoListBegins+++++++++++++++++:\n", interfacesOf},
+    {"\n\n               +++++++++++++++ZNIfcIFInfoListBegins+++++++++++++++++:\n",
+     Line::textLines<&ZNIfcInfo::getAllIfcIFInfos>},
     {"\n               ---------------ZNIfcIFInfoListEnds-----------------:\n"},
     {"\n\n          -------------ZNIfcInfo ---------------"},
 };

@@ -31,9 +31,7 @@ constexpr Line kText[] = {
     {"\nIfSpeed:", Line::of<&ZNInterface::getIfSpeed>},
     {"\nIF Capability : ",
      [](const ZNInterface& interface) {
-       return detail::joined(interface.getCapabilityList(), [](const ZNCapability& capability) {
-         return capability.toString() + " ";
-       });
+       return detail::capabilityText(interface.getCapabilityList());
      }},
     {"", [](const ZNInterface& interface) { return detail::hsrpLine(interface.getHSRPObjIDs()); },
      nullptr, [](const ZNInterface& interface) { return interface.isInHSRP(); }},
@@ -58,9 +56,8 @@ constexpr Line kXml[] = {
     {"IfSpeed", Line::of<&ZNInterface::getIfSpeed>, "int"},
     {"",
      [](const ZNInterface& interface) {
-       return ZNTopoXMLTag::formCapaList(interface.getCapabilityList());
-     },
-     nullptr, [](const ZNInterface& interface) { return !interface.getCapabilityList().empty(); }},
+       return detail::capabilityXml(interface.getCapabilityList());
+     }},
     {"</ZNInterface>\n"},
 };
 

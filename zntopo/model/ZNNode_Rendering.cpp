@@ -99,8 +99,7 @@ constexpr Line kXml[] = {
     {"SysContact", Line::of<&ZNNode::getSysContact>, "str"},
     {"SysLocation", Line::of<&ZNNode::getSysLocation>, "str"},
     {"SnmpState", Line::of<&ZNNode::getSnmpState>, "int"},
-    {"", [](const ZNNode& node) { return ZNTopoXMLTag::formCapaList(node.getCapabilityListVal()); },
-     nullptr, [](const ZNNode& node) { return !node.getCapabilityListVal().empty(); }},
+    {"", [](const ZNNode& node) { return detail::capabilityXml(node.getCapabilityListVal()); }},
     {"",
      [](const ZNNode& node) {
        return detail::section("<VlanInfos>\n", node.getVlanInfoList(), detail::asXml,

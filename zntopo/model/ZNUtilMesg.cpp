@@ -1,6 +1,8 @@
 #include "zntopo/model/ZNUtilMesg.h"
 
 #include <iostream>
+#include <string>
+#include <vector>
 
 #include "zntopo/core/detail/MessageTexts.h"
 #include "zntopo/model/detail/Rendering.h"

@@ -8,17 +8,12 @@ namespace {
 
 using Line = detail::Line<ZNVlanInfo>;
 
-std::string interfacesOf(const ZNVlanInfo& info) {
-  return detail::joined(info.getVlanIFInfoList(),
-                        [](const ZNVlanIFInfo& interface) { return interface.toString() + "\n"; });
-}
-
 constexpr Line kText[] = {
     {"\n+++++++++++++ZNVlanInfo +++++++++++++"},
     {"\nVlanObjID:", Line::of<&ZNVlanInfo::getVlanObjID>},
     {"\nNodeObjID:", Line::of<&ZNVlanInfo::getNodeObjID>},
     {"\nNodeName:", Line::of<&ZNVlanInfo::getNodeName>},
-    {"\nInterface Vlan Information:\n", interfacesOf},
+    {"\nInterface Vlan Information:\n", Line::textLines<&ZNVlanInfo::getVlanIFInfoList>},
     {"\n-------------ZNVlanInfo ---------------"},
 };
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <type_traits>
+#include <vector>
 
 #include "zntopo/core/ObjID.h"
 #include "zntopo/core/ZNRefPtr.h"
@@ -80,6 +81,16 @@ std::string section(const char* opening, const List& list, const Write& write,
   return list.empty() ? std::string() : opening + joined(list, write) + closing;
 }
 
+/// The names of capabilities, a blank behind each.
+inline std::string capabilityText(const std::vector<ZNCapability>& capabilities) {
+  return joined(capabilities,
+                [](const ZNCapability& capability) { return capability.toString() + " "; });
+}
+/// The element of capabilities; an empty list has none.
+inline std::string capabilityXml(const std::vector<ZNCapability>& capabilities) {
+  return capabilities.empty() ? std::string() : ZNTopoXMLTag::formCapaList(capabilities);
+}
+
 // ---- lines ----------------------------------------------------------------------------------
 
 /// A text of its own, or one of the message catalogue.
@@ -119,6 +130,12 @@ struct Line {
   template <auto member>
   static std::string texts(const Object& object) {
     return joined(std::invoke(member, object), asText);
+  }
+  /// The same, each ending its line.
+  template <auto member>
+  static std::string textLines(const Object& object) {
+    return joined(std::invoke(member, object),
+                  [](const auto& item) { return item.toString() + "\n"; });
   }
   template <auto member>
   static std::string xmls(const Object& object) {
