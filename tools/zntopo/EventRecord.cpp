@@ -21,13 +21,13 @@ constexpr NumberName<int> kDiscoveries[] = {{"full", Full_Discovery},
                                             {"incremental", Incremental_Discovery}};
 constexpr StateKind kTopologyState = {"state", "", "", kTopologyStates};
 
-/// What lists call the statuses of an object.
-constexpr NumberName<int> kStatusTypes[] = {{"ipv6_status", ZNEntity::IPv6Overall},
+/// The keys of the statuses of an object.
+constexpr NumberName<int> kStatusTypes[] = {{kNodeV6Status.key, ZNEntity::IPv6Overall},
                                             {"ipv6_link_local_status", ZNEntity::IPv6LinkLocal},
                                             {"ipv6_site_status", ZNEntity::IPv6SiteLocal},
                                             {"ipv6_global_status", ZNEntity::IPv6Global},
-                                            {"status", ZNEntity::IPv4Overall},
-                                            {"status", ZNEntity::Overall}};
+                                            {kNodeStatus.key, ZNEntity::IPv4Overall},
+                                            {kNodeStatus.key, ZNEntity::Overall}};
 
 Json statusText(const ObjectStatus* status) {
   return status == nullptr ? Json() : kNodeStatus.value(status->getStatusAsInt());
@@ -37,7 +37,7 @@ void tell(const TopologyStatusNotification& event, EventObjects& objects, EventR
   record.kind = "status";
   record.object = objects.object(event.getSrcEntityType(), event.getSrcID());
   const Json type = nameOf(kStatusTypes, static_cast<int>(event.getv6StatusType()));
-  record.state = type.is_null() ? "status" : type.get<std::string>();
+  record.state = type.is_null() ? kNodeStatus.key : type.get<std::string>();
   record.was = statusText(event.getPrevStatus());
   record.is = statusText(event.getStatus());
 }

@@ -63,7 +63,9 @@ TEST_P(CliSetTest, TheStatusOfANodeIsWrittenToldAndShown) {
 }
 
 TEST_P(CliSetTest, AnIPv6NodeHasTheStatusThatItShows) {
-  EXPECT_EQ(changeOf({"set", "node", "badge-reader-1", "--status", "critical"})["is"], "critical");
+  const auto change = changeOf({"set", "node", "badge-reader-1", "--status", "critical"});
+  EXPECT_EQ(change["state"], "ipv6_status");
+  EXPECT_EQ(change["is"], "critical");
   EXPECT_EQ(value("select V6CompoundStatus from nwnode where EntityName = 'badge-reader-1'"), "6");
   EXPECT_EQ(answerOf({"node", "badge-reader-1"})["node"]["status"], "critical");
 }

@@ -116,6 +116,23 @@ TEST_P(CliWatchTest, EachEventIsShownWithNames) {
   EXPECT_EQ(events[0]["id"], answerOf({"node", "core-1"})["node"]["id"]);
 }
 
+TEST_P(CliWatchTest, AStateIsCalledAsTheCommandThatChangesItCallsIt) {
+  RunningCli watch({"watch", "--json"});
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  const auto changes = answerOf({"set", "node", "badge-reader-1", "--status", "critical", "--snmp",
+                                 "unreachable"})["changes"];
+  ASSERT_TRUE(watch.awaitOut("unreachable")) << watch.out();
+  watch.signal(SIGINT);
+  const auto events = eventsIn(watch.finish().out);
+  ASSERT_EQ(events.size(), changes.size());
+  for (std::size_t i = 0; i < events.size(); ++i) {
+    for (const char* const key : {"type", "name", "id", "state", "is"}) {
+      EXPECT_EQ(events[i][key], changes[i][key]) << key;
+    }
+  }
+  EXPECT_EQ(events[0]["state"], "ipv6_status");
+}
+
 TEST_P(CliWatchTest, ALineForPeopleTellsWhenWhatWhoseAndHow) {
   RunningCli watch({"watch"});
   ASSERT_TRUE(watch.awaitErr("listening"));

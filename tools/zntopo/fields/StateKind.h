@@ -51,7 +51,7 @@ inline constexpr NumberName<int> kHsrpStateNames[] = {
 
 /// One state of one kind of objects.
 struct StateKind {
-  /// What lists and events call it.
+  /// What changes and events call it.
   const char* key;
   /// Where the store has it.
   const char* table;
@@ -64,7 +64,8 @@ struct StateKind {
 };
 
 inline constexpr StateKind kNodeStatus = {"status", "nwnode", "Status", kStatusNames};
-inline constexpr StateKind kNodeV6Status = {"status", "nwnode", "V6CompoundStatus", kStatusNames};
+inline constexpr StateKind kNodeV6Status = {"ipv6_status", "nwnode", "V6CompoundStatus",
+                                            kStatusNames};
 inline constexpr StateKind kSnmpState = {"snmp_state", "nwnode", "SNMPState", kAnswerNames};
 inline constexpr StateKind kAdminStatus = {"admin_status", "nwinterface", "IfAdminState",
                                            kAdminNames};
