@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <exception>
 #include <iostream>
 
 #include "tools/network/PlainText.h"
@@ -51,6 +50,11 @@ std::string output(const Context& context, const Answer& answer) {
 
 void check(const ZNTopoAPIStatus& status) {
   if (!status.isOK()) throw Failure(status);
+}
+
+ZNTopoAPIStatus statusOf(const std::exception& error) {
+  const auto* const known = dynamic_cast<const ToolError*>(&error);
+  return known ? known->status() : Failure(ZN_API_INTERNAL_ERROR, error.what()).status();
 }
 
 AnswerStream::AnswerStream() : descriptor_(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3)) {
@@ -114,10 +118,8 @@ std::string rowsText(const WriteCounts& counts) {
 void answer(Context& context, Answer answer, const std::function<void(Answer&)>& work) {
   try {
     work(answer);
-  } catch (const ToolError& error) {
-    answer.status = error.status();
   } catch (const std::exception& error) {
-    answer.status = Failure(ZN_API_INTERNAL_ERROR, error.what()).status();
+    answer.status = statusOf(error);
   }
   if (!answer.status.isOK()) {
     context.exitStatus = answer.exitOnFailure;
@@ -126,7 +128,8 @@ void answer(Context& context, Answer answer, const std::function<void(Answer&)>&
   print(answer.note);
   if (!context.answers.write(output(context, answer))) {
     std::cerr << "zntopo: the answer could not be written\n";
-    context.exitStatus = ExitFailure;
+    // A failure that is told already says more.
+    if (context.exitStatus == ExitAnswer) context.exitStatus = ExitFailure;
   }
 }
 

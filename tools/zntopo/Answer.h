@@ -1,6 +1,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <exception>
 #include <functional>
 #include <iosfwd>
 #include <nlohmann/json.hpp>
@@ -34,6 +35,9 @@ class Failure : public ToolError {
 
 /// Throws a Failure unless the status is OK.
 void check(const ZNTopoAPIStatus& status);
+
+/// What an exception is to the user.
+ZNTopoAPIStatus statusOf(const std::exception& error);
 
 /// Keeps standard output for answers: whatever the library, or what it stands on, writes there
 /// goes to standard error instead. One for the process.

@@ -24,7 +24,8 @@ struct WrittenState {
   std::string state;
   Json was;
   Json is;
-  bool isWritten;
+  /// Null if it could not be found out.
+  Json written;
   std::string event;
 };
 
@@ -33,7 +34,7 @@ constexpr Field<WrittenState> kOwnFields[] = {
     {.key = "state", .head = "STATE", .value = member<&WrittenState::state>},
     {.key = "was", .head = "WAS", .value = member<&WrittenState::was>},
     {.key = "is", .head = "IS", .value = member<&WrittenState::is>},
-    {.key = "written", .head = "WRITTEN", .value = member<&WrittenState::isWritten>},
+    {.key = "written", .head = "WRITTEN", .value = member<&WrittenState::written>},
     {.key = "event", .head = "EVENT", .value = member<&WrittenState::event>},
 };
 
@@ -61,7 +62,10 @@ class Changer {
   bool isInStore(const StateChange& change);
   /// False for a session that could not be opened: only the change that tried is told so.
   static bool hasSession();
-  void keep(const StateChange& change, bool isWritten, const char* event);
+  /// Keeps what may have been written.
+  void keep(const StateChange& change, const char* event);
+  /// Tells what became of it.
+  void confirm(const StateChange& change, bool isWritten);
   /// @param what has become of the event.
   void fail(ZNTopoStatus status, const std::string& what);
 
@@ -91,15 +95,24 @@ bool Changer::hasSession() {
   return !session.isNull() && session->getSessionStatus().isOK();
 }
 
-void Changer::keep(const StateChange& change, bool isWritten, const char* event) {
+void Changer::keep(const StateChange& change, const char* event) {
   for (const NewState& state : change.states) {
     const bool isLeft = change.isLeft(state);
     written_.push_back({.object = change.object,
                         .state = state.kind.key,
                         .was = state.before ? state.kind.value(*state.before) : Json(),
-                        .is = isLeft || isWritten ? state.kind.value(state.number) : Json(),
-                        .isWritten = isWritten && !isLeft,
+                        .is = isLeft ? state.kind.value(state.number) : Json(),
+                        .written = isLeft ? Json(false) : Json(),
                         .event = isLeft ? kNone : event});
+  }
+}
+
+void Changer::confirm(const StateChange& change, bool isWritten) {
+  auto row = written_.end() - static_cast<std::ptrdiff_t>(change.states.size());
+  for (const NewState& state : change.states) {
+    if (isWritten) row->is = state.kind.value(state.number);
+    row->written = isWritten && !change.isLeft(state);
+    ++row;
   }
 }
 
@@ -114,15 +127,17 @@ void Changer::fail(ZNTopoStatus status, const std::string& what) {
 void Changer::make(const StateChange& change) {
   const bool isLeft = std::all_of(change.states.begin(), change.states.end(),
                                   [&](const NewState& one) { return change.isLeft(one); });
-  if (isLeft) return keep(change, false, kNone);
+  if (isLeft) return keep(change, kNone);
   TVsnmpErrno = 0;
   const ZNTopoAPIStatus status = change.set();
   const bool isUntold = status.getStatus() == ZN_API_NOTIFCHANNEL_CREATION_ERROR ||
                         status.getStatus() == change.eventFailure;
   if (!status.isOK() && !isUntold) throw Failure(status);
   const char* const event = isUntold || !hasSession() ? kNotSent : hasBroker() ? kSent : kNone;
+  lastEvent_ = change.eventFailure;
+  keep(change, event);
   const bool isWritten = isInStore(change);
-  keep(change, isWritten, event);
+  confirm(change, isWritten);
   if (!isWritten) {
     throw Failure(ZN_API_SQL_EXEC_ERROR,
                   "The store does not have the new state of the " + change.object.text() +
@@ -131,7 +146,6 @@ void Changer::make(const StateChange& change) {
                       (event == kSent ? " The event was sent all the same." : ""));
   }
   if (isUntold) fail(status.getStatus(), "the event was not sent: " + reasonOf(status));
-  lastEvent_ = change.eventFailure;
 }
 
 void Changer::finish() {
@@ -153,7 +167,7 @@ void Changer::fill(Answer& answer) const {
   listing.fill(answer, "changes", "state");
   if (written_.empty()) answer.text.clear();
   const bool isWritten = std::any_of(written_.begin(), written_.end(),
-                                     [](const WrittenState& one) { return one.isWritten; });
+                                     [](const WrittenState& one) { return one.written == true; });
   if (isWritten && !hasBroker()) answer.note = kNobodyTold;
   if (!answer.status.isOK() || unsent_.isOK()) return;
   answer.status = unsent_;
@@ -166,8 +180,8 @@ void change(Session& session, const std::vector<StateChange>& changes, Answer& a
   Changer changer(session);
   try {
     for (const StateChange& one : changes) changer.make(one);
-  } catch (const ToolError& error) {
-    answer.status = error.status();
+  } catch (const std::exception& error) {
+    answer.status = statusOf(error);
   }
   changer.finish();
   changer.fill(answer);
