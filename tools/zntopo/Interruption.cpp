@@ -9,12 +9,17 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
+#include <cstdlib>
 #include <system_error>
 #include <utility>
 
 namespace zntopo::tools {
 
 namespace {
+
+/// How long the command may take to end, in milliseconds.
+constexpr int kPatience = 2000;
 
 sigset_t endingSignals() {
   sigset_t set;
@@ -72,29 +77,45 @@ void Interruption::watch() {
   if (watched[1].revents != 0 && read(signals_, &taken, sizeof taken) < 0) return;
   const sigset_t set = endingSignals();
   pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
-  pollfd end = {stopped_, POLLIN, 0};
-  while (poll(&end, 1, -1) < 0 && errno == EINTR) {
+  awaitStop();
+}
+
+void Interruption::awaitStop() const {
+  pollfd stop = {stopped_, POLLIN, 0};
+  int ready = 0;
+  while ((ready = poll(&stop, 1, kPatience)) < 0 && errno == EINTR) {
   }
+  if (ready != 0) return;
+  // A store does not answer, or a reader does not take the rest of a line.
+  if (!isLineBegun_) std::_Exit(EXIT_SUCCESS);
+  dprintf(STDERR_FILENO, "zntopo: the last line is not whole: its reader takes nothing\n");
+  std::_Exit(EXIT_FAILURE);
 }
 
 bool Interruption::awaitRoom() const {
-  pollfd awaited[] = {{ended_, POLLIN, 0}, {output_, POLLOUT, 0}};
-  while (poll(awaited, 2, -1) < 0 && errno == EINTR) {
+  pollfd awaited[] = {{output_, POLLOUT, 0}, {ended_, POLLIN, 0}};
+  // A line that has begun is written to its end.
+  const nfds_t number = isLineBegun_ ? 1 : 2;
+  while (poll(awaited, number, -1) < 0 && errno == EINTR) {
   }
-  return awaited[0].revents == 0 && (awaited[1].revents & POLLOUT) != 0;
+  return awaited[1].revents == 0 && (awaited[0].revents & POLLOUT) != 0;
 }
 
-bool Interruption::write(const std::string& text) {
+bool Interruption::writeSome(std::string_view& text) const {
   // A pipe that has room takes so much without waiting.
   constexpr std::size_t most = PIPE_BUF;
-  for (std::size_t done = 0; done < text.size();) {
-    if (!awaitRoom()) return false;
-    const ssize_t count = ::write(output_, text.data() + done, std::min(most, text.size() - done));
-    if (count < 0 && errno == EPIPE) return false;
-    if (count < 0 && errno != EINTR && errno != EAGAIN) throw failure("events could not be shown");
-    if (count > 0) done += static_cast<std::size_t>(count);
-  }
+  const ssize_t count = ::write(output_, text.data(), std::min(most, text.size()));
+  if (count < 0 && errno == EPIPE) return false;
+  if (count < 0 && errno != EINTR && errno != EAGAIN) throw failure("events could not be shown");
+  if (count > 0) text.remove_prefix(static_cast<std::size_t>(count));
   return true;
+}
+
+bool Interruption::write(const std::string& line) {
+  std::string_view rest = line;
+  while (!rest.empty() && awaitRoom() && writeSome(rest)) isLineBegun_ = rest.size() < line.size();
+  isLineBegun_ = false;
+  return rest.empty();
 }
 
 }  // namespace zntopo::tools

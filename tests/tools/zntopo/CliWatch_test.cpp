@@ -5,12 +5,16 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <climits>
+#include <utility>
+
 #include "tests/platform/tvsnmp/SessionSupport.h"
 #include "tests/support/CliSupport.h"
 #include "tests/support/EventBroker.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/FreePort.h"
 #include "tests/support/MuteServer.h"
+#include "tools/network/StoreStatement.h"
 
 namespace zntopo::test {
 namespace {
@@ -29,12 +33,57 @@ tvsnmp::EventVariable text(const std::string& value) {
 }
 tvsnmp::EventVariable number(int value) { return {{1, 3}, tvsnmp::kIntegerType, value, ""}; }
 
+int occurrences(const std::string& text, const std::string& part) {
+  int count = 0;
+  for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos; at += part.size()) {
+    ++count;
+  }
+  return count;
+}
+
 /// The lines of a stream of JSON.
 std::vector<nlohmann::json> eventsIn(const std::string& out) {
   std::vector<nlohmann::json> events;
   for (const std::string& line : linesOf(out)) events.push_back(nlohmann::json::parse(line));
   return events;
 }
+
+/// The reader of what a call writes, who reads when a test wants it.
+class Reader {
+ public:
+  Reader() {
+    EXPECT_EQ(mkfifo(path().c_str(), 0600), 0);
+    descriptor_ = open(path().c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  }
+  ~Reader() { leave(); }
+  Reader(const Reader&) = delete;
+  Reader& operator=(const Reader&) = delete;
+
+  std::string path() const { return folder_.path("pipe"); }
+  /// How many bytes wait.
+  int waiting() const {
+    int bytes = 0;
+    return ioctl(descriptor_, FIONREAD, &bytes) == 0 ? bytes : 0;
+  }
+  /// Lets no more bytes wait than a pipe has to take at once.
+  void makeNarrow() const { EXPECT_EQ(fcntl(descriptor_, F_SETPIPE_SZ, PIPE_BUF), PIPE_BUF); }
+  /// All, until the writer is gone.
+  std::string readAll() const {
+    EXPECT_EQ(fcntl(descriptor_, F_SETFL, 0), 0);
+    std::string text;
+    char part[PIPE_BUF];
+    ssize_t count = 0;
+    while ((count = read(descriptor_, part, sizeof part)) > 0) {
+      text.append(part, static_cast<std::size_t>(count));
+    }
+    return text;
+  }
+  void leave() { close(std::exchange(descriptor_, -1)); }
+
+ private:
+  Scratch folder_;
+  int descriptor_ = -1;
+};
 
 /// The sample network and a broker.
 class CliWatchTest : public CliSampleTest {
@@ -242,13 +291,21 @@ TEST_P(CliWatchTest, ABrokerThatDiesIsToldBehindTheLastEvent) {
   EXPECT_EQ(lines[1]["status"]["code"], 45);
 }
 
-TEST_P(CliWatchTest, AReaderWhoIsGoneEndsItQuietly) {
-  const Scratch folder;
-  ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
-  const int reader = open(folder.path("pipe").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  RunningCli watch({"watch"}, folder.path("pipe"));
+TEST_P(CliWatchTest, ALostChannelIsToldToAReaderOfStandardErrorAlone) {
+  RunningCli watch({"watch", "--json"}, "/dev/full");
   ASSERT_TRUE(watch.awaitErr("listening"));
-  close(reader);
+  broker_->crash();
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 3);
+  EXPECT_THAT(result.err, AllOf(HasSubstr("The channel of events is lost"),
+                                HasSubstr("the answer could not be written")));
+}
+
+TEST_P(CliWatchTest, AReaderWhoIsGoneEndsItQuietly) {
+  Reader reader;
+  RunningCli watch({"watch"}, reader.path());
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  reader.leave();
   // Without any event.
   const CliResult result = watch.finish();
   EXPECT_EQ(result.status, 0);
@@ -288,10 +345,8 @@ TEST_P(CliWatchTest, ASignalEndsItWhileABrokerKeepsItWaiting) {
 }
 
 TEST_P(CliWatchTest, AReaderWhoTakesNothingDoesNotKeepItFromEnding) {
-  const Scratch folder;
-  ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
-  const int reader = open(folder.path("pipe").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  RunningCli watch({"watch"}, folder.path("pipe"));
+  const Reader reader;
+  RunningCli watch({"watch"}, reader.path());
   ASSERT_TRUE(watch.awaitErr("listening"));
   {
     const OpenSession session = openSession("");
@@ -304,14 +359,24 @@ TEST_P(CliWatchTest, AReaderWhoTakesNothingDoesNotKeepItFromEnding) {
     }
   }
   // What the pipe can't take makes the command wait.
-  const auto isFull = [reader] {
-    int waiting = 0;
-    return ioctl(reader, FIONREAD, &waiting) == 0 && waiting > 60000;
-  };
-  ASSERT_TRUE(eventually(isFull));
+  ASSERT_TRUE(eventually([&] { return reader.waiting() > 60'000; }));
   watch.signal(SIGTERM);
   EXPECT_EQ(watch.finish().status, 0);
-  close(reader);
+}
+
+TEST_P(CliWatchTest, ALineThatItsReaderDoesNotTakeAsAWholeIsAFailure) {
+  const Reader reader;
+  reader.makeNarrow();
+  RunningCli watch({"watch", "--json"}, reader.path());
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  // The identifier stands in the line twice.
+  sendLifeCycle(std::string(2047, 'x'), 99);
+  ASSERT_TRUE(eventually([&] { return reader.waiting() == PIPE_BUF; }));
+  watch.signal(SIGTERM);
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, HasSubstr("the last line is not whole"));
+  EXPECT_THAT(reader.readAll(), Not(EndsWith("\n")));
 }
 
 TEST_P(CliWatchTest, WithoutABrokerItSaysWhatToSet) {
@@ -335,6 +400,44 @@ TEST_P(CliWatchTest, ABrokerOutOfReachIsAFailureThatSaysWhy) {
 
 ZNTOPO_ON_ENGINES(CliWatchTest, kEngines);
 
+/// With more events than fit. The engine does not matter.
+class CliWatchOverflowTest : public CliWatchTest {};
+ZNTOPO_ON_ENGINES(CliWatchOverflowTest, kSqlite);
+
+TEST_P(CliWatchOverflowTest, MoreEventsThanFitAreALostChannelBehindThoseThatFitted) {
+  // The broker tells of each event that a receiver has taken.
+  broker_ = std::make_unique<EventBroker>("allow_anonymous true\nlog_type debug\n");
+  setEnv("TV_EVENT_BROKER", broker_->name());
+  const Reader reader;
+  RunningCli watch({"watch", "--json"}, reader.path());
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  constexpr int kEvents = 3600;
+  {
+    const OpenSession session = openSession("");
+    ASSERT_TRUE(session);
+    for (int i = 0; i < kEvents; ++i) {
+      const tvsnmp::Event event = {kLifeCycle,
+                                   {text(""), text("node"), text("marlo"), number(99), number(i),
+                                    text(std::string(59'000, 'x'))}};
+      // The broker may be slower than this program.
+      ASSERT_TRUE(
+          eventually([&] { return tvsnmp::sendEvent(session.get(), event) == EventError::None; }));
+    }
+  }
+  ASSERT_TRUE(eventually([&] {
+    const std::string log = broker_->scratch().read("log");
+    return occurrences(log, "Received PUBACK from") >= kEvents;
+  }));
+  const auto events = eventsIn(reader.readAll());
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 3);
+  EXPECT_THAT(result.err, HasSubstr("more events waited to be shown than fit"));
+  ASSERT_GT(events.size(), 2000U);
+  ASSERT_LT(events.size(), static_cast<std::size_t>(kEvents));
+  for (std::size_t i = 0; i + 1 < events.size(); ++i) ASSERT_EQ(events[i]["zone"], i);
+  EXPECT_EQ(events.back()["status"]["code"], 45);
+}
+
 /// With a server that drops connections.
 class CliWatchServerTest : public CliWatchTest {};
 ZNTOPO_ON_ENGINES(CliWatchServerTest, kPostgres);
@@ -351,6 +454,25 @@ TEST_P(CliWatchServerTest, NamesComeBackAfterTheStoreHasDroppedItsConnections) {
   const auto event = eventsIn(watch.finish().out).at(0);
   EXPECT_EQ(event["name"], "gateway-office");
   EXPECT_EQ(event["node"], "core-2");
+}
+
+TEST_P(CliWatchServerTest, ASignalEndsItWhileTheStoreKeepsItWaiting) {
+  TvXplMsg::MessageList_t messages;
+  const TvDbil::DbSource_t source(messages, store());
+  TvDbil::DbConnection_t connection(messages, &source);
+  RunningCli watch({"watch"});
+  ASSERT_TRUE(watch.awaitErr("listening"));
+  ASSERT_EQ(connection.StartTransaction(messages), TvDbil::DBIL_SUCCESS);
+  tools::executeText(connection, "lock table nwentity in access exclusive mode", "no lock");
+  sendLifeCycle("unheard-of", 4);
+  ASSERT_TRUE(eventually([&] {
+    return select("select count(*) from pg_locks where not granted", 1).at(0).at(0) == "1";
+  }));
+  watch.signal(SIGTERM);
+  const CliResult result = watch.finish();
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.out, "");
+  connection.RollbackTransaction(messages);
 }
 
 }  // namespace
