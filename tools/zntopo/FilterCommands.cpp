@@ -54,13 +54,9 @@ void run(const Context& context, const FilterOptions& options, Answer& answer) {
   answer.json["filter"] = filter.getName();
   answer.json["type"] = typeWord(filter.getObjType());
   const Identifiers ids = document.run(session, filter);
-  const auto fill = [&](const auto& listing) {
-    const FilterKind& kind = *filterKindOf(filter.getObjType());
-    listing.fill(answer, kind.list, kind.word);
-  };
-  if (filter.getObjType() == E_Node) fill(nodeListing(nodeList(session, ids)));
-  if (filter.getObjType() == E_Interface) fill(interfaceListing(session, ids));
-  if (filter.getObjType() == E_Address) fill(addressListing(session, addressList(session, ids)));
+  if (filter.getObjType() == E_Node) fillNodes(session, ids, answer);
+  if (filter.getObjType() == E_Interface) fillInterfaces(session, ids, answer);
+  if (filter.getObjType() == E_Address) fillAddresses(session, ids, answer);
 }
 
 }  // namespace

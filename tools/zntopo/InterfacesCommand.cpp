@@ -24,17 +24,15 @@ void addOptions(CLI::App& command, InterfacesOptions& options) {
 void interfaces(const Context& context, const InterfacesOptions& options, Answer& answer) {
   Session session(context);
   if (options.filter.isGiven()) {
-    interfaceListing(session, runFilter(session, options.filter, E_Interface))
-        .fill(answer, "interfaces", "interface");
+    fillInterfaces(session, runFilter(session, options.filter, E_Interface), answer);
     return;
   }
   const NamedNode named = findNode(session, options.node);
   answer.json["node"] = named.node->getName();
   answer.json["node_id"] = named.id();
   const auto list = interfacesOf(*named.node);
-  if (list.size() < rowCount(session, "nwinterface where NodeObjID = ?", {named.id()})) {
-    answer.status = incompleteness(session, "nwinterface");
-  }
+  answer.status = completeness(session, "nwinterface", list.size(),
+                               rowCount(session, "nwinterface where NodeObjID = ?", {named.id()}));
   interfaceListing(session, {list.begin(), list.end()}, *named.node)
       .fill(answer, "interfaces", "interface");
 }

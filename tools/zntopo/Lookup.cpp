@@ -201,8 +201,10 @@ std::map<std::string, ZNRefPtr<ZNAddress>> addressesById(Session& session, const
   return byId(addressList(session, ids), &ZNAddress::getAddressID);
 }
 
-ZNTopoAPIStatus incompleteness(Session& session, const std::string& table) {
+ZNTopoAPIStatus completeness(Session& session, const std::string& table, std::size_t found,
+                             std::size_t expected) {
   constexpr std::size_t most = 10;
+  if (found >= expected) return {};
   const auto rows =
       selectTexts(session.connection(),
                   "select ObjId from " + table +

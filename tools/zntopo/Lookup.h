@@ -69,10 +69,11 @@ std::map<std::string, ZNRefPtr<ZNAddress>> addressesById(Session& session, const
 /// these come from its row.
 std::vector<ZNRefPtr<ZNAddress>> addressList(Session& session, const Identifiers& ids);
 
-/// What keeps a list of nodes or interfaces from being complete, which has fewer objects than it
+/// What keeps a list of nodes or interfaces from being complete, if it has fewer objects than it
 /// should have: rows of the table without a name or an IP level, behind which the library reads no
 /// further. OK if there is none.
-ZNTopoAPIStatus incompleteness(Session& session, const std::string& table);
+ZNTopoAPIStatus completeness(Session& session, const std::string& table, std::size_t found,
+                             std::size_t expected);
 /// How many rows there are: of a table, or of those that meet a condition behind its name.
 std::size_t rowCount(Session& session, const std::string& rows,
                      const std::vector<std::string>& parameters = {});

@@ -121,9 +121,7 @@ void nodes(const Context& context, const NodesOptions& options, Answer& answer) 
   const Selection selection = selected(session, options);
   auto nodes = selection.hasCondition() ? nodeList(session, selection.ids())
                                         : allNodes(session, options.ipLevel);
-  if (nodes.size() < expectedNodes(session, selection)) {
-    answer.status = incompleteness(session, "nwnode");
-  }
+  answer.status = completeness(session, "nwnode", nodes.size(), expectedNodes(session, selection));
   if (!options.name.empty()) {
     std::erase_if(nodes, [pattern = NamePattern(options.name)](const ZNRefPtr<ZNNode>& node) {
       return !pattern.matchesEntity(*node);

@@ -1,6 +1,7 @@
 #include "tools/zntopo/ObjectLists.h"
 
 #include <tuple>
+#include <utility>
 
 #include "tools/zntopo/Names.h"
 #include "tools/zntopo/fields/EntityFields.h"
@@ -43,10 +44,6 @@ Listing<ZNNode> nodeListing(std::vector<ZNRefPtr<ZNNode>> nodes) {
   return listing;
 }
 
-Listing<ZNNode> nodeListing(Session& session, const Identifiers& ids) {
-  return nodeListing(nodeList(session, ids));
-}
-
 Listing<InterfaceDetails> interfaceListing(Session& session,
                                            std::vector<ZNRefPtr<ZNInterface>> interfaces,
                                            const ZNNode& node) {
@@ -59,8 +56,9 @@ Listing<InterfaceDetails> interfaceListing(Session& session,
   return listingOf(details);
 }
 
-Listing<InterfaceDetails> interfaceListing(Session& session, const Identifiers& ids) {
-  std::vector<InterfaceDetails> details = interfaceDetails(session, interfaceList(session, ids));
+Listing<InterfaceDetails> interfaceListing(Session& session,
+                                           const std::vector<ZNRefPtr<ZNInterface>>& interfaces) {
+  std::vector<InterfaceDetails> details = interfaceDetails(session, interfaces);
   Identifiers nodeIds;
   for (const InterfaceDetails& one : details) nodeIds.add(one.object->getParentObjID());
   const auto nodes = nodesById(session, nodeIds);
@@ -92,8 +90,20 @@ Listing<AddressDetails> addressListing(Session& session,
   return listing;
 }
 
-Listing<AddressDetails> addressListing(Session& session, const Identifiers& ids) {
-  return addressListing(session, addressList(session, ids));
+void fillNodes(Session& session, const Identifiers& ids, Answer& answer) {
+  auto nodes = nodeList(session, ids);
+  answer.status = completeness(session, "nwnode", nodes.size(), ids.texts().size());
+  nodeListing(std::move(nodes)).fill(answer, "nodes", "node");
+}
+
+void fillInterfaces(Session& session, const Identifiers& ids, Answer& answer) {
+  const auto interfaces = interfaceList(session, ids);
+  answer.status = completeness(session, "nwinterface", interfaces.size(), ids.texts().size());
+  interfaceListing(session, interfaces).fill(answer, "interfaces", "interface");
+}
+
+void fillAddresses(Session& session, const Identifiers& ids, Answer& answer) {
+  addressListing(session, addressList(session, ids)).fill(answer, "addresses", "address");
 }
 
 }  // namespace zntopo::tools

@@ -14,18 +14,23 @@ namespace zntopo::tools {
 
 /// By name.
 Listing<ZNNode> nodeListing(std::vector<ZNRefPtr<ZNNode>> nodes);
-Listing<ZNNode> nodeListing(Session& session, const Identifiers& ids);
 
 /// By name. Interfaces of one node, which is not named in the table.
 Listing<InterfaceDetails> interfaceListing(Session& session,
                                            std::vector<ZNRefPtr<ZNInterface>> interfaces,
                                            const ZNNode& node);
 /// By node and name.
-Listing<InterfaceDetails> interfaceListing(Session& session, const Identifiers& ids);
+Listing<InterfaceDetails> interfaceListing(Session& session,
+                                           const std::vector<ZNRefPtr<ZNInterface>>& interfaces);
 
 /// By node, interface and address.
 Listing<AddressDetails> addressListing(Session& session,
                                        const std::vector<ZNRefPtr<ZNAddress>>& addresses);
-Listing<AddressDetails> addressListing(Session& session, const Identifiers& ids);
+
+/// The lists of objects by identifiers. One that is cut short is what was read, with the status of
+/// a failure.
+void fillNodes(Session& session, const Identifiers& ids, Answer& answer);
+void fillInterfaces(Session& session, const Identifiers& ids, Answer& answer);
+void fillAddresses(Session& session, const Identifiers& ids, Answer& answer);
 
 }  // namespace zntopo::tools

@@ -16,6 +16,7 @@ namespace {
 
 using Json = nlohmann::json;
 using Call = std::vector<std::string>;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -85,7 +86,31 @@ TEST_P(CliFiltersTest, ListNeedsNoStore) {
   const CliResult result =
       zntopoRun({"filter", "list", "--json"}, {"TV_TOPO_STORE=/nonexistent/x.db"});
   EXPECT_EQ(result.status, 0);
-  EXPECT_THAT(each(result.json()["filters"], "name"), testing::Contains("Routers"));
+  EXPECT_THAT(each(result.json()["filters"], "name"), Contains("Routers"));
+}
+
+TEST_P(CliFiltersTest, AListThatARowCutsShortIsAFailureWithWhatWasRead) {
+  const auto expectCut = [](const Call& call, const std::string& list, const std::string& id) {
+    Call json = call;
+    json.emplace_back("--json");
+    const CliResult result = zntopoRun(json);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.err, HasSubstr("The list is not complete"));
+    EXPECT_THAT(result.err, HasSubstr("\n  " + id + "\n"));
+    EXPECT_EQ(result.json()["status"]["name"], "ZN_API_SQL_FETCH_ERROR");
+    // What stands before the row is there.
+    EXPECT_THAT(each(result.json()[list], "id"), Not(Contains(id)));
+  };
+  const std::string node = run("cores")["nodes"][0]["id"];
+  executeOn(store(), "update nwnode set IPLevel = null where ObjId = '" + node + "'");
+  expectCut({"filter", "run", "cores", "--file", file_}, "nodes", node);
+  executeOn(store(), "update nwnode set IPLevel = 1 where ObjId = '" + node + "'");
+  const std::string interface = run("uplinks")["interfaces"][0]["id"];
+  executeOn(store(), "update nwinterface set IPLevel = null where ObjId = '" + interface + "'");
+  for (const Call& call : {Call{"filter", "run", "uplinks", "--file", file_},
+                           Call{"interfaces", "--filter", "uplinks", "--file", file_}}) {
+    expectCut(call, "interfaces", interface);
+  }
 }
 
 TEST_P(CliFiltersTest, EachDefaultFilterRunsAndGivesWhatTheListsOfItsKindGive) {
