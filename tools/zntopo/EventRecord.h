@@ -28,8 +28,8 @@ struct EventRecord {
   Json discovery;
 };
 
-/// What an event tells, with names. Forgets the names before and behind an event that makes them
-/// doubtful.
+/// What an event tells, with names. Names from before an event that makes them doubtful are
+/// forgotten.
 EventRecord recordOf(const TopologyNotification& event, EventObjects& objects);
 
 /// One line for people, and one of JSON.

@@ -25,19 +25,18 @@ std::string beginningPattern(const std::string& text) {
   return result + "%";
 }
 
-/// The objects that a text may mean, a line each; those of one name differ in their zone.
-std::string candidates(std::vector<TextRow> rows) {
-  constexpr std::size_t most = 10;
+/// The objects that a text may mean; those of one name differ in their zone.
+std::vector<std::string> candidates(std::vector<TextRow> rows) {
   sortBy(rows, [](const TextRow& row) {
     return std::tuple(Natural{row[RowName]}, Natural{row[RowZone]}, row[RowId]);
   });
-  std::string list;
-  for (std::size_t i = 0; i < rows.size() && i < most; ++i) {
-    const std::string& zone = rows[i][RowZone];
-    list += "\n  " + rows[i][RowId] + "  " + printable(rows[i][RowName]) +
-            (zone.empty() ? "" : "  (zone " + printable(zone) + ")");
+  std::vector<std::string> list;
+  for (const TextRow& row : rows) {
+    const std::string& zone = row[RowZone];
+    list.push_back(row[RowId] + "  " + printable(row[RowName]) +
+                   (zone.empty() ? "" : "  (zone " + printable(zone) + ")"));
   }
-  return list + (rows.size() > most ? "\n  ..." : "");
+  return list;
 }
 
 ObjID findReadyObject(Session& session, const NamedKind& kind, const std::string& text) {
@@ -53,6 +52,13 @@ ObjID findReadyObject(Session& session, const NamedKind& kind, const std::string
 }
 
 }  // namespace
+
+std::string mayBeOneOf(const std::vector<std::string>& meanings) {
+  constexpr std::size_t most = 10;
+  std::string text = " It may be one of";
+  for (std::size_t i = 0; i < meanings.size() && i < most; ++i) text += "\n  " + meanings[i];
+  return text + (meanings.size() > most ? "\n  ..." : "");
+}
 
 std::optional<int> wholeNumber(const std::string& text) {
   int number = 0;
@@ -83,7 +89,7 @@ std::optional<ObjID> oneThat(Session& session, const NamedKind& kind, const std:
   std::string word = kind.word;
   word.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(word.front())));
   throw Failure(ZN_API_NONUNIQUE_NAME,
-                word + " [" + text + "] is not unique. It may be one of" + candidates(rows));
+                word + " [" + text + "] is not unique." + mayBeOneOf(candidates(rows)));
 }
 
 ObjID findObject(Session& session, const NamedKind& kind, const std::string& text) {

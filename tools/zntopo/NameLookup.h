@@ -32,6 +32,10 @@ struct NamedKind {
   std::vector<Condition> (*otherNames)(const std::string& text) = nullptr;
 };
 
+/// The end of a message about what has several meanings, or none: " It may be one of" with a line
+/// each, of which there are ten at most.
+std::string mayBeOneOf(const std::vector<std::string>& meanings);
+
 /// The number of a text of digits and nothing else; nothing if it is none that the store can hold.
 std::optional<int> wholeNumber(const std::string& text);
 

@@ -52,11 +52,12 @@ NamedObject findAddress(Session& session, const SetAddressOptions& options) {
                   "There is no address [" + options.address + "]" +
                       (options.node.empty() ? "" : " on the node [" + options.node + "]") + ".");
   }
-  std::string message = "Address [" + options.address +
-                        "] is not unique: name its node with --node, or take an identifier. It may "
-                        "be one of";
-  for (const NamedObject& one : found) message += "\n  " + one.id + "  " + one.text();
-  throw Failure(ZN_API_NONUNIQUE_NAME, message);
+  std::vector<std::string> meanings;
+  for (const NamedObject& one : found) meanings.push_back(one.id + "  " + one.text());
+  throw Failure(ZN_API_NONUNIQUE_NAME,
+                "Address [" + options.address +
+                    "] is not unique: name its node with --node, or take an identifier." +
+                    mayBeOneOf(meanings));
 }
 
 void setAddress(const Context& context, const SetAddressOptions& options, Answer& answer) {

@@ -49,11 +49,12 @@ Association findAssociation(Session& session, const SetAssociationOptions& optio
   if (found.size() == 1) return found.front();
   const std::string pair = "[" + options.left + "] to [" + options.right + "]";
   if (found.size() > 1) {
-    std::string message = "The association from " + pair + " is not unique: say --relation, one of";
+    std::vector<std::string> meanings;
     for (const Association& one : found) {
-      message += " " + std::to_string(one->getIfcRelationType());
+      meanings.push_back("--relation " + std::to_string(one->getIfcRelationType()));
     }
-    throw Failure(ZN_API_NONUNIQUE_NAME, message);
+    throw Failure(ZN_API_NONUNIQUE_NAME,
+                  "The association from " + pair + " is not unique." + mayBeOneOf(meanings));
   }
   const bool isReverse = !candidates(left, to, from, options.relation).empty();
   throw Failure(ZN_API_OBJ_NOT_EXIST,

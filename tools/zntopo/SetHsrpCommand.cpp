@@ -51,13 +51,36 @@ HsrpMember findMember(const HsrpDetails& group, const std::string& text) {
   std::copy_if(group.members.begin(), group.members.end(), std::back_inserter(found),
                [&](const HsrpMember& one) { return isCalled(one, text); });
   if (found.size() == 1) return found.front();
-  std::string message = "The HSRP group [" + group.object->getName() + "] has " +
-                        (found.empty() ? "no member [" : "several members [") + text +
-                        "]. It may be one of";
+  std::vector<std::string> meanings;
   for (const HsrpMember& one : found.empty() ? group.members : found) {
-    message += "\n  " + one.end.node + " " + one.end.interface + " " + one.address;
+    meanings.push_back(one.end.node + " " + one.end.interface + " " + one.address);
   }
-  throw Failure(found.empty() ? ZN_API_OBJ_NOT_EXIST : ZN_API_NONUNIQUE_NAME, message);
+  throw Failure(found.empty() ? ZN_API_OBJ_NOT_EXIST : ZN_API_NONUNIQUE_NAME,
+                "The HSRP group [" + group.object->getName() + "] has " +
+                    (found.empty() ? "no member [" : "several members [") + text + "]." +
+                    mayBeOneOf(meanings));
+}
+
+/// What the options change of a member.
+std::vector<NewState> statesOf(const SetHsrpOptions& options, const ZNHSRPAddressInfo& info) {
+  std::vector<NewState> states;
+  if (options.state) states.push_back({kHsrpState, info.getHSRPState(), *options.state});
+  if (options.priority) {
+    states.push_back({kHsrpPriority, info.getHSRPPriority(), *options.priority});
+  }
+  if (options.certainty) {
+    states.push_back({kHsrpCertainty, info.getHSRPStateCertainty(), *options.certainty});
+  }
+  return states;
+}
+
+/// Sets a member; what the options do not name stays.
+ZNTopoAPIStatus setMember(const SetHsrpOptions& options, ZNHSRP& group, ZNHSRPAddressInfo& info) {
+  const int state = options.state.value_or(info.getHSRPState());
+  const int certainty = options.certainty.value_or(info.getHSRPStateCertainty());
+  const int priority = options.priority.value_or(info.getHSRPPriority());
+  return group.setHSRPStateAndPriority(info, ZNHSRPAddressInfo::HSRPState{state}, certainty,
+                                       priority, true, ActiveDB);
 }
 
 void setHsrp(const Context& context, const SetHsrpOptions& options, Answer& answer) {
@@ -65,25 +88,13 @@ void setHsrp(const Context& context, const SetHsrpOptions& options, Answer& answ
   requireReady(session);
   const HsrpDetails group = findGroup(session, kHsrpGroups, options.group);
   ZNHSRPAddressInfo info = findMember(group, options.member).info;
-  const int state = options.state.value_or(info.getHSRPState());
-  const int priority = options.priority.value_or(info.getHSRPPriority());
-  const int certainty = options.certainty.value_or(info.getHSRPStateCertainty());
-  StateChange one{.object = namedHsrp(session, group.object->getObjID(), info.getAddressID()),
-                  .states = {},
-                  .rows = {"ADDRESSID = ?", {info.getAddressID().toString()}},
-                  .set =
-                      [&] {
-                        return group.object->setHSRPStateAndPriority(
-                            info, ZNHSRPAddressInfo::HSRPState{state}, certainty, priority, true,
-                            ActiveDB);
-                      },
-                  .skipsTheSame = true};
-  if (options.state) one.states.push_back({kHsrpState, info.getHSRPState(), state});
-  if (options.priority) one.states.push_back({kHsrpPriority, info.getHSRPPriority(), priority});
-  if (options.certainty) {
-    one.states.push_back({kHsrpCertainty, info.getHSRPStateCertainty(), certainty});
-  }
-  change(session, {one}, answer);
+  change(session,
+         {{.object = namedHsrp(session, group.object->getObjID(), info.getAddressID()),
+           .states = statesOf(options, info),
+           .rows = {"ADDRESSID = ?", {info.getAddressID().toString()}},
+           .set = [&] { return setMember(options, *group.object, info); },
+           .skipsTheSame = true}},
+         answer);
 }
 
 }  // namespace

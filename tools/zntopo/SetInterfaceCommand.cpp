@@ -57,11 +57,12 @@ ZNRefPtr<ZNInterface> findInterface(const NamedNode& node, const std::string& te
                  [&](const ZNRefPtr<ZNInterface>& one) { return nameOf(*one) == text; });
     if (found.size() == 1) return found.front();
     if (found.empty()) continue;
-    std::string message = "Interface [" + text + "] is not unique. It may be one of";
+    std::vector<std::string> meanings;
     for (const auto& one : found) {
-      message += "\n  " + one->getObjID().toString() + "  " + interfaceLabel(*one);
+      meanings.push_back(one->getObjID().toString() + "  " + interfaceLabel(*one));
     }
-    throw Failure(ZN_API_NONUNIQUE_NAME, message);
+    throw Failure(ZN_API_NONUNIQUE_NAME,
+                  "Interface [" + text + "] is not unique." + mayBeOneOf(meanings));
   }
   throw Failure(ZN_API_OBJ_NOT_EXIST, unknownInterface(node, all, text));
 }

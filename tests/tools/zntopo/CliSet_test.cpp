@@ -233,7 +233,8 @@ TEST_P(CliSetTest, WhatSeveralHaveIsNotUnique) {
             "(select ObjId from nwifc where EntityName = 'wan-b')");
   const CliResult relation = zntopoRun({"set", "association", "wan-b", "wan-a", "--state", "2"});
   EXPECT_EQ(relation.status, 1);
-  EXPECT_THAT(relation.err, HasSubstr("--relation, one of 1 9"));
+  EXPECT_THAT(relation.err,
+              HasSubstr("is not unique. It may be one of\n  --relation 1\n  --relation 9\n"));
   EXPECT_EQ(changeOf({"set", "association", "wan-b", "wan-a", "--relation", "9", "--state",
                       "2"})["relation"],
             9);
@@ -316,6 +317,26 @@ TEST_P(CliSetRuleTest, AStateThatTheStoreDoesNotKeepIsAFailure) {
   EXPECT_EQ(change["written"], false);
   EXPECT_TRUE(change["is"].is_null());
   EXPECT_EQ(change["event"], "sent");
+}
+
+TEST_P(CliSetRuleTest, AChangeThatCantBeLookedAtAgainIsShownWithWhatIsKnownOfIt) {
+  executeOn(store(),
+            "create function cut() returns trigger language plpgsql as $$ begin "
+            "perform pg_terminate_backend(pid) from pg_stat_activity "
+            "where datname = current_database() and pid <> pg_backend_pid(); "
+            "return new; end $$");
+  executeOn(store(),
+            "create trigger cut after update on nwnode for each row "
+            "execute function cut()");
+  const CliResult result = zntopoRun({"set", "node", "core-1", "--snmp", "disabled", "--json"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.json()["status"]["name"], "ZN_API_SQL_EXEC_ERROR");
+  const auto change = result.json()["changes"][0];
+  EXPECT_EQ(change["state"], "snmp_state");
+  EXPECT_TRUE(change["is"].is_null());
+  EXPECT_TRUE(change["written"].is_null());
+  EXPECT_EQ(change["event"], "sent");
+  EXPECT_EQ(answerOf({"node", "core-1"})["node"]["snmp_state"], "disabled");
 }
 
 }  // namespace
