@@ -22,7 +22,8 @@ namespace {
 
 constexpr const char* kWatch = "watch";
 
-/// A call in the documentation, and what it shows: standard output, then standard error.
+/// A call in the documentation, and what it shows: standard output, then standard error; of watch,
+/// which is there before it shows anything, the other way round.
 struct Example {
   std::vector<std::string> words;
   std::vector<std::string> lines;
@@ -65,6 +66,23 @@ std::set<std::string> namesOf(const std::string& line) {
   return names;
 }
 
+const Section& sectionOf(const std::vector<Section>& all, const std::string& name) {
+  for (const Section& section : all) {
+    if (section.name == name) return section;
+  }
+  throw std::runtime_error("docs/tools.md has no section " + name);
+}
+
+/// The members that a line names: by themselves, or as those of a section before it.
+std::set<std::string> membersOf(const std::string& line, const std::vector<Section>& before) {
+  static const std::regex other(R"(as of \[([^\]]+)\])");
+  std::set<std::string> members = namesOf(line);
+  std::smatch found;
+  if (std::regex_search(line, found, other))
+    members.merge(std::set(sectionOf(before, found[1]).members));
+  return members;
+}
+
 /// The sections; the first has no name and is what stands before them.
 std::vector<Section> sections() {
   const std::string prompt = "    $ zntopo ";
@@ -78,7 +96,7 @@ std::vector<Section> sections() {
     isExample = isExample && (line.empty() || line.starts_with("    "));
     emptyLines = line.empty() ? emptyLines + 1 : emptyLines;
     isJson = (isJson && !line.empty()) || line.starts_with("JSON:");
-    if (isJson) result.back().members.merge(namesOf(line));
+    if (isJson) result.back().members.merge(membersOf(line, result));
     if (line.starts_with(prompt)) {
       result.back().examples.push_back({wordsOf(line.substr(prompt.size())), {}});
       isExample = true;
@@ -90,13 +108,6 @@ std::vector<Section> sections() {
     if (!line.empty()) emptyLines = 0;
   }
   return result;
-}
-
-const Section& sectionOf(const std::vector<Section>& all, const std::string& name) {
-  for (const Section& section : all) {
-    if (section.name == name) return section;
-  }
-  throw std::runtime_error("docs/tools.md has no section " + name);
 }
 
 /// A regular expression for a line in which "..." is anything and a time is any time.
@@ -223,9 +234,11 @@ TEST_F(CliDocsTest, TheExamplesAreTrue) {
     for (const Example& example : section.examples) {
       const CliResult result =
           section.name == kWatch ? watchChanges(example.words, all) : zntopoRun(example.words);
-      EXPECT_TRUE(fits(trimmedLinesOf(result.out + result.err), example.lines))
+      const std::string shown =
+          section.name == kWatch ? result.err + result.out : result.out + result.err;
+      EXPECT_TRUE(fits(trimmedLinesOf(shown), example.lines))
           << testing::PrintToString(example.words) << "\n"
-          << result.out << result.err;
+          << shown;
     }
   }
 }
