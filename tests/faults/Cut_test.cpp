@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "tests/faults/CuttingProxy.h"
 #include "tests/faults/FaultFixture.h"
+#include "tests/support/CuttingProxy.h"
 
 namespace zntopo::test {
 namespace {

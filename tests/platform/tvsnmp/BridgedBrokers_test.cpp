@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/platform/tvsnmp/SessionSupport.h"
+#include "tests/support/CuttingProxy.h"
 #include "tests/support/EventBroker.h"
 
 /// @file
@@ -13,9 +14,9 @@
 namespace zntopo::test {
 namespace {
 
-std::string bridgeTo(const EventBroker& other) {
-  return "allow_anonymous true\nconnection other\naddress 127.0.0.1:" +
-         std::to_string(other.port()) + "\ntopic tv/event/# both 1\n";
+std::string bridgeTo(int port) {
+  return "allow_anonymous true\nconnection other\naddress 127.0.0.1:" + std::to_string(port) +
+         "\ntopic tv/event/# both 1\nrestart_timeout 1\n";
 }
 
 bool isReadable(const OpenSession& session) {
@@ -48,7 +49,7 @@ std::vector<int> receivedNumbers(const OpenSession& session, std::size_t count) 
 TEST(BridgedBrokersTest, EachGivesTheEventsOfBothOnceAndInTheOrderOfEachSender) {
   ZNTOPO_NEED_BROKER();
   const EventBroker one;
-  const EventBroker two(bridgeTo(one));
+  const EventBroker two(bridgeTo(one.port()));
   const OpenSession atOne = openSession(kTwo, one.name().c_str());
   const OpenSession atTwo = openSession(kTwo, two.name().c_str());
   ASSERT_TRUE(atOne && atTwo);
@@ -74,6 +75,41 @@ TEST(BridgedBrokersTest, EachGivesTheEventsOfBothOnceAndInTheOrderOfEachSender) 
   const std::vector<int> last(2, kLast);
   EXPECT_EQ(receivedNumbers(atOne, 2), last);
   EXPECT_EQ(receivedNumbers(atTwo, 2), last);
+}
+
+/// How many numbers from one on, in their order, a session gets. One that comes again counts once.
+int numbersFrom(int first, int count, const OpenSession& session) {
+  int next = first;
+  while (next < first + count) {
+    const std::vector<int> number = receivedNumbers(session, 1);
+    if (number.empty() || number.front() > next) break;
+    if (number.front() == next) ++next;
+  }
+  return next - first;
+}
+
+TEST(BridgedBrokersTest, WhatEachTakesWhileTheBridgeIsDownReachesTheOtherInItsOrder) {
+  ZNTOPO_NEED_BROKER();
+  const EventBroker one;
+  CuttingProxy wire(one.port());
+  const EventBroker two(bridgeTo(wire.port()));
+  const OpenSession atOne = openSession(kTwo, one.name().c_str());
+  const OpenSession atTwo = openSession(kTwo, two.name().c_str());
+  ASSERT_TRUE(atOne && atTwo);
+  ASSERT_TRUE(awaitBridge(atOne, atTwo));
+  wire.cutAfter(0);
+  constexpr int kEvents = 1000;
+  for (int i = 0; i < kEvents; ++i) {
+    ASSERT_EQ(sendNumber(atOne, 60001102, i), EventError::None);
+    ASSERT_EQ(sendNumber(atTwo, 60001102, kEvents + i), EventError::None);
+  }
+  // Each broker has its own.
+  ASSERT_EQ(numbersFrom(0, kEvents, atOne), kEvents);
+  ASSERT_EQ(numbersFrom(kEvents, kEvents, atTwo), kEvents);
+  EXPECT_FALSE(isReadable(atOne) || isReadable(atTwo));
+  wire.mend();
+  EXPECT_EQ(numbersFrom(kEvents, kEvents, atOne), kEvents);
+  EXPECT_EQ(numbersFrom(0, kEvents, atTwo), kEvents);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
-#include "tests/faults/CuttingProxy.h"
+#include "tests/support/CuttingProxy.h"
 
+#include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -12,27 +13,12 @@
 #include <utility>
 #include <vector>
 
+#include "tests/support/FreePort.h"
+
 namespace zntopo::test {
 namespace {
 
 constexpr long kNever = std::numeric_limits<long>::max();
-
-sockaddr_un addressOf(const std::filesystem::path& path) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
-  return address;
-}
-
-int connectTo(const std::filesystem::path& path) {
-  const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  const sockaddr_un address = addressOf(path);
-  if (connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
-    return descriptor;
-  }
-  close(descriptor);
-  return -1;
-}
 
 bool sendAll(int descriptor, const char* bytes, std::size_t size) {
   while (size > 0) {
@@ -48,12 +34,44 @@ bool sendAll(int descriptor, const char* bytes, std::size_t size) {
 
 CuttingProxy::CuttingProxy(const std::filesystem::path& listened,
                            const std::filesystem::path& server)
-    : server_(server), limit_(kNever) {
-  listener_ = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  const sockaddr_un address = addressOf(listened);
-  if (bind(listener_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-      listen(listener_, 16) != 0 || pipe(wake_) != 0) {
-    throw std::runtime_error("can't listen on " + listened.string());
+    : server_(unixAddress(server)), limit_(kNever) {
+  listenOn(unixAddress(listened));
+}
+
+CuttingProxy::CuttingProxy(int serverPort)
+    : server_(localAddress(serverPort)), port_(freePort()), limit_(kNever) {
+  listenOn(localAddress(port_));
+}
+
+CuttingProxy::Address CuttingProxy::unixAddress(const std::filesystem::path& path) {
+  Address address{.size = sizeof(sockaddr_un)};
+  auto& parts = reinterpret_cast<sockaddr_un&>(address.storage);
+  parts.sun_family = AF_UNIX;
+  std::strncpy(parts.sun_path, path.c_str(), sizeof parts.sun_path - 1);
+  return address;
+}
+
+CuttingProxy::Address CuttingProxy::localAddress(int port) {
+  Address address{.size = sizeof(sockaddr_in)};
+  auto& parts = reinterpret_cast<sockaddr_in&>(address.storage);
+  parts.sin_family = AF_INET;
+  parts.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  parts.sin_port = htons(static_cast<unsigned short>(port));
+  return address;
+}
+
+int CuttingProxy::Address::connect() const {
+  const int descriptor = makeSocket();
+  if (::connect(descriptor, get(), size) == 0) return descriptor;
+  close(descriptor);
+  return -1;
+}
+
+void CuttingProxy::listenOn(const Address& address) {
+  listener_ = address.makeSocket();
+  if (bind(listener_, address.get(), address.size) != 0 || listen(listener_, 16) != 0 ||
+      pipe(wake_) != 0) {
+    throw std::runtime_error("can't listen for a server");
   }
   thread_ = std::thread([this] { run(); });
 }
@@ -111,7 +129,7 @@ void CuttingProxy::run() {
     wires = kept;
     if (waiting[1].revents != 0) {
       const int client = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
-      const int server = isCut ? -1 : connectTo(server_);
+      const int server = isCut ? -1 : server_.connect();
       if (server >= 0) {
         wires.emplace_back(client, server);
       } else {
