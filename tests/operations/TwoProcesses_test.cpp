@@ -1,5 +1,6 @@
 // One process changes states, another has the objects in its cache.
 
+#include <poll.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,6 +9,7 @@
 
 #include "tests/support/ApiFixture.h"
 #include "tests/support/EventBroker.h"
+#include "tests/support/Eventually.h"
 #include "tests/support/FreshProcess.h"
 #include "zntopo/notify/TopoNotificationClientFactory.h"
 #include "zntopo/notify/TopologyAttrChangeNotification.h"
@@ -179,11 +181,13 @@ class Setter {
   Setter(const Setter&) = delete;
   Setter& operator=(const Setter&) = delete;
 
-  /// The status of the next step.
+  /// The status of the next step; -1 if there is none within a minute.
   int step() const {
     const char order = 'x';
     int status = -1;
-    if (write(orders_[1], &order, 1) != 1) return -1;
+    pollfd answer = {answers_[0], POLLIN, 0};
+    constexpr int minute = 60'000;
+    if (write(orders_[1], &order, 1) != 1 || poll(&answer, 1, minute) != 1) return -1;
     return read(answers_[0], &status, sizeof status) == sizeof status ? status : -1;
   }
 
@@ -210,6 +214,8 @@ void expectEachStep(const Setter& setter, TopologyNotificationClient& client) {
   for (const Step& step : kSteps) {
     EXPECT_EQ(step.inCache(), step.before) << step.event;
     ASSERT_EQ(setter.step(), ZN_API_SUCCESS) << step.event;
+    ASSERT_TRUE(eventually([&] { return client.getNumberOfNotification() > 0; }))
+        << "there is no event: " << step.event;
     const auto event = client.getNextNotification();
     // The cache first: the change is there when the event is.
     EXPECT_EQ(step.inCache(), step.behind) << step.event;
