@@ -25,14 +25,12 @@ TopoNotificationClientFactory& clientFactory() {
   return *TopoNotificationClientFactory::instance();
 }
 
-/// Each test in a process of its own, where the session of the process is fresh.
-class EventsTest : public testing::Test {
- protected:
-  void SetUp() override { unsetenv("TV_EVENT_BROKER"); }
-};
+class EventsTest : public CarriedEventsTest {};
+ZNTOPO_ON_EVENT_MODES(EventsTest);
 
-TEST_F(EventsTest, AnObjectThatSendsOpensASessionThatOnlySends) {
-  inFreshProcess([] {
+TEST_P(EventsTest, AnObjectThatSendsOpensASessionThatOnlySends) {
+  inFreshProcess([mode = GetParam()] {
+    Carrier carrier(mode);
     EXPECT_TRUE(topologyGateway().ensureNotificationClient().isOK());
     const auto client = clientFactory().getNotificationClient();
     ASSERT_FALSE(client.isNull());
@@ -47,8 +45,9 @@ TEST_F(EventsTest, AnObjectThatSendsOpensASessionThatOnlySends) {
   });
 }
 
-TEST_F(EventsTest, StatusesAndAttributesOfObjectsTravel) {
-  inFreshProcess([] {
+TEST_P(EventsTest, StatusesAndAttributesOfObjectsTravel) {
+  inFreshProcess([mode = GetParam()] {
+    Carrier carrier(mode);
     ZNTopoAPIStatus status;
     const auto client = clientFactory().createNotificationClient(ALL, status);
     ASSERT_TRUE(clientFactory().receiveNotification().isOK());
@@ -75,8 +74,9 @@ TEST_F(EventsTest, StatusesAndAttributesOfObjectsTravel) {
   });
 }
 
-TEST_F(EventsTest, WithoutAClientNothingIsSent) {
-  inFreshProcess([] {
+TEST_P(EventsTest, WithoutAClientNothingIsSent) {
+  inFreshProcess([mode = GetParam()] {
+    Carrier carrier(mode);
     for (const ZNTopoAPIStatus& status :
          {topologyGateway().sendStatusNotification(kStatus),
           topologyGateway().sendAttributeNotification(kAssociation)}) {
@@ -86,7 +86,7 @@ TEST_F(EventsTest, WithoutAClientNothingIsSent) {
   });
 }
 
-TEST_F(EventsTest, ABrokerThatCannotBeReachedIsToldToTheObject) {
+TEST(EventsWithoutABrokerTest, ABrokerThatCannotBeReachedIsToldToTheObject) {
   inFreshProcess([] {
     setEnv("TV_EVENT_BROKER", "mqtt://127.0.0.1:1");
     EXPECT_EQ(topologyGateway().ensureNotificationClient().getStatus(),
@@ -98,8 +98,9 @@ TEST_F(EventsTest, ABrokerThatCannotBeReachedIsToldToTheObject) {
   });
 }
 
-TEST_F(EventsTest, ReleaseTellsTheConsumerAndTheCacheLivesOn) {
-  inFreshProcess([] {
+TEST_P(EventsTest, ReleaseTellsTheConsumerAndTheCacheLivesOn) {
+  inFreshProcess([mode = GetParam()] {
+    Carrier carrier(mode);
     ZNTopoAPI::release();
     const auto notification = clientFactory().getNotificationClient()->getNextNotification();
     const auto* const end =
@@ -110,66 +111,71 @@ TEST_F(EventsTest, ReleaseTellsTheConsumerAndTheCacheLivesOn) {
   });
 }
 
-class EventsAndCacheTest : public ApiTest {
- protected:
-  void SetUp() override {
-    ApiTest::SetUp();
-    if (!store) return;
-    for (int i = 1; i <= 40; ++i) {
-      store->addNode(uuid(i), "node");
-      store->addInterface(uuid(i, 'c'), uuid(i), "eth0");
-      store->addAddress(uuid(i, 'b'), uuid(i, 'c'), uuid(i), "192.0.2." + std::to_string(i));
-    }
-  }
+constexpr int kObjects = 40;
 
-  /// Fills the cache; gives how many objects are in it.
-  static std::size_t load() {
+/// A store with objects of each kind in the cache.
+class CachedStore {
+ public:
+  CachedStore() {
+    store_.setReady();
+    for (int i = 1; i <= kObjects; ++i) {
+      store_.addNode(uuid(i), "node");
+      store_.addInterface(uuid(i, 'c'), uuid(i), "eth0");
+      store_.addAddress(uuid(i, 'b'), uuid(i, 'c'), uuid(i), "192.0.2." + std::to_string(i));
+    }
     ZNTopoAPI api;
     ZNTopoAPIStatus status;
-    for (int i = 1; i <= 40; ++i) {
+    for (int i = 1; i <= kObjects; ++i) {
       EXPECT_FALSE(api.getNodeByObjID(ObjID(uuid(i)), status).isNull());
       EXPECT_FALSE(api.getInterfaceByObjID(ObjID(uuid(i, 'c')), status).isNull());
       EXPECT_FALSE(api.getAddressByObjID(ObjID(uuid(i, 'b')), status).isNull());
     }
-    return cachedNodes();
+    EXPECT_EQ(cachedNodes(), kObjects);
   }
-  static std::size_t cachedNodes() {
-    std::size_t count = 0;
-    for (int i = 1; i <= 40; ++i) {
+
+  static int cachedNodes() {
+    int count = 0;
+    for (int i = 1; i <= kObjects; ++i) {
       ZNRefPtr<ZNNode> node;
       if (ZNTopoAPI_Impl::cache()->inNodeIDCache(ObjID(uuid(i)), node)) ++count;
     }
     return count;
   }
-};
-ZNTOPO_ON_ENGINES(EventsAndCacheTest, kSqlite);
 
-TEST_P(EventsAndCacheTest, AReadyTopologyClearsTheCacheBeforeTheConsumerSeesIt) {
-  unsetenv("TV_EVENT_BROKER");
-  ASSERT_EQ(load(), 40U);
-  ZNTopoAPIStatus status;
-  const auto client = clientFactory().createNotificationClient(ALL, status);
-  ASSERT_TRUE(clientFactory().receiveNotification().isOK());
-  const auto send = [&client](TopologyState state) {
-    return client->sendNotification(new TopologyStateNotification(
-        E_Unknown, TopologyStateNotif, ObjID(), state, 0, 0, 0, Full_Discovery));
-  };
-  ASSERT_TRUE(send(TOPOLOGY_READ_ONLY).isOK());
-  client->getNextNotification();
-  EXPECT_EQ(cachedNodes(), 40U);
-  ASSERT_TRUE(send(TOPOLOGY_READY).isOK());
-  client->getNextNotification();
-  EXPECT_EQ(cachedNodes(), 0U);
-  ZNTopoAPI::release();
-  client->getNextNotification();
-  client->getNextNotification();
+ private:
+  TestStore store_;
+};
+
+TEST_P(EventsTest, AReadyTopologyClearsTheCacheBeforeTheConsumerSeesIt) {
+  inFreshProcess([mode = GetParam()] {
+    Carrier carrier(mode);
+    const CachedStore store;
+    ZNTopoAPIStatus status;
+    const auto client = clientFactory().createNotificationClient(ALL, status);
+    ASSERT_TRUE(clientFactory().receiveNotification().isOK());
+    const auto send = [&client](TopologyState state) {
+      return client->sendNotification(new TopologyStateNotification(
+          E_Unknown, TopologyStateNotif, ObjID(), state, 0, 0, 0, Full_Discovery));
+    };
+    for (const TopologyState state : {TOPOLOGY_READ_ONLY, TOPOLOGY_DISCO_START, TOPOLOGY_FAILED}) {
+      ASSERT_TRUE(send(state).isOK());
+      client->getNextNotification();
+      EXPECT_EQ(CachedStore::cachedNodes(), kObjects) << state;
+    }
+    ASSERT_TRUE(send(TOPOLOGY_READY).isOK());
+    client->getNextNotification();
+    EXPECT_EQ(CachedStore::cachedNodes(), 0);
+    ZNTopoAPI::release();
+    client->getNextNotification();
+    client->getNextNotification();
+  });
 }
 
-TEST_P(EventsAndCacheTest, ClearingTheCacheLeavesHalfOfTheStackOfAReceivingThread) {
-  ASSERT_EQ(load(), 40U);
+TEST(EventsStackTest, ClearingTheCacheLeavesHalfOfTheStackOfAReceivingThread) {
+  const CachedStore store;
   const std::size_t used = stackUsed(detail::Receiver::kStackSize, [] { cacheOwner().clear(); });
   std::printf("stack used by clearing: %zu bytes\n", used);
-  EXPECT_EQ(cachedNodes(), 0U);
+  EXPECT_EQ(CachedStore::cachedNodes(), 0);
   EXPECT_LT(used, detail::Receiver::kStackSize / 2);
   EXPECT_GT(used, 500U);
 }

@@ -7,7 +7,6 @@
 #include <chrono>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <thread>
 
@@ -30,29 +29,7 @@ namespace zntopo::test {
 
 using Notification = ZNRefPtr<TopologyNotification>;
 
-/// The suites run each test in a process of its own, where the session of the process is fresh.
-class NotifyTest : public testing::TestWithParam<EventMode> {
- protected:
-  void SetUp() override {
-    if (GetParam() == EventMode::Broker) ZNTOPO_NEED_BROKER();
-  }
-};
-
-/// Sets what carries the events of this process.
-class Carrier {
- public:
-  explicit Carrier(EventMode mode) {
-    unsetenv("TV_EVENT_BROKER");
-    if (mode == EventMode::Loop) return;
-    broker_.emplace();
-    setEnv("TV_EVENT_BROKER", broker_->name());
-  }
-
-  EventBroker& broker() { return *broker_; }
-
- private:
-  std::optional<EventBroker> broker_;
-};
+using NotifyTest = CarriedEventsTest;
 
 inline TopoNotificationClientFactory& clientFactory() {
   return *TopoNotificationClientFactory::instance();

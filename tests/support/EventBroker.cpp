@@ -91,6 +91,17 @@ void EventBroker::crash() {
 void EventBroker::freeze() const { kill(pid_, SIGSTOP); }
 void EventBroker::thaw() const { kill(pid_, SIGCONT); }
 
+Carrier::Carrier(EventMode mode) {
+  unsetenv("TV_EVENT_BROKER");
+  if (mode == EventMode::Loop) return;
+  broker_.emplace();
+  setEnv("TV_EVENT_BROKER", broker_->name());
+}
+
+void CarriedEventsTest::SetUp() {
+  if (GetParam() == EventMode::Broker) ZNTOPO_NEED_BROKER();
+}
+
 void EventModeFixture::SetUp() {
   unsetenv("TV_EVENT_BROKER");
   if (GetParam() == EventMode::Loop) return;

@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "tests/support/Scratch.h"
@@ -64,6 +65,24 @@ struct EventModeNames {
 inline void PrintTo(EventMode mode, std::ostream* stream) {
   *stream << (mode == EventMode::Loop ? "loop" : "broker");
 }
+
+/// Sets what carries the events of this process.
+class Carrier {
+ public:
+  explicit Carrier(EventMode mode);
+
+  EventBroker& broker() { return *broker_; }
+
+ private:
+  std::optional<EventBroker> broker_;
+};
+
+/// The suites run each test in a process of its own, where the session of the process is fresh.
+/// There each makes its Carrier.
+class CarriedEventsTest : public testing::TestWithParam<EventMode> {
+ protected:
+  void SetUp() override;
+};
 
 /// Makes TV_EVENT_BROKER name a fresh broker, or nothing.
 class EventModeFixture : public testing::TestWithParam<EventMode> {
