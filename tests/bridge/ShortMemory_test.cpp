@@ -23,8 +23,9 @@ class ShortMemoryTest : public JvmTest {
 TEST_F(ShortMemoryTest, ANativeThatCantGoOnIsNullAndItsStatusTells) {
   setStatus(env, status, {});
   const CapturedLog log(MC_CRITICAL);
-  EXPECT_EQ(runNative(jni, "getVlans", status, [](JavaEnv&) -> LocalRef<> { throw std::bad_alloc(); }),
-            nullptr);
+  EXPECT_EQ(
+      runNative(jni, "getVlans", status, [](JavaEnv&) -> LocalRef<> { throw std::bad_alloc(); }),
+      nullptr);
   EXPECT_THAT(shown(status), testing::StartsWith("26 "));
   EXPECT_THAT(shown(status), HasSubstr("getVlans() ended early: std::bad_alloc"));
   EXPECT_THAT(log.lines(), Contains("getVlans() ended for want of something: std::bad_alloc \n"));

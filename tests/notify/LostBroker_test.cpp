@@ -1,6 +1,7 @@
 // A broker that is killed, frozen or started again, as the consumer of events sees it.
 
 #include <atomic>
+#include <functional>
 #include <thread>
 
 #include "tests/notify/NotifySupport.h"
@@ -71,19 +72,25 @@ std::string behindNumbers(Consumer& consumer, int& number) {
   }
 }
 
+/// Receives an ordered beginning of the events that flow until the broker is lost.
+template <typename Lose>
+void loseWhileEventsFlow(Consumer& consumer, Carrier& carrier, Lose lose) {
+  Sender sender(consumer.client());
+  int number = 0;
+  for (; number < 200; ++number) {
+    ASSERT_EQ(consumer.next(), "attribute " + std::to_string(number));
+  }
+  std::invoke(lose, carrier.broker());
+  EXPECT_EQ(behindNumbers(consumer, number), "error 45");
+  EXPECT_LE(number, sender.end());
+}
+
 TEST(LostBrokerTest, KilledWhileEventsFlowItLeavesAnOrderedBeginningOfThem) {
   ZNTOPO_NEED_BROKER();
   inFreshProcess([] {
     Carrier carrier(EventMode::Broker);
     Consumer consumer;
-    Sender sender(consumer.client());
-    int number = 0;
-    for (; number < 200; ++number) {
-      ASSERT_EQ(consumer.next(), "attribute " + std::to_string(number));
-    }
-    carrier.broker().crash();
-    EXPECT_EQ(behindNumbers(consumer, number), "error 45");
-    EXPECT_LE(number, sender.end());
+    loseWhileEventsFlow(consumer, carrier, &EventBroker::crash);
   });
 }
 
@@ -93,14 +100,7 @@ TEST(LostBrokerTest, FrozenWhileEventsFlowItIsMissedAndTheCleanUpDoesNotHang) {
     setEnv("TV_EVENT_KEEPALIVE", "5");
     Carrier carrier(EventMode::Broker);
     Consumer consumer;
-    Sender sender(consumer.client());
-    int number = 0;
-    for (; number < 200; ++number) {
-      ASSERT_EQ(consumer.next(), "attribute " + std::to_string(number));
-    }
-    carrier.broker().freeze();
-    EXPECT_EQ(behindNumbers(consumer, number), "error 45");
-    EXPECT_LE(number, sender.end());
+    loseWhileEventsFlow(consumer, carrier, &EventBroker::freeze);
     clientFactory().doCleanup();
     EXPECT_EQ(consumer.next(), "shutdown 0");
   });

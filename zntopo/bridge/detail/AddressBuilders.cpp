@@ -1,6 +1,5 @@
 #include "zntopo/bridge/detail/Builders.h"
 #include "zntopo/bridge/detail/CachedBuild.h"
-#include "zntopo/bridge/detail/Collection.h"
 #include "zntopo/model/InetAddressDNS.h"
 #include "zntopo/model/InetAddressIPv4.h"
 #include "zntopo/model/MonitoredInetAddressIPv6.h"
@@ -118,12 +117,6 @@ LocalRef<> createAddress(JavaEnv& env, ZNRefPtr<ZNAddress> address, jobject theJ
   return buildOnce(
       env, kAddress, address->getAddressID(), theJavaCache,
       [&] { return address->getAddressAsString(); }, [&] { return buildAddress(env, address); });
-}
-
-LocalRef<> createAddressList(JavaEnv& env, const std::vector<ZNRefPtr<ZNAddress>>& addresses,
-                             jobject theJavaCache) {
-  constexpr ListBuilder kList{"createAddressList", T_Vector, "Address", false, true};
-  return createObjects(env, kList, addresses, theJavaCache, createAddress);
 }
 
 }  // namespace zntopo::bridge

@@ -1,5 +1,4 @@
 #include "zntopo/bridge/detail/Builders.h"
-#include "zntopo/bridge/detail/Collection.h"
 
 namespace zntopo::bridge {
 
@@ -20,26 +19,15 @@ LocalRef<> createAuditAction(JavaEnv& env, const ZNAuditAction& action) {
                                      env.text(action.getInfo()));
 }
 
-LocalRef<> createAuditActionList(JavaEnv& env, const std::list<ZNAuditAction>& actions) {
-  constexpr ListBuilder kList{"createAuditActionList", T_Vector, "ZorbAuditAction", true};
-  return createCollection(env, kList, actions, [&](const ZNAuditAction& action) {
-    return createAuditAction(env, action);
-  });
-}
+constexpr ValueList<std::list<ZNAuditAction>> createAuditActionList{
+    {"createAuditActionList", T_Vector, "ZorbAuditAction", true}, createAuditAction};
+
+}  // namespace
 
 LocalRef<> createAuditTrail(JavaEnv& env, const ZNAuditTrail& trail) {
   const LocalRef<> id = createID(env, trail.getObjID());
   const LocalRef<> type = env.make<T_EntityType>(static_cast<jint>(trail.getObjType()));
   return env.make<T_ZorbAuditTrail>(id, type, createAuditActionList(env, *trail.getActionList()));
-}
-
-}  // namespace
-
-LocalRef<> createAuditTrailList(JavaEnv& env, const std::vector<ZNRefPtr<ZNAuditTrail>>& trails) {
-  constexpr ListBuilder kList{"createAuditTrailList", T_Vector, "ZorbAuditTrail", true};
-  return createCollection(env, kList, trails, [&](const ZNRefPtr<ZNAuditTrail>& trail) {
-    return trail.isNull() ? LocalRef<>() : createAuditTrail(env, *trail);
-  });
 }
 
 }  // namespace zntopo::bridge

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "zntopo/api/ZNAuditTrail.h"
+#include "zntopo/bridge/detail/Collection.h"
 #include "zntopo/bridge/detail/JavaEnv.h"
 #include "zntopo/cache/ZNTopologyState.h"
 #include "zntopo/core/ObjID.h"
@@ -41,7 +42,6 @@ LocalRef<> createPingState(JavaEnv& env, PingState state);
 LocalRef<> createUserDefVar(JavaEnv& env, const UserDefVar& var);
 LocalRef<> createConnData(JavaEnv& env, const ZNConnData& data);
 LocalRef<> createTopologyState(JavaEnv& env, const ZNTopologyState& state);
-LocalRef<> createCapabilities(JavaEnv& env, const std::vector<ZNCapability>& capabilities);
 
 // Objects. A null handle gives null.
 LocalRef<> createEntity(JavaEnv& env, ZNRefPtr<ZNEntity> entity, jobject theJavaCache);
@@ -55,35 +55,50 @@ LocalRef<> createHSRP(JavaEnv& env, ZNRefPtr<ZNHSRP> hsrp, jobject theJavaCache)
 LocalRef<> createIfcNative(JavaEnv& env, ZNRefPtr<ZNIfc> ifc, jobject theJavaCache);
 
 // Parts of them.
-LocalRef<> createVlanInfoList(JavaEnv& env, const std::list<ZNVlanInfo>& infos);
+LocalRef<> createVlanInfo(JavaEnv& env, const ZNVlanInfo& info);
 LocalRef<> createIfcInfoNative(JavaEnv& env, const ZNIfcInfo& info);
-LocalRef<> createIfcInfoList(JavaEnv& env, const std::list<ZNIfcInfo>& infos);
-LocalRef<> createConnDataList(JavaEnv& env, const std::vector<ZNRefPtr<ZNConnData>>& links);
+LocalRef<> createConnection(JavaEnv& env, const ZNConnection& connection);
+LocalRef<> createCapability(JavaEnv& env, const ZNCapability& capability);
+LocalRef<> createAuditTrail(JavaEnv& env, const ZNAuditTrail& trail);
+LocalRef<> createText(JavaEnv& env, const std::string& text);
 
 // Lists of them. An empty one gives an empty collection; what can't be made is left out.
-LocalRef<> createObjIDList(JavaEnv& env, const std::list<ObjID>& ids);
-LocalRef<> createObjIDSet(JavaEnv& env, const std::set<ObjID>& ids);
-LocalRef<> createList(JavaEnv& env, const std::list<ZNConnection>& connections);
-LocalRef<> createNodeList(JavaEnv& env, const std::list<ZNRefPtr<ZNNode>>& nodes,
-                          jobject theJavaCache);
-LocalRef<> createInterfaceList(JavaEnv& env, const std::list<ZNRefPtr<ZNInterface>>& interfaces,
-                               jobject theJavaCache);
+inline constexpr ValueList<std::list<ObjID>> createObjIDList{{"createObjIDList", T_Vector, "ObjID"},
+                                                             createID};
+inline constexpr ValueList<std::set<ObjID>> createObjIDSet{
+    {"createObjIDSet", T_HashSet, "ObjID", true}, createID};
+inline constexpr ValueList<std::list<std::string>> createTextList{
+    {"resolveIPv6ToDNSNative", T_ArrayList, "String"}, createText};
+inline constexpr ValueList<std::list<ZNConnection>> createList{
+    {"createList", T_Vector, "ZorbConnection", true}, createConnection};
+inline constexpr ValueList<std::vector<ZNRefPtr<ZNConnData>>> createConnDataList{
+    {"createConnDataList", T_Vector, "ZorbConnData"}, createConnData};
+inline constexpr ValueList<std::vector<ZNCapability>> createCapabilities{
+    {"createCapabilities", T_Vector, "Capability"}, createCapability};
+inline constexpr ValueList<std::list<ZNVlanInfo>> createVlanInfoList{
+    {"createVlanInfoList", T_ArrayList, "ZorbVlanInfo", true}, createVlanInfo};
+inline constexpr ValueList<std::list<ZNIfcInfo>> createIfcInfoList{
+    {"createIfcInfoList", T_ArrayList, "ZorbIfcInfo"}, createIfcInfoNative};
+inline constexpr ValueList<std::vector<ZNRefPtr<ZNAuditTrail>>> createAuditTrailList{
+    {"createAuditTrailList", T_Vector, "ZorbAuditTrail", true}, createAuditTrail};
+inline constexpr ObjectList<std::list<ZNRefPtr<ZNNode>>> createNodeList{
+    {"createNodeList", T_Vector, "ZorbNode"}, createNodeNative};
+inline constexpr ObjectList<std::list<ZNRefPtr<ZNInterface>>> createInterfaceList{
+    {"createInterfaceList", T_Vector, "ZorbInterface"}, createInterfaceNative};
+inline constexpr ObjectList<std::list<ZNRefPtr<ZNSubnet>>> createSubnetList{
+    {"createSubnetList", T_Vector, "ZorbSubnet", true}, createSubnetNative};
+inline constexpr ObjectList<std::list<ZNRefPtr<ZNVlan>>> createVlanList{
+    {"createVlanList", T_Vector, "ZorbVlan"}, createVlan};
+inline constexpr ObjectList<std::list<ZNRefPtr<ZNHSRP>>> createHSRPList{
+    {"createHSRPList", T_Vector, "ZorbHSRP"}, createHSRP};
+inline constexpr ObjectList<std::list<ZNRefPtr<ZNIfc>>> createIfcList{
+    {"createIfcList", T_Vector, "ZorbIfc"}, createIfcNative};
 /// An address of a type that has no Java class is a null in the collection.
-LocalRef<> createAddressList(JavaEnv& env, const std::vector<ZNRefPtr<ZNAddress>>& addresses,
-                             jobject theJavaCache);
-LocalRef<> createSubnetList(JavaEnv& env, const std::list<ZNRefPtr<ZNSubnet>>& subnets,
-                            jobject theJavaCache);
-LocalRef<> createVlanList(JavaEnv& env, const std::list<ZNRefPtr<ZNVlan>>& vlans,
-                          jobject theJavaCache);
-LocalRef<> createHSRPList(JavaEnv& env, const std::list<ZNRefPtr<ZNHSRP>>& groups,
-                          jobject theJavaCache);
-LocalRef<> createIfcList(JavaEnv& env, const std::list<ZNRefPtr<ZNIfc>>& ifcs,
-                         jobject theJavaCache);
+inline constexpr ObjectList<std::vector<ZNRefPtr<ZNAddress>>> createAddressList{
+    {"createAddressList", T_Vector, "Address", false, true}, createAddress};
 /// The parts of all keys in one list.
 LocalRef<> createIfcInfoListOfMap(JavaEnv& env,
                                   const std::map<ObjID, ZNRefPtr<std::list<ZNIfcInfo>>>& infos);
-LocalRef<> createTextList(JavaEnv& env, const std::list<std::string>& texts);
-LocalRef<> createAuditTrailList(JavaEnv& env, const std::vector<ZNRefPtr<ZNAuditTrail>>& trails);
 
 /// Appends an ObjID of each identifier to a java/util/List.
 void populateObjIDList(JavaEnv& env, const std::set<ObjID>& ids, jobject javaList);

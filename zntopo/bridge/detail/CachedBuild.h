@@ -53,4 +53,13 @@ LocalRef<> buildOnce(JavaEnv& env, const CachedKind<probe, store>& kind, const O
   return made;
 }
 
+/// The same of an entity; null for a null handle.
+template <JavaMethodID probe, JavaMethodID store, typename Entity, typename Build>
+LocalRef<> buildEntityOnce(JavaEnv& env, const CachedKind<probe, store>& kind,
+                           const ZNRefPtr<Entity>& entity, jobject theJavaCache, Build build) {
+  if (entity.isNull()) return {};
+  return buildOnce(
+      env, kind, entity->getObjID(), theJavaCache, [&] { return entity->getName(); }, build);
+}
+
 }  // namespace zntopo::bridge

@@ -1,7 +1,13 @@
 #pragma once
 
+#include <type_traits>
+
 #include "zntopo/bridge/detail/JavaEnv.h"
 #include "zntopo/core/MCLog.h"
+#include "zntopo/core/ZNRefPtr.h"
+
+/// @file
+/// The builders of Java collections, as data.
 
 namespace zntopo::bridge {
 
@@ -40,12 +46,49 @@ LocalRef<> createCollection(JavaEnv& env, const ListBuilder& list, const Element
   return collection;
 }
 
-/// The same of handles to objects, with a builder that shares them through the Java cache.
-template <typename Objects, typename Create>
-LocalRef<> createObjects(JavaEnv& env, const ListBuilder& list, const Objects& objects,
-                         jobject theJavaCache, Create create) {
-  return createCollection(env, list, objects,
-                          [&](const auto& object) { return create(env, object, theJavaCache); });
-}
+/// What an element is, or the handle that an element is refers to.
+template <typename T>
+struct Referred {
+  using Type = T;
+};
+template <typename T>
+struct Referred<ZNRefPtr<T>> {
+  using Type = T;
+};
+
+/// Builds a collection of values. A null handle among them is what could not be made.
+template <typename Elements>
+struct ValueList {
+  using Element = typename Elements::value_type;
+  using Value = typename Referred<Element>::Type;
+
+  LocalRef<> operator()(JavaEnv& env, const Elements& elements) const {
+    return createCollection(env, list, elements, [&](const Element& element) -> LocalRef<> {
+      if constexpr (std::is_same_v<Element, Value>) {
+        return create(env, element);
+      } else {
+        return element.isNull() ? LocalRef<>() : create(env, *element);
+      }
+    });
+  }
+
+  ListBuilder list;
+  LocalRef<> (*create)(JavaEnv& env, const Value& value);
+};
+
+/// Builds a collection of objects, which are shared through the Java cache.
+template <typename Handles>
+struct ObjectList {
+  using Handle = typename Handles::value_type;
+
+  LocalRef<> operator()(JavaEnv& env, const Handles& handles, jobject theJavaCache) const {
+    return createCollection(env, list, handles, [&](const Handle& handle) {
+      return create(env, handle, theJavaCache);
+    });
+  }
+
+  ListBuilder list;
+  LocalRef<> (*create)(JavaEnv& env, Handle handle, jobject theJavaCache);
+};
 
 }  // namespace zntopo::bridge

@@ -4,7 +4,6 @@
 
 #include "zntopo/bridge/detail/Builders.h"
 #include "zntopo/bridge/detail/CachedBuild.h"
-#include "zntopo/bridge/detail/Collection.h"
 #include "zntopo/model/ZNRefPtrConversion.h"
 
 namespace zntopo::bridge {
@@ -42,11 +41,8 @@ LocalRef<> createParent(JavaEnv& env, const AssEndPoint& parent) {
 LocalRef<> createContainmentAss() { return {}; }
 LocalRef<> createRelatedTo() { return {}; }
 
-LocalRef<> createUserVars(JavaEnv& env, const std::vector<UserDefVar>& vars) {
-  constexpr ListBuilder kList{"createUserVars", T_Vector, "UserDefVar"};
-  return createCollection(env, kList, vars,
-                          [&](const UserDefVar& var) { return createUserDefVar(env, var); });
-}
+constexpr ValueList<std::vector<UserDefVar>> createUserVars{
+    {"createUserVars", T_Vector, "UserDefVar"}, createUserDefVar};
 
 /// Those of the node or the interface that the entity is; nothing else has any.
 std::vector<ZNCapability> capabilitiesOf(const ZNRefPtr<ZNEntity>& entity) {
@@ -169,31 +165,15 @@ LocalRef<> buildInterface(JavaEnv& env, const ZNRefPtr<ZNInterface>& interface,
 }  // namespace
 
 LocalRef<> createNodeNative(JavaEnv& env, ZNRefPtr<ZNNode> node, jobject theJavaCache) {
-  if (node.isNull()) return {};
-  return buildOnce(
-      env, kNode, node->getObjID(), theJavaCache, [&] { return node->getName(); },
-      [&] { return buildNode(env, node, theJavaCache); });
+  return buildEntityOnce(env, kNode, node, theJavaCache,
+                         [&] { return buildNode(env, node, theJavaCache); });
 }
 
 LocalRef<> createInterfaceNative(JavaEnv& env, ZNRefPtr<ZNInterface> interface,
                                  jobject theJavaCache) {
-  if (interface.isNull()) return {};
   jobject const interfaceCache = usesJavaInterfaceCache() ? theJavaCache : nullptr;
-  return buildOnce(
-      env, kInterface, interface->getObjID(), interfaceCache, [&] { return interface->getName(); },
-      [&] { return buildInterface(env, interface, theJavaCache); });
-}
-
-LocalRef<> createNodeList(JavaEnv& env, const std::list<ZNRefPtr<ZNNode>>& nodes,
-                          jobject theJavaCache) {
-  constexpr ListBuilder kList{"createNodeList", T_Vector, "ZorbNode"};
-  return createObjects(env, kList, nodes, theJavaCache, createNodeNative);
-}
-
-LocalRef<> createInterfaceList(JavaEnv& env, const std::list<ZNRefPtr<ZNInterface>>& interfaces,
-                               jobject theJavaCache) {
-  constexpr ListBuilder kList{"createInterfaceList", T_Vector, "ZorbInterface"};
-  return createObjects(env, kList, interfaces, theJavaCache, createInterfaceNative);
+  return buildEntityOnce(env, kInterface, interface, interfaceCache,
+                         [&] { return buildInterface(env, interface, theJavaCache); });
 }
 
 }  // namespace zntopo::bridge

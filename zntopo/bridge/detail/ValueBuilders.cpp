@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "zntopo/bridge/detail/Builders.h"
-#include "zntopo/bridge/detail/Collection.h"
 
 namespace zntopo::bridge {
 
@@ -59,18 +58,8 @@ LocalRef<> createConnData(JavaEnv& env, const ZNConnData& data) {
   return env.make<T_ZorbConnData>(destNode, destInterface, srcNode, srcInterface);
 }
 
-LocalRef<> createConnDataList(JavaEnv& env, const std::vector<ZNRefPtr<ZNConnData>>& links) {
-  constexpr ListBuilder kList{"createConnDataList", T_Vector, "ZorbConnData"};
-  return createCollection(env, kList, links, [&](const ZNRefPtr<ZNConnData>& link) {
-    return link.isNull() ? LocalRef<>() : createConnData(env, *link);
-  });
-}
-
-LocalRef<> createList(JavaEnv& env, const std::list<ZNConnection>& connections) {
-  constexpr ListBuilder kList{"createList", T_Vector, "ZorbConnection", true};
-  return createCollection(env, kList, connections, [&](const ZNConnection& connection) {
-    return env.make<T_ZorbConnection>(createConnData(env, connection.getConnData()));
-  });
+LocalRef<> createConnection(JavaEnv& env, const ZNConnection& connection) {
+  return env.make<T_ZorbConnection>(createConnData(env, connection.getConnData()));
 }
 
 LocalRef<> createTopologyState(JavaEnv& env, const ZNTopologyState& state) {
@@ -78,28 +67,11 @@ LocalRef<> createTopologyState(JavaEnv& env, const ZNTopologyState& state) {
                                    jlong{state.getLastTopoReadyChangeTime()});
 }
 
-LocalRef<> createCapabilities(JavaEnv& env, const std::vector<ZNCapability>& capabilities) {
-  constexpr ListBuilder kList{"createCapabilities", T_Vector, "Capability"};
-  return createCollection(env, kList, capabilities, [&](const ZNCapability& capability) {
-    return env.make<T_Capability>(env.text(capability.getCapabilityName()));
-  });
+LocalRef<> createCapability(JavaEnv& env, const ZNCapability& capability) {
+  return env.make<T_Capability>(env.text(capability.getCapabilityName()));
 }
 
-LocalRef<> createObjIDList(JavaEnv& env, const std::list<ObjID>& ids) {
-  constexpr ListBuilder kList{"createObjIDList", T_Vector, "ObjID"};
-  return createCollection(env, kList, ids, [&](const ObjID& id) { return createID(env, id); });
-}
-
-LocalRef<> createObjIDSet(JavaEnv& env, const std::set<ObjID>& ids) {
-  constexpr ListBuilder kList{"createObjIDSet", T_HashSet, "ObjID", true};
-  return createCollection(env, kList, ids, [&](const ObjID& id) { return createID(env, id); });
-}
-
-LocalRef<> createTextList(JavaEnv& env, const std::list<std::string>& texts) {
-  constexpr ListBuilder kList{"resolveIPv6ToDNSNative", T_ArrayList, "String"};
-  return createCollection(env, kList, texts,
-                          [&](const std::string& text) -> LocalRef<> { return env.text(text); });
-}
+LocalRef<> createText(JavaEnv& env, const std::string& text) { return env.text(text); }
 
 void populateObjIDList(JavaEnv& env, const std::set<ObjID>& ids, jobject javaList) {
   if (!env.isA(javaList, T_List)) return;

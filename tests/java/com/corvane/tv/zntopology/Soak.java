@@ -1,20 +1,29 @@
 package com.corvane.tv.zntopology;
 
 import java.io.IOException;
+import java.lang.reflect.Method;
+import java.lang.reflect.Modifier;
+import java.nio.ByteBuffer;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.Queue;
+import java.util.Set;
+import java.util.concurrent.ConcurrentLinkedQueue;
 import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.Future;
 import java.util.concurrent.atomic.AtomicLong;
+import java.util.stream.Collectors;
 
 /**
  * Calls all natives from several threads for a long time, and fails if the process grows after it
- * has warmed up: {@code Soak CALLS}.
+ * has warmed up: {@code Soak CALLS [LEAK]}, where each call keeps LEAK bytes for ever, to see that
+ * this fails.
  */
 final class Soak {
   private static final int THREADS = 8;
@@ -170,6 +179,11 @@ final class Soak {
     add("clearNativeCache", quiet(NATIVES::clearNativeCache));
   }
 
+  /** What calls keep, outside of the heap as a library does. */
+  private static final Queue<ByteBuffer> KEPT = new ConcurrentLinkedQueue<>();
+
+  private static int leak = 0;
+
   /** Calls natives in turn until their number is reached. */
   private static void run(List<String> often, List<String> rare, AtomicLong left) {
     ZorbTopoStatus status = new ZorbTopoStatus();
@@ -181,6 +195,9 @@ final class Soak {
         }
         CALLS.get(name).make(status, round % 2 == 0 ? null : new ZorbTopoCache());
         COUNTS.get(name).incrementAndGet();
+        if (leak > 0) {
+          KEPT.add(ByteBuffer.allocateDirect(leak));
+        }
       }
     }
   }
@@ -198,6 +215,13 @@ final class Soak {
     executor.shutdown();
   }
 
+  private static Set<String> natives() {
+    return Arrays.stream(ZorbNative.class.getDeclaredMethods())
+        .filter(method -> Modifier.isNative(method.getModifiers()))
+        .map(Method::getName)
+        .collect(Collectors.toSet());
+  }
+
   /** What the process has in memory. Its heap has all of its pages from the beginning. */
   private static long residentKilobytes() throws IOException {
     for (String line : Files.readAllLines(Path.of("/proc/self/status"))) {
@@ -210,6 +234,7 @@ final class Soak {
 
   public static void main(String[] args) throws Exception {
     long calls = Long.parseLong(args[0]);
+    leak = args.length > 1 ? Integer.parseInt(args[1]) : 0;
     addSetup();
     addObjects();
     addKinds();
@@ -228,7 +253,7 @@ final class Soak {
     System.out.println(
         made + " calls of " + COUNTS.size() + " natives from " + THREADS + " threads; "
             + warm + " kB after two thirds, " + grown + " kB more at the end");
-    if (made != calls || COUNTS.size() != 44
+    if (made != calls || !COUNTS.keySet().equals(natives())
         || COUNTS.values().stream().anyMatch(count -> count.get() == 0)) {
       System.err.println("Soak: not every native was called: " + COUNTS);
       System.exit(1);
