@@ -27,7 +27,7 @@ import java.util.stream.Collectors;
  */
 final class Soak {
   private static final int THREADS = 8;
-  private static final long ALLOWED_KILOBYTES = 16 * 1024;
+  private static final long ALLOWED_KILOBYTES = 12 * 1024;
 
   private static final ZorbNative NATIVES = Sample.NATIVES;
   private static final Map<String, Call> CALLS = new LinkedHashMap<>();
@@ -202,8 +202,9 @@ final class Soak {
     }
   }
 
-  private static void runAll(List<String> often, List<String> rare, long calls) throws Exception {
-    ExecutorService executor = Executors.newFixedThreadPool(THREADS);
+  private static void runAll(
+      ExecutorService executor, List<String> often, List<String> rare, long calls)
+      throws Exception {
     AtomicLong left = new AtomicLong(calls);
     List<Future<?>> threads = new ArrayList<>();
     for (int i = 0; i < THREADS; i++) {
@@ -212,7 +213,6 @@ final class Soak {
     for (Future<?> thread : threads) {
       thread.get();
     }
-    executor.shutdown();
   }
 
   private static Set<String> natives() {
@@ -243,11 +243,13 @@ final class Soak {
     addRare();
     List<String> rare = CALLS.keySet().stream().filter(name -> !often.contains(name)).toList();
 
+    ExecutorService executor = Executors.newFixedThreadPool(THREADS);
     long warmUp = calls * 2 / 3;
-    runAll(often, rare, warmUp);
+    runAll(executor, often, rare, warmUp);
     long warm = residentKilobytes();
-    runAll(often, rare, calls - warmUp);
+    runAll(executor, often, rare, calls - warmUp);
     long grown = residentKilobytes() - warm;
+    executor.shutdown();
 
     long made = COUNTS.values().stream().mapToLong(AtomicLong::get).sum();
     System.out.println(
