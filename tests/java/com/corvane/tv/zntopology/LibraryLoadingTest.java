@@ -1,12 +1,19 @@
 package com.corvane.tv.zntopology;
 
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import java.io.IOException;
+import java.nio.charset.StandardCharsets;
+import java.nio.file.Path;
+import java.util.jar.Attributes;
+import java.util.jar.JarFile;
 import org.junit.jupiter.api.Test;
 
-/** In a JVM that is told a file which is not there: the class loads its library once. */
+/** In JVMs that find no library: the class loads its library once. */
 class LibraryLoadingTest {
   @Test
   void aLibraryThatIsNotThereIsAnErrorThatSaysWhatToDo() {
@@ -17,5 +24,33 @@ class LibraryLoadingTest {
     assertTrue(message.contains("zntopo.library names /nowhere/libzntopo.so"), message);
     assertTrue(message.contains("-Dzntopo.library=/folder/libzntopo.so"), message);
     assertTrue(message.contains("-Djava.library.path=/folder"), message);
+  }
+
+  @Test
+  void aLibraryThatIsInNoFolderIsAnErrorThatSaysWhatToDo() throws Exception {
+    Process process =
+        new ProcessBuilder(
+                Path.of(System.getProperty("java.home"), "bin", "java").toString(),
+                "-Djava.library.path=/nowhere", "-cp", System.getProperty("java.class.path"),
+                "com.corvane.tv.zntopology.Soak", "1")
+            .redirectErrorStream(true)
+            .start();
+    String message = new String(process.getInputStream().readAllBytes(), StandardCharsets.UTF_8);
+    assertNotEquals(0, process.waitFor());
+    assertTrue(message.contains("UnsatisfiedLinkError: The library libzntopo.so"), message);
+    assertTrue(message.contains("java.library.path is /nowhere"), message);
+    assertTrue(message.contains("-Dzntopo.library=/folder/libzntopo.so"), message);
+    assertTrue(message.contains("-Djava.library.path=/folder"), message);
+  }
+
+  @Test
+  void theJarSaysWhatItIs() throws IOException {
+    String jar = TopoStatusCode.class.getProtectionDomain().getCodeSource().getLocation().getPath();
+    try (JarFile file = new JarFile(jar)) {
+      Attributes values = file.getManifest().getMainAttributes();
+      assertEquals("ZNTopo", values.getValue("Implementation-Title"));
+      assertTrue(values.getValue("Implementation-Version").matches("\\d+\\.\\d+\\.\\d+"));
+      assertEquals("com.corvane.tv.zntopology", values.getValue("Automatic-Module-Name"));
+    }
   }
 }
