@@ -57,8 +57,8 @@ bool texts(ZNTopoAPI& api) {
 bool xml(ZNTopoAPI& api) {
   ZNTopoAPIStatus status;
   std::set<ObjID> notFound;
-  const auto nodes = api.getNodesByObjIDList({}, notFound, status, false, false, true,
-                                             ZNEntity::AllProtocol, -1);
+  const auto nodes =
+      api.getNodesByObjIDList({}, notFound, status, false, false, true, ZNEntity::AllProtocol, -1);
   for (const auto& node : *nodes) std::cout << node->toXML(true);
   return status.isOK();
 }

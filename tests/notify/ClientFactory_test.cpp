@@ -157,6 +157,18 @@ TEST_P(ClientFactoryTest, NoNotificationIsNotSent) {
   });
 }
 
+TEST(ClientFactoryAndBrokerTest, TheBrokerKnowsTheSessionByTheNameOfTheLibrary) {
+  ZNTOPO_NEED_BROKER();
+  inFreshProcess([] {
+    Carrier carrier(EventMode::Broker);
+    const Consumer consumer;
+    EXPECT_TRUE(eventually([&] {
+      return carrier.broker().scratch().read("log").find(" as topo_api_notif_srvr-") !=
+             std::string::npos;
+    })) << carrier.broker().scratch().read("log");
+  });
+}
+
 TEST(ClientFactoryWithoutABrokerTest, AFailedSessionHoldsAndStartsNoThread) {
   inFreshProcess([] {
     setEnv("TV_EVENT_BROKER", "mqtt://127.0.0.1:" + std::to_string(freePort()));

@@ -14,6 +14,9 @@ namespace {
 std::atomic<int> createResult{0};
 std::atomic<int> detachResult{0};
 std::atomic<int> stackSizeResult{0};
+/// The stack that the last thread was to have, and whether it was told to be detached.
+std::atomic<std::size_t> stackOfThread{0};
+std::atomic<int> detached{0};
 /// Every wait for one descriptor ends at once, and every look at one meets a signal.
 std::atomic<bool> isInterrupted{false};
 std::atomic<int> looks{0};
@@ -33,11 +36,15 @@ int __real_poll(pollfd*, nfds_t, int);
 int __wrap_pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*body)(void*),
                           void* argument) {
   if (createResult != 0) return createResult;
+  std::size_t stack = 0;
+  if (attributes != nullptr) pthread_attr_getstacksize(attributes, &stack);
+  stackOfThread = stack;
   return __real_pthread_create(thread, attributes, body, argument);
 }
 
 int __wrap_pthread_detach(pthread_t thread) {
   const int result = __real_pthread_detach(thread);
+  ++detached;
   return detachResult != 0 ? detachResult.load() : result;
 }
 
@@ -62,14 +69,32 @@ int __wrap_poll(pollfd* descriptors, nfds_t count, int milliseconds) {
 namespace zntopo::test {
 namespace {
 
+TEST(ReceivingThreadTest, HasAStackOf64KilobytesAndIsDetached) {
+  inFreshProcess([] {
+    unsetenv("TV_EVENT_BROKER");
+    const Consumer consumer;
+    if (detail::kIsSanitized) {
+      EXPECT_GE(stackOfThread, 65'536U) << "a sanitizer needs more";
+    } else {
+      EXPECT_EQ(stackOfThread, 65'536U);
+    }
+    EXPECT_EQ(detached, 1);
+  });
+}
+
 TEST(ThreadFailureTest, AThreadThatCannotStartIsToldAndLeavesTheSession) {
   inFreshProcess([] {
     unsetenv("TV_EVENT_BROKER");
+    const Scratch scratch;
+    setEnv("TV_TRACE", scratch.path("trace"));
     ZNTopoAPIStatus status;
     const auto client = clientFactory().createNotificationClient(ALL, status);
     createResult = EAGAIN;
     EXPECT_EQ(clientFactory().receiveNotification().getStatus(), ZN_API_THREAD_CREATE_FAILED);
     createResult = 0;
+    EXPECT_THAT(
+        tracedTexts(scratch.read("trace"), 4),
+        testing::ElementsAre("The pthread_create() returns 11: Resource temporarily unavailable"));
     Consumer consumer;
     EXPECT_EQ(consumer.send(attributeChange(1)), ZN_API_SUCCESS);
     EXPECT_EQ(consumer.next(), "attribute 1");
@@ -79,10 +104,14 @@ TEST(ThreadFailureTest, AThreadThatCannotStartIsToldAndLeavesTheSession) {
 TEST(ThreadFailureTest, AThreadThatCannotBeDetachedIsToldAndRunsOn) {
   inFreshProcess([] {
     unsetenv("TV_EVENT_BROKER");
+    const Scratch scratch;
+    setEnv("TV_TRACE", scratch.path("trace"));
     ZNTopoAPIStatus status;
     const auto client = clientFactory().createNotificationClient(ALL, status);
     detachResult = EINVAL;
     EXPECT_EQ(clientFactory().receiveNotification().getStatus(), ZN_API_THREAD_DETACH_FAILED);
+    EXPECT_THAT(tracedTexts(scratch.read("trace"), 4),
+                testing::ElementsAre("The pthread_detach() returns 22: Invalid argument"));
     ASSERT_TRUE(client->sendNotification(attributeChange(1)).isOK());
     EXPECT_EQ(described(client->getNextNotification()), "attribute 1");
     clientFactory().doCleanup();
