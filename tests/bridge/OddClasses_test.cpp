@@ -22,6 +22,16 @@ using Lines = std::vector<std::string>;
 
 class OddClassesTest : public JvmTest {
  protected:
+  /// Has a filter ask for a constant, which is null.
+  void ask(jobject filter, const char* setter, const std::string& type) {
+    const LocalRef<jclass> filterType(jni, jni->GetObjectClass(filter));
+    jmethodID const method = jni->GetMethodID(
+        filterType.get(), setter, ("(Lcom/corvane/tv/zntopology/" + type + ";)V").c_str());
+    const jvalue none{};
+    jni->CallVoidMethodA(filter, method, &none);
+    ASSERT_FALSE(jni->ExceptionCheck());
+  }
+
   const CapturedLog log{MC_MINOR};
 };
 
@@ -107,11 +117,22 @@ TEST_F(OddClassesTest, AConfigurationWithoutASwitchKeepsItAndSetsTheOthers) {
   EXPECT_THAT(log.lines(), Contains("javaNativeGetInstanceBoolean() - enableTopoCache fail \n"));
 }
 
-TEST_F(OddClassesTest, AFilterWithoutItsMethodsSetsNothing) {
+TEST_F(OddClassesTest, AConstantWithoutItsClassOrItsNumberIsLoggedAndNotAskedFor) {
+  jobject const filterArg = make("TopoFilter");
+  ask(filterArg, "setIPLevel", "IPLevel");
+  ask(filterArg, "setEntityType", "EntityType");
+  ask(filterArg, "setV6ScopeType", "IPv6ScopeType");
+  ask(filterArg, "setAddressType", "AddressType");
   ZNTopoFilter filter;
-  EXPECT_TRUE(populateFilter(env, make("TopoFilter"), filter));
-  EXPECT_TRUE(filter.isFieldIgnored(ZNTopoFilter::F_IPLevel));
-  EXPECT_EQ(log.lines(), Lines{"Unable to access TopoFilter Methods in populateTopoFilter()! \n"});
+  EXPECT_TRUE(populateFilter(env, filterArg, filter));
+  for (const auto field : {ZNTopoFilter::F_IPLevel, ZNTopoFilter::F_EntityType,
+                           ZNTopoFilter::F_V6ScopeType, ZNTopoFilter::F_AddressType}) {
+    EXPECT_TRUE(filter.isFieldIgnored(field)) << field;
+  }
+  EXPECT_EQ(log.lines(), (Lines{"Unable to access IPLevel::toInt in populateFilter! \n",
+                                "Unable to access EntityType::toInt in populateFilter! \n",
+                                "Unable to access IPv6ScopeType in populateFilter! \n",
+                                "Unable to access AddressType in populateFilter! \n"}));
 }
 
 TEST_F(OddClassesTest, ASizeThatCantBeFilledIsAnException) {

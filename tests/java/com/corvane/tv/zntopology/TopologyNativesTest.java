@@ -4,6 +4,7 @@ import static com.corvane.tv.zntopology.Sample.NATIVES;
 import static com.corvane.tv.zntopology.Sample.assertOK;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
+import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
@@ -11,6 +12,7 @@ import java.util.ArrayList;
 import java.util.List;
 import java.util.Map;
 import java.util.Vector;
+import java.util.function.Supplier;
 import org.junit.jupiter.api.Test;
 
 class TopologyNativesTest {
@@ -130,20 +132,29 @@ class TopologyNativesTest {
     assertOK(status);
   }
 
-  @Test
-  void whatCantBeReadIsNullWithAStatus() {
-    Sample.rows("alter table nwtopoaudittrail rename to hidden_trail");
-    Sample.rows("alter table nwnode rename to hidden_node");
+  /** Asks without a table, and holds the answer and the status against a failure. */
+  private void assertFailsWithout(String table, Supplier<Object> call) {
+    Sample.rows("alter table " + table + " rename to hidden");
     try {
-      assertNull(NATIVES.getAuditTrailNative(0, 0, -1, -1, status));
+      status.setStatus(0, "");
+      assertNull(call.get());
       assertFalse(status.isOK());
       assertFalse(status.getAuxMsg().isEmpty());
-      status.setStatus(0, "");
-      assertNull(NATIVES.getNativeTopoInfo(status));
-      assertFalse(status.isOK());
     } finally {
-      Sample.rows("alter table hidden_trail rename to nwtopoaudittrail");
-      Sample.rows("alter table hidden_node rename to nwnode");
+      Sample.rows("alter table hidden rename to " + table);
     }
+  }
+
+  @Test
+  void whatCantBeReadIsNullWithAStatus() {
+    assertFailsWithout(
+        "nwtopoaudittrail", () -> NATIVES.getAuditTrailNative(0, 0, -1, -1, status));
+    assertFailsWithout("nwnode", () -> NATIVES.getNativeTopoInfo(status));
+    assertFailsWithout("state", () -> NATIVES.getTopologyStateNative(status));
+    assertFailsWithout(
+        "nwifcctm", () -> NATIVES.getIfcInfosByObjIDListNative(null, false, true, 0, status));
+    // All is as it was before.
+    assertNotNull(NATIVES.getNativeTopoInfo(status));
+    assertOK(status);
   }
 }
