@@ -2,7 +2,6 @@
 // is bounded.
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -178,7 +177,6 @@ TEST_F(HostileXmlTest, AStylesheetCanNotIncludeWhatLiesOutside) {
   }
 }
 
-/// The other two ways to write the element of a file of hosts, and its name.
 std::string namingHosts(const std::string& element) {
   return filterDocument("<hosts name='h'>" + element + "</hosts>");
 }
@@ -188,6 +186,7 @@ TEST_F(HostileXmlTest, AFileOfHostsIsValidatedHoweverItsNameIsWritten) {
   const std::string prefixed =
       std::string("<f:HostIDFile xmlns:f='") + kFilterNamespace + "'>hosts.xml</f:HostIDFile>";
   configuration.write("ho", root + "<host>other</host></hosts>");
+  // The other two ways to write the element, and the name.
   for (const std::string& element :
        {std::string("<HostIDFile>ho&#115;ts.xml</HostIDFile>"), prefixed}) {
     TvXplMsg::MessageList_t messages;
@@ -307,6 +306,14 @@ TEST_F(HostileXmlTest, ErrorsBeyondMeasureAreNotAllTold) {
   for (int i = 0; i < 4; ++i) rows += "<" + longName + "/>";
   EXPECT_FALSE(isValid(filterDocument(rows)));
   EXPECT_LT(error.size(), 6'000'000U);
+}
+
+TEST_F(HostileXmlTest, AttributesBeyondMeasureAreRefused) {
+  std::string attributes;
+  for (int i = 0; i < 300'000; ++i) attributes += " a" + std::to_string(i) + "='v'";
+  std::string xml = filterDocument("");
+  xml.insert(xml.find("<filters") + 8, attributes);
+  expectRefused(xml, "There are too many errors: what follows is not told.");
 }
 
 TEST_F(HostileXmlTest, AResultBeyondTheLimitFails) {
