@@ -25,6 +25,7 @@
   <!-- ===== The document ===== -->
 
   <xsl:template match="/">
+    <xsl:call-template name="bounds"/>
     <iFilters>
       <xsl:apply-templates select="f:filters/*"/>
     </iFilters>
@@ -73,6 +74,26 @@
     <xsl:message terminate="yes">
       <xsl:value-of select="concat('Filter ', ancestor-or-self::*[@name][last()]/@name, ': ', $why)"/>
     </xsl:message>
+  </xsl:template>
+
+  <!-- What makes a document dear, bounded well above what people write: tests, and characters that
+       have to be escaped, which cost a hundred times what others do. The processor keeps until the
+       end what it makes of both. Dots count where they may belong to the name of a table. -->
+  <xsl:template name="bounds">
+    <xsl:variable name="dot" select="substring('.', 1, contains(f:filters, ' IF.') or
+        contains(f:filters, ' NODE.') or contains(f:filters, ' ADDR.'))"/>
+    <xsl:variable name="others" select="translate(f:filters, concat(&quot;!%_'#&quot;, $dot), '')"/>
+    <xsl:if test="string-length(f:filters) - string-length($others) &gt; 100000">
+      <xsl:message terminate="yes">
+        <xsl:text>The texts have more than 100000 of the characters ! % _ ' # (and of dots, </xsl:text>
+        <xsl:text>if one has " IF.", " NODE." or " ADDR."): use several documents.</xsl:text>
+      </xsl:message>
+    </xsl:if>
+    <xsl:if test="count(//f:attribute) &gt; 10000">
+      <xsl:message terminate="yes">
+        <xsl:text>The document has more than 10000 tests: use several documents.</xsl:text>
+      </xsl:message>
+    </xsl:if>
   </xsl:template>
 
   <!-- ===== Operators ===== -->
