@@ -92,6 +92,17 @@ TEST_P(NodesByRXNameTest, ARouteDistinguisherTellsEqualAddressesApart) {
   EXPECT_EQ(status.getStatus(), ZN_API_EMPTY_OBJID_LIST);
 }
 
+TEST_P(NodesByRXNameTest, WithARouteDistinguisherThePrivateAddressCountsElseThePublicOne) {
+  addNode(1, "a", "192.168.0.1", {{"PubV4Address", "10.0.0.1"}, {"RouteDistinguisher", 0}});
+  EXPECT_THAT(find("192.168.0.1", 0), ElementsAre("a"));
+  EXPECT_THAT(find("10.0.0.1", -1), ElementsAre("a"));
+  EXPECT_TRUE(status.isOK());
+  EXPECT_THAT(find("10.0.0.1", 0), IsEmpty());
+  EXPECT_EQ(status.getStatus(), ZN_API_EMPTY_OBJID_LIST);
+  EXPECT_THAT(find("192.168.0.1", -1), IsEmpty());
+  EXPECT_EQ(status.getStatus(), ZN_API_EMPTY_OBJID_LIST);
+}
+
 TEST_P(NodesByRXNameTest, APatternThatNothingFitsTellsOfAnEmptyList) {
   addNode(1, "edge");
   EXPECT_THAT(find("core*"), IsEmpty());

@@ -124,9 +124,13 @@ TEST(FailedStartTest, IsToldAndLeavesAnInstanceThatFails) {
 TEST(FailedStartTest, FailsTheLoadingOfDefinitions) {
   inFreshProcess([] {
     const FilterConfiguration configuration;
+    const Scratch scratch;
+    setEnv("TV_TRACE", scratch.path("trace"));
     isStartBroken = true;
     TvXplMsg::MessageList_t list;
     EXPECT_EQ(parseDefault(list), ZN_API_XML_SUBSYSTEM_INIT_FAILURE);
+    EXPECT_THAT(scratch.read("trace"),
+                testing::ContainsRegex(" 12 \\.\\./[^\n]*Failed to initialize XMLUtil\\."));
     EXPECT_EQ(textOf(list), std::string("Failed to initialize XMLUtil.\n") + kText + "\n");
     EXPECT_EQ(OpenHandler().ParseXmlString(list, filterDocument("")),
               ZN_API_XML_FILTER_VALIDATION_ERROR)

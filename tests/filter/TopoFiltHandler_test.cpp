@@ -10,6 +10,7 @@ namespace zntopo::test {
 namespace {
 
 using testing::AllOf;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -300,19 +301,35 @@ TEST(TopoFiltHandlerLogTest, TheStepsAreTraced) {
       TvXplMsg::MessageList_t list;
       EXPECT_EQ(handler.ParseDefaultFile(list), 0) << textOf(list);
       EXPECT_EQ(handler.ParseXmlString(list, "<x/>"), ZN_API_XML_FILTER_VALIDATION_ERROR);
+      EXPECT_EQ(handler.ParseXmlString(list, filterDocument("<raw></raw>")),
+                ZN_API_XML_PARSE_ERROR);
+      for (const char* condition : {"#", "#a#", "#b#"}) {
+        OpenHandler().ParseXmlString(list,
+                                     filterDocument(conditionElement("a", "Node", condition)));
+      }
     }
-    const std::string trace = scratch.read("trace");
-    for (const std::string& step :
-         {"Parsing file " + configuration.path("TopoFilters.xml"), std::string("Parsing: <x/>"),
-          std::string("About to transform"),
-          std::string("Intermediate XML form:<?xml version=\"1.0\" encoding=\"UTF-8\"?><iFilters>"),
-          std::string("Adding FiltMap[up].Where = ' NODE.status = 1 '"),
-          std::string("4 ../TopoFiltHandler:"),
-          std::string("XML being validated:\\n<x/>\\nXML filter validation error.\\n"),
-          std::string("StartElement iFilter name=\"up\" objectType=\"Node\""),
-          std::string("enter TopoFiltHandler::cleanup"),
-          std::string("leave TopoFiltHandler::cleanup")}) {
-      EXPECT_THAT(trace, HasSubstr(step));
+    const auto lines = linesOf(scratch.read("trace"));
+    const std::pair<int, std::string> steps[] = {
+        {9, "Parsing file " + configuration.path("TopoFilters.xml")},
+        {9, "Parsing: <x/>"},
+        {9, "About to transform"},
+        {9, "Intermediate XML form:<?xml version=\"1.0\" encoding=\"UTF-8\"?><iFilters>"},
+        {9, "Adding FiltMap[up].Where = ' NODE.status = 1 '"},
+        {4, "XML being validated:\\n<x/>\\nXML filter validation error.\\n"},
+        {4, "invalid document structure"},
+        {4, "Unbalanced delimiters found in filterstring substitution for [a]."},
+        {4, "Circular reference found in filter string substitution."},
+        {4, "Filter key [b] not found in filter string substitution."},
+        {25, "StartElement iFilter name=\"up\" objectType=\"Node\""},
+        {25, "Characters  NODE.status = 1 "},
+        {25, "TrimUnneededWhiteSpace trimmed [ NODE.status = 1 ]"},
+    };
+    for (const auto& [level, text] : steps) {
+      EXPECT_THAT(
+          lines, Contains(AllOf(HasSubstr(" " + std::to_string(level) + " ../"), HasSubstr(text))));
+    }
+    for (const char* scope : {"enter TopoFiltHandler::cleanup", "leave TopoFiltHandler::cleanup"}) {
+      EXPECT_THAT(lines, Contains(HasSubstr(scope)));
     }
   });
 }

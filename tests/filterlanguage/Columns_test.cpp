@@ -104,7 +104,7 @@ TEST_P(ColumnsTest, ATestComparesTheColumnThatThePageNames) {
                    row[0] + ">" + sampleOf(row[1]) + "</" + row[0] + "></attribute></operator></" +
                    kind + ">";
   }
-  const FilterConfig config;
+  const FilterConfiguration config{"etc", languageFolder()};
   OpenFilters filters;
   TvXplMsg::MessageList_t messages;
   ASSERT_EQ(filters.ParseXmlString(messages, document(definitions)), ZN_API_SUCCESS)

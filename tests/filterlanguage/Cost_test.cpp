@@ -70,7 +70,7 @@ int statusOf(const std::string& xml, std::string& told) {
 /// Loads a document where a gigabyte and a minute of the processor is all there is. Sanitizers take
 /// many times as much: with them it is loaded alone.
 void loadWithinBounds(const std::string& xml) {
-  const FilterConfig config;
+  const FilterConfiguration config{"etc", languageFolder()};
 #ifndef ZNTOPO_SANITIZED
   constexpr rlim_t kMinute = 60;
   const rlimit time{kMinute, kMinute};
@@ -121,7 +121,7 @@ TEST(DearestDocumentTest, ManyNamesOfTablesAreLoadedWithinBounds) {
 }
 
 TEST(DearestDocumentTest, WhatIsBeyondTheBoundsIsRefusedWithAWordWhatToDo) {
-  const FilterConfig config;
+  const FilterConfiguration config{"etc", languageFolder()};
   std::string told;
   EXPECT_EQ(statusOf(documentOfTests(kMostTests + 1, "<name><present/></name>"), told),
             ZN_API_XML_FILTER_TRANSFORMATION_ERROR);

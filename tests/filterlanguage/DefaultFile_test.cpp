@@ -120,7 +120,7 @@ TEST_P(DefaultFileTest, NoFilterSelectsAllObjectsOfItsKind) {
 }
 
 TEST(DefaultFile, IsValidInTheIntermediateForm) {
-  const FilterConfig config;
+  const FilterConfiguration config{"etc", languageFolder()};
   intermediate(contentOf(languageFile("TopoFilters.xml")));
 }
 

@@ -212,7 +212,7 @@ TEST(Guide, EachStateBecomesTheNumberThatThePageLists) {
       }
     }
   }
-  const FilterConfig config;
+  const FilterConfiguration config{"etc", languageFolder()};
   OpenFilters open;
   TvXplMsg::MessageList_t messages;
   ASSERT_EQ(open.ParseXmlString(messages, document(filters)), ZN_API_SUCCESS)

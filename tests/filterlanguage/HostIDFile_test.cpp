@@ -26,10 +26,11 @@ class HostIDFileTest : public LanguageTest {
                         {"V6AddressBS", nullptr}});
   }
 
+  static std::string fileOf(const std::string& hosts) {
+    return std::string("<hosts xmlns=\"") + kFilterNamespace + "\">" + hosts + "</hosts>";
+  }
   void writeHosts(const std::string& name, const std::string& hosts) {
-    config_.write(name,
-                  "<hosts xmlns=\"http://corvane.example/marlo/NetworkTopology/TopologyFilter\">" +
-                      hosts + "</hosts>");
+    config_.write(name, fileOf(hosts));
   }
   Ids listed(const std::string& hosts) {
     writeHosts("hosts.xml", hosts);
@@ -55,6 +56,19 @@ TEST_P(HostIDFileTest, HostsAreNamesPatternsAddressesAndIdentifiers) {
   EXPECT_EQ(listed("<name>core-1</name><name>*-1</name><address>10.0.0.4</address><objectID>" +
                    uuid(2) + "</objectID>"),
             (Ids{uuid(1), uuid(2), uuid(3), uuid(4)}));
+}
+
+TEST_P(HostIDFileTest, TheNameOfTheDirectoryMayHoldBlanksAndSigns) {
+  for (const char* name : {"with a blank", "50%", "%20", "a#b", "a?b", "\u00e9"}) {
+    const FilterConfiguration odd{name, languageFolder()};
+    odd.write("hosts.xml", fileOf("<name>core-2</name><name>edge-*</name>"));
+    EXPECT_EQ(nodes("<HostIDFile>hosts.xml</HostIDFile>"), (Ids{uuid(2), uuid(3), uuid(4)}))
+        << name;
+    odd.write("hosts.xml", fileOf("<wrong/>"));
+    EXPECT_EQ(refusal(document(nodeFilter("<HostIDFile>hosts.xml</HostIDFile>"))),
+              ZN_API_XML_FILTER_VALIDATION_ERROR)
+        << name;
+  }
 }
 
 TEST_P(HostIDFileTest, ManyHostsAreWithinWhatEnginesTake) {

@@ -1,7 +1,6 @@
 #include "tests/filterlanguage/LanguageTest.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "tests/filterlanguage/XmlTree.h"
 #include "tests/support/Places.h"
@@ -12,11 +11,6 @@ namespace zntopo::test {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-constexpr const char* kFolder = "conf/qrmrz/topology/filter";
-constexpr const char* kNamespace = "http://corvane.example/marlo/NetworkTopology/TopologyFilter";
-
 std::string assertion(const std::string& kind, const std::string& name, const std::string& test) {
   return "<" + kind + "Assertion name=\"" + name + "\"><operator oper=\"NOOP\"><attribute>" + test +
          "</attribute></operator></" + kind + "Assertion>";
@@ -24,30 +18,9 @@ std::string assertion(const std::string& kind, const std::string& name, const st
 
 }  // namespace
 
-FilterConfig::FilterConfig() {
-  const fs::path folder = scratch_.folder() / kFolder;
-  fs::create_directories(folder);
-  for (const fs::directory_entry& file : fs::directory_iterator(inSourceTree("data/filter"))) {
-    if (file.path().filename() != "CMakeLists.txt") {
-      fs::copy_file(file.path(), folder / file.path().filename());
-    }
-  }
-  setEnv("TV_ETC_PATH", scratch_.folder().string());
-}
+std::string languageFile(const std::string& name) { return languageFolder() + "/" + name; }
 
-FilterConfig::~FilterConfig() { unsetenv("TV_ETC_PATH"); }
-
-void FilterConfig::write(const std::string& name, const std::string& text) const {
-  const fs::path path = fs::path(kFolder) / name;
-  fs::create_directories(scratch_.folder() / path.parent_path());
-  scratch_.write(path.string(), text);
-}
-
-std::string languageFile(const std::string& name) { return inSourceTree("data/filter/") + name; }
-
-std::string document(const std::string& filters) {
-  return std::string("<filters xmlns=\"") + kNamespace + "\">" + filters + "</filters>";
-}
+std::string document(const std::string& filters) { return filterDocument(filters); }
 
 std::string nodeFilter(const std::string& test, const std::string& name) {
   return assertion("node", name, test);

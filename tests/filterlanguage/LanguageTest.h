@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/FilterConfiguration.h"
 #include "tests/support/Scratch.h"
 #include "tests/support/TestStore.h"
 #include "zntopo/filter/TopoFiltHandler.h"
@@ -18,21 +19,8 @@
 
 namespace zntopo::test {
 
-/// A place for the filter configuration with the project's own files in it, for the life of this
-/// object: TV_ETC_PATH names it.
-class FilterConfig {
- public:
-  FilterConfig();
-  ~FilterConfig();
-  FilterConfig(const FilterConfig&) = delete;
-  FilterConfig& operator=(const FilterConfig&) = delete;
-
-  /// Adds a file beside the schema, or by a relative path, with the folders that it names.
-  void write(const std::string& name, const std::string& text) const;
-
- private:
-  Scratch scratch_;
-};
+/// Where the project's own files of the filter configuration lie.
+inline std::string languageFolder() { return inSourceTree("data/filter"); }
 
 /// A handler whose conditions can be seen.
 class OpenFilters : public TopoFiltHandler {
@@ -81,7 +69,7 @@ class LanguageTest : public StoreTest {
   /// The first column of the rows of a statement, sorted.
   Ids rows(const std::string& sql);
 
-  FilterConfig config_;
+  FilterConfiguration config_{"etc", languageFolder()};
   OpenFilters filters_;
 
  private:
