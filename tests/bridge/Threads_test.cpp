@@ -43,6 +43,7 @@ TEST_F(ThreadsTest, SeveralMayBuildIntoOneCacheAtOnce) {
   jobject const cache = jni->NewGlobalRef(make("ZorbTopoCache"));
   std::atomic<int> built = 0;
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int i = 0; i < kThreads; ++i) {
     threads.emplace_back([&] {
       const AttachedThread thread(vm);
