@@ -15,6 +15,7 @@
 
 #include "tests/filter/FilterFixture.h"
 #include "tests/support/FreshProcess.h"
+#include "zntopo/api/ZNTopoAPI.h"
 #include "zntopo/platform/tvxpl/TvXplXml.h"
 #include "zntopo/platform/tvxpl/XmlLibrary.h"
 
@@ -118,6 +119,29 @@ TEST(FailedStartTest, IsToldAndLeavesAnInstanceThatFails) {
     EXPECT_EQ(util.startError, kText);
     EXPECT_EQ(util.xml.getTopologyXMLConfigPath(), configuration.folder().string() + "/");
     expectUnusable(util.xml);
+  });
+}
+
+TEST(FailedStartTest, IsToldByTheFacade) {
+  inFreshProcess([] {
+    const FilterConfiguration configuration;
+    ZNTopoAPIStatus status;
+    isStartBroken = true;
+    EXPECT_EQ(ZNTopoAPI().ParseDefaultFile(status), ZN_API_XML_SUBSYSTEM_INIT_FAILURE);
+    EXPECT_EQ(status.getStatus(), ZN_API_XML_SUBSYSTEM_INIT_FAILURE);
+    EXPECT_THAT(status.getAuxMsg(),
+                testing::HasSubstr(std::string("Failed to initialize XMLUtil.\n") + kText));
+  });
+}
+
+TEST(FailedStartTest, EndsAQuestionWithADocumentOfItsOwn) {
+  inFreshProcess([] {
+    const FilterConfiguration configuration;
+    isStartBroken = true;
+    ZNTopoAPIStatus status;
+    const auto nodes = ZNTopoAPI().ParseAndGetNodesByTopoFilter(filterDocument(""), "up", status);
+    EXPECT_THAT(*nodes, testing::IsEmpty());
+    EXPECT_EQ(status.getStatus(), ZN_API_XML_SUBSYSTEM_INIT_FAILURE);
   });
 }
 
