@@ -2,6 +2,7 @@
 
 #include "tests/filterlanguage/GeneratedNetwork.h"
 #include "tests/filterlanguage/LanguageTest.h"
+#include "tests/filterlanguage/MarkdownPage.h"
 #include "tests/filterlanguage/XmlTree.h"
 
 /// @file
@@ -130,6 +131,18 @@ TEST(DefaultFile, TellsWhatEachFilterIsFor) {
   for (const XmlTree& filter : root.children) {
     EXPECT_FALSE(filter.attribute("description").empty()) << filter.attribute("name");
   }
+}
+
+TEST(DefaultFile, IsListedInTheGuide) {
+  std::vector<std::vector<std::string>> expected;
+  for (const XmlTree& filter : readXml(contentOf(languageFile("TopoFilters.xml"))).children) {
+    const char* const kind = filter.name.starts_with("node")        ? "nodes"
+                             : filter.name.starts_with("interface") ? "interfaces"
+                                                                    : "addresses";
+    expected.push_back({filter.attribute("name"), kind, filter.attribute("description")});
+  }
+  EXPECT_EQ(MarkdownPage(inSourceTree("docs/filters.md")).table("## The default filters"),
+            expected);
 }
 
 }  // namespace
