@@ -189,8 +189,7 @@ std::map<std::string, ZNRefPtr<ZNInterface>> interfacesById(Session& session,
 }
 
 std::vector<ZNRefPtr<ZNAddress>> addressList(Session& session, const Identifiers& ids) {
-  const auto addresses = listOf<ZNAddress>(ids, [&](const std::set<ObjID>& set,
-                                                    ZNTopoAPIStatus& status) {
+  auto addresses = listOf<ZNAddress>(ids, [&](const std::set<ObjID>& set, ZNTopoAPIStatus& status) {
     return session.api().getAddrsByObjIDs({set.begin(), set.end()}, status, false, ZNAddress::IPv4);
   });
   identify(session, ids, addresses);

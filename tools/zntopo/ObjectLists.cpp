@@ -16,6 +16,7 @@ std::vector<InterfaceDetails> interfaceDetails(
   for (const auto& interface : interfaces) ids.add(interface->getObjID());
   auto addresses = addressesOf(session, ids);
   std::vector<InterfaceDetails> result;
+  result.reserve(interfaces.size());
   for (const auto& interface : interfaces) {
     result.push_back(
         {.object = interface, .addresses = std::move(addresses[interface->getObjID().toString()])});
@@ -78,6 +79,7 @@ Listing<AddressDetails> addressListing(Session& session,
   for (const auto& address : addresses) owners.add(interfaceOf(*address));
   const Names names(session, owners);
   std::vector<AddressDetails> details;
+  details.reserve(addresses.size());
   for (const auto& address : addresses) {
     details.push_back({address, names.end(interfaceOf(*address))});
   }

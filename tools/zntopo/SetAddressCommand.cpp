@@ -53,6 +53,7 @@ NamedObject findAddress(Session& session, const SetAddressOptions& options) {
                       (options.node.empty() ? "" : " on the node [" + options.node + "]") + ".");
   }
   std::vector<std::string> meanings;
+  meanings.reserve(found.size());
   for (const NamedObject& one : found) meanings.push_back(one.id + "  " + one.text());
   throw Failure(ZN_API_NONUNIQUE_NAME,
                 "Address [" + options.address +

@@ -50,6 +50,7 @@ Association findAssociation(Session& session, const SetAssociationOptions& optio
   const std::string pair = "[" + options.left + "] to [" + options.right + "]";
   if (found.size() > 1) {
     std::vector<std::string> meanings;
+    meanings.reserve(found.size());
     for (const Association& one : found) {
       meanings.push_back("--relation " + std::to_string(one->getIfcRelationType()));
     }
