@@ -5,6 +5,7 @@
 namespace zntopo::test {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -124,6 +125,18 @@ TEST_F(EntityRenderingTest, TheOlderEntityTellsItsOidForTheZoneAndNoRouteDisting
             "\nV6CompoundStatus:Warning\nV6GlobalStatus:Marginal\nV6SiteStatus:Critical"
             "\nStatusChangeTime:300\nCreateTime:100\nChangeTime:200\nContainment Parent:hall(h1)"
             "\n=========DynamicPropertyList========\nVarName:Rack\nVarValueType:long\tVarValue:4");
+}
+
+TEST_F(EntityRenderingTest, TheOlderEntityHasItsAddressesBeforeItsVariables) {
+  const ZNRefPtr<ZNAddress> address = ipv4("a1", "10.0.0.1");
+  gateway().addAddress(address);
+  const ZNEntityDB entity(ObjID("e"), "", ObjID(77), "core-1", "", "1.3.6", E_Node,
+                          ObjectStatus::Major, {UserDefVar("Rack", VarValue(4))}, {address}, {},
+                          ZNEntity::IPv4);
+  EXPECT_THAT(entity.toString(),
+              EndsWith("\n=========AddressList=========" + address->toString() +
+                       "\n=========DynamicPropertyList========\nVarName:Rack\nVarValueType:long"
+                       "\tVarValue:4"));
 }
 
 // ---- user variables ----

@@ -104,13 +104,6 @@ class LockProbe : public ZNEntity {
   }
 };
 
-/// What some work logs at a level and above it, without the times.
-inline std::string heardFrom(MCDebugLevel level, const std::function<void()>& work) {
-  const CapturedLog log(level);
-  work();
-  return log.text();
-}
-
 /// Expects that some work logs a text, and that it does so at exactly this level.
 inline void expectLogged(MCDebugLevel level, const std::string& text,
                          const std::function<void()>& work) {

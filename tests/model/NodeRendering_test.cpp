@@ -158,6 +158,16 @@ TEST_F(NodeRenderingTest, APrivateAddressThatIsThePublicOneIsADash) {
             "-                7         4    \n");
 }
 
+TEST_F(NodeRenderingTest, ARouteDistinguisherIsTakenWithASign) {
+  NodeProperty high = property();
+  high.V4MgmtAddress =
+      ZNRefPtr<InetAddressIPv4>(new InetAddressIPv4("10.0.0.1", "10.0.0.1", 3000000000U, ActiveDB));
+  EXPECT_THAT(node(high).toShortString(), EndsWith("-                -1294967296  4    \n"));
+  EXPECT_THAT(node(high).toString(false), HasSubstr("\nNodeRD:-1294967296\n"));
+  EXPECT_THAT(node(high).toXML(),
+              HasSubstr("<Attr name=\"MgmtAddressOADId\" type=\"int\" value=\"-1294967296\" />"));
+}
+
 TEST_F(NodeRenderingTest, ARowTakesTheRoomThatItsTextsNeed) {
   EntityParts parts;
   parts.name = std::string(40, 'n');

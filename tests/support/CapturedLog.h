@@ -1,6 +1,9 @@
 #pragma once
 
+#include <gmock/gmock.h>
+
 #include <algorithm>
+#include <functional>
 #include <regex>
 #include <string>
 #include <vector>
@@ -67,5 +70,21 @@ class CapturedLog {
  private:
   Scratch scratch_;
 };
+
+/// What some work logs at a level and above it, without the times.
+inline std::string heardFrom(MCDebugLevel level, const std::function<void()>& work) {
+  const CapturedLog log(level);
+  work();
+  return log.text();
+}
+
+/// Expects that a text is among what some work logs, and that it is there at exactly this level.
+/// Does the work twice.
+inline void expectAmongLogged(MCDebugLevel level, const std::string& text,
+                              const std::function<void()>& work) {
+  EXPECT_THAT(heardFrom(level, work), testing::HasSubstr(text));
+  EXPECT_THAT(heardFrom(static_cast<MCDebugLevel>(level + 1), work),
+              testing::Not(testing::HasSubstr(text)));
+}
 
 }  // namespace zntopo::test
