@@ -61,6 +61,10 @@ TEST_P(TopodumpTest, ANumberIsARouteDistinguisher) {
             select("select count(*) from nwnode where V4ManagementAddressRD = 0", 1)[0][0]);
   EXPECT_LT(rows.size(), linesOf(printedBy({"-node"})).size());
   EXPECT_EQ(topodumpRun({"-node", "5"}).out, kNothing);
+  const std::string withInterfaces = printedBy({"-nodeif", "0"});
+  EXPECT_GT(linesOf(withInterfaces).size(), rows.size());
+  for (const std::string& row : rows) EXPECT_THAT(withInterfaces, HasSubstr(row + "\n"));
+  EXPECT_EQ(topodumpRun({"-nodeif", "5"}).out, kNothing);
 }
 
 TEST_P(TopodumpTest, WhatIsNotThereIsNotFound) {
@@ -84,11 +88,26 @@ TEST_P(TopodumpTest, WithTheVariableFullTextsTakeThePlaceOfRows) {
 }
 
 TEST_P(TopodumpTest, AFilterThatIsNotThereIsAnError) {
-  const CliResult result = topodumpRun({"-node", "-filt", "Nonesuch"});
-  EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(result.out, "");
-  EXPECT_THAT(result.err, StartsWith("Error in Topology data retrieval \nErrorMessage: Filter name "
-                                     "not found in XML Filter information\nAuxMessage: "));
+  for (const char* kind : {"-node", "-nodeif", "-if"}) {
+    const CliResult result = topodumpRun({kind, "-filt", "Nonesuch"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.err,
+                StartsWith("Error in Topology data retrieval \nErrorMessage: Filter name not found "
+                           "in XML Filter information\nAuxMessage: "));
+  }
+}
+
+TEST_P(TopodumpTest, WithoutTheDefaultFiltersTheirNamesAreAnError) {
+  const Scratch empty;
+  const std::string etc = "TV_ETC_PATH=" + empty.folder().string();
+  for (const Call& call : {Call{"-lfilt"}, Call{"-node", "-filt", "Routers"}}) {
+    const CliResult result = topodumpRun(call, {etc});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.err, StartsWith("Error in Topology data retrieval \nErrorMessage: "));
+    EXPECT_THAT(result.err, HasSubstr("TopoFilters.xml"));
+  }
 }
 
 TEST_P(TopodumpTest, AStoreThatIsNotReadyIsAnError) {
