@@ -47,6 +47,12 @@ TEST_F(AddressRenderingTest, TypesHaveTheirNamesAndNumbersBeyondThemNone) {
   }
 }
 
+std::string addressXml(int type, int pingState) {
+  return attribute("AddrID", "objID", "a") + attribute("AscEntObjID", "objID", "o") +
+         attribute("AddrType", "int", std::to_string(type)) +
+         attribute("PingState", "int", std::to_string(pingState));
+}
+
 TEST_F(AddressRenderingTest, PingStatesHaveTheirNames) {
   const std::pair<int, const char*> states[] = {{0, "Ping Responding"},  {1, "Ping Not Responding"},
                                                 {2, "Ping Unreachable"}, {3, "Ping Agent Down"},
@@ -55,12 +61,7 @@ TEST_F(AddressRenderingTest, PingStatesHaveTheirNames) {
     EXPECT_EQ(
         AnyAddress(5, state).toString(),
         "\nAddressID:a\nAssociatedEntityID:o\nAddressType:FDN\nPing State:" + std::string(name));
-    EXPECT_EQ(AnyAddress(5, state).toXML(),
-              "<Attr name=\"AddrID\" type=\"objID\" value=\"a\" /> \n"
-              "<Attr name=\"AscEntObjID\" type=\"objID\" value=\"o\" /> \n"
-              "<Attr name=\"AddrType\" type=\"int\" value=\"5\" /> \n"
-              "<Attr name=\"PingState\" type=\"int\" value=\"" +
-                  std::to_string(state) + "\" /> \n");
+    EXPECT_EQ(AnyAddress(5, state).toXML(), addressXml(5, state));
   }
 }
 
@@ -73,18 +74,13 @@ TEST_F(AddressRenderingTest, AnIPv4AddressTellsBothAddressesInBothForms) {
             "\nisSubnetAddress:true\nIPV4:10.0.0.1\nPublic Address:192.0.2.1\nPrefixLength:24"
             "\n---------------InetAddressIPv4---------------");
   EXPECT_EQ(address.toXML(),
-            "<IPv4Address>\n"
-            "<Attr name=\"AddrID\" type=\"objID\" value=\"a\" /> \n"
-            "<Attr name=\"AscEntObjID\" type=\"objID\" value=\"o\" /> \n"
-            "<Attr name=\"AddrType\" type=\"int\" value=\"1\" /> \n"
-            "<Attr name=\"PingState\" type=\"int\" value=\"0\" /> \n"
-            "<Attr name=\"SubnetObjID\" type=\"objID\" value=\"s\" /> \n"
-            "<Attr name=\"OADId\" type=\"int\" value=\"7\" /> \n"
-            "<Attr name=\"isSubnetAddr\" type=\"int\" value=\"1\" /> \n"
-            "<Attr name=\"PrivateAddr\" type=\"str\" value=\"10.0.0.1\" /> \n"
-            "<Attr name=\"PublicAddr\" type=\"str\" value=\"192.0.2.1\" /> \n"
-            "<Attr name=\"PrefixLength\" type=\"int\" value=\"24\" /> \n"
-            "</IPv4Address>\n");
+            "<IPv4Address>\n" + attribute("AddrID", "objID", "a") +
+                attribute("AscEntObjID", "objID", "o") + attribute("AddrType", "int", "1") +
+                attribute("PingState", "int", "0") + attribute("SubnetObjID", "objID", "s") +
+                attribute("OADId", "int", "7") + attribute("isSubnetAddr", "int", "1") +
+                attribute("PrivateAddr", "str", "10.0.0.1") +
+                attribute("PublicAddr", "str", "192.0.2.1") +
+                attribute("PrefixLength", "int", "24") + "</IPv4Address>\n");
 }
 
 TEST_F(AddressRenderingTest, ARouteDistinguisherIsANumberWithASign) {
@@ -93,19 +89,9 @@ TEST_F(AddressRenderingTest, ARouteDistinguisherIsANumberWithASign) {
   EXPECT_THAT(address.toXML(), HasSubstr("name=\"OADId\" type=\"int\" value=\"-1\""));
 }
 
-constexpr const char* kInetXml =
-    "<Attr name=\"AddrID\" type=\"objID\" value=\"a\" /> \n"
-    "<Attr name=\"AscEntObjID\" type=\"objID\" value=\"o\" /> \n"
-    "<Attr name=\"AddrType\" type=\"int\" value=\"%d\" /> \n"
-    "<Attr name=\"PingState\" type=\"int\" value=\"0\" /> \n"
-    "<Attr name=\"SubnetObjID\" type=\"objID\" value=\"NULL\" /> \n"
-    "<Attr name=\"OADId\" type=\"int\" value=\"3\" /> \n"
-    "<Attr name=\"isSubnetAddr\" type=\"int\" value=\"0\" /> \n";
-
 std::string inetXml(int type) {
-  std::string text = kInetXml;
-  text.replace(text.find("%d"), 2, std::to_string(type));
-  return text;
+  return addressXml(type, 0) + attribute("SubnetObjID", "objID", "NULL") +
+         attribute("OADId", "int", "3") + attribute("isSubnetAddr", "int", "0");
 }
 
 TEST_F(AddressRenderingTest, AnIPv6AddressHasNoAddressInXml) {

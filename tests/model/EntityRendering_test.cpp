@@ -14,10 +14,6 @@ constexpr const char* kText =
     "\nDiscovered in Zone:zone 3\nEntityType:Node\nIPLevel:4\nOverallStatus:Major\nOADId:9"
     "\nStatusChangeTime:300\nCreateTime:100\nChangeTime:200";
 
-std::string attribute(const std::string& name, const std::string& type, const std::string& value) {
-  return "<Attr name=\"" + name + "\" type=\"" + type + "\" value=\"" + value + "\" /> \n";
-}
-
 /// The attributes up to the level, and those behind the statuses of IPv6.
 std::string xmlHead(int level = 4) {
   return "<ZNEntity>\n" + attribute("ObjID", "objID", "entity") +

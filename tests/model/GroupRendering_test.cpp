@@ -80,11 +80,10 @@ TEST_F(GroupRenderingTest, AVlanHasItsNodesAndTheirInterfaces) {
       "(IFID:i2, PortNo:, BoardNo:)\n\n-------------ZNVlanInfo ---------------";
   EXPECT_EQ(info.toString(), infoText);
   const std::string infoXml =
-      "<VlanInfo>\n<Attr name=\"VlanObjID\" type=\"objID\" value=\"v\" /> \n"
-      "<Attr name=\"NodeObjID\" type=\"objID\" value=\"n\" /> \n"
-      "<Attr name=\"NodeName\" type=\"str\" value=\"core&lt;1\" /> \n<VlanIFInfos>\n"
-      "<IFInfo IFObjID=\"i1\" PortNo=\"1\" BoardNo=\"2\" />\n"
-      "<IFInfo IFObjID=\"i2\" PortNo=\"\" BoardNo=\"\" />\n</VlanIFInfos>\n</VlanInfo>\n";
+      "<VlanInfo>\n" + attribute("VlanObjID", "objID", "v") + attribute("NodeObjID", "objID", "n") +
+      attribute("NodeName", "str", "core&lt;1") +
+      "<VlanIFInfos>\n<IFInfo IFObjID=\"i1\" PortNo=\"1\" BoardNo=\"2\" />\n<IFInfo IFObjID=\"i2\" "
+      "PortNo=\"\" BoardNo=\"\" />\n</VlanIFInfos>\n</VlanInfo>\n";
   EXPECT_EQ(info.toXML(), infoXml);
   const ZNVlan vlan(entity(E_Vlan), {info, info});
   EXPECT_EQ(vlan.toString(), "\n+++++++++++++++++ ZNVlan ++++++++++++++++" +
@@ -124,21 +123,18 @@ TEST_F(GroupRenderingTest, AnHsrpGroupHasItsMembersAndBeginsWithoutALineFeed) {
 
 TEST_F(GroupRenderingTest, TheXmlOfAnHsrpGroupHasItsMembers) {
   const ZNHSRPAddressInfo member(7, "i1", "a1", 100, ZNHSRPAddressInfo::Unavailable, "[t1,5]", 90);
-  const std::string memberXml =
-      "<HSRPAddress>\n<Attr name=\"AddressObjID\" type=\"objID\" value=\"a1\" /> \n"
-      "<Attr name=\"IFObjID\" type=\"objID\" value=\"i1\" /> \n"
-      "<Attr name=\"HSRPState\" type=\"str\" value=\"Unknown\" /> \n"
-      "<Attr name=\"HSRPPriority\" type=\"int\" value=\"100\" /> \n"
-      "<Attr name=\"HSRPCertainty\" type=\"int\" value=\"90\" /> \n</HSRPAddress>\n";
+  const std::string memberXml = "<HSRPAddress>\n" + attribute("AddressObjID", "objID", "a1") +
+                                attribute("IFObjID", "objID", "i1") +
+                                attribute("HSRPState", "str", "Unknown") +
+                                attribute("HSRPPriority", "int", "100") +
+                                attribute("HSRPCertainty", "int", "90") + "</HSRPAddress>\n";
   EXPECT_EQ(member.toXML(), memberXml);
   EXPECT_EQ(ZNHSRP(entity(E_HSRP), {member}).toXML(),
-            "<HSRP>\n" + entity(E_HSRP).toXML() +
-                "<Attr name=\"GroupNumber\" type=\"int\" value=\"7\" /> \n<HSRPAddressList>\n" +
-                memberXml + "</HSRPAddressList>\n</HSRP>\n");
-  EXPECT_EQ(ZNHSRP(entity(E_HSRP)).toXML(),
-            "<HSRP>\n" + entity(E_HSRP).toXML() +
-                "<Attr name=\"GroupNumber\" type=\"int\" value=\"0\" /> \n"
-                "<HSRPAddressList>\n</HSRPAddressList>\n</HSRP>\n");
+            "<HSRP>\n" + entity(E_HSRP).toXML() + attribute("GroupNumber", "int", "7") +
+                "<HSRPAddressList>\n" + memberXml + "</HSRPAddressList>\n</HSRP>\n");
+  EXPECT_EQ(ZNHSRP(entity(E_HSRP)).toXML(), "<HSRP>\n" + entity(E_HSRP).toXML() +
+                                                attribute("GroupNumber", "int", "0") +
+                                                "<HSRPAddressList>\n</HSRPAddressList>\n</HSRP>\n");
 }
 
 // ---- containers ----

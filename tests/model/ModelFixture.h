@@ -84,6 +84,12 @@ inline std::vector<std::string> addressIDsOf(const std::vector<ZNRefPtr<ZNAddres
   return ids;
 }
 
+/// An element of the XML forms; the value as it stands there.
+inline std::string attribute(const std::string& name, const std::string& type,
+                             const std::string& value) {
+  return "<Attr name=\"" + name + "\" type=\"" + type + "\" value=\"" + value + "\" /> \n";
+}
+
 /// A test with the recording gateway emptied.
 class ModelTest : public testing::Test {
  protected:

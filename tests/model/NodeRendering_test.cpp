@@ -89,18 +89,15 @@ TEST_F(NodeRenderingTest, InterfacesThatCanNotBeReadLeaveTheirBannerAlone) {
 
 TEST_F(NodeRenderingTest, TheXmlOfANodeHasTheEntityAndItsProperties) {
   ZNNode node = NodeRenderingTest::node();
-  const std::string head = "<ZNNode>\n" + EntityParts().entity().toXML() +
-                           "<Attr name=\"SysOID\" type=\"str\" value=\"1.3.6.1\" /> \n"
-                           "<Attr name=\"L2DomainID\" type=\"int\" value=\"12\" /> \n"
-                           "<Attr name=\"MgmtCommunicationAddress\" type=\"str\" "
-                           "value=\"192.0.2.1\" /> \n"
-                           "<Attr name=\"MgmtActualAddress\" type=\"str\" value=\"10.0.0.1\" /> \n"
-                           "<Attr name=\"MgmtAddressOADId\" type=\"int\" value=\"7\" /> \n"
-                           "<Attr name=\"SysContact\" type=\"str\" value=\"a&amp;b\" /> \n"
-                           "<Attr name=\"SysLocation\" type=\"str\" value=\"hall\" /> \n"
-                           "<Attr name=\"SnmpState\" type=\"int\" value=\"3\" /> \n"
-                           "<Capabilities>\n<Capability name=\"isLanSwitch\" />\n"
-                           "<Capability name=\"isIPv4Router\" />\n</Capabilities>\n";
+  const std::string head =
+      "<ZNNode>\n" + EntityParts().entity().toXML() + attribute("SysOID", "str", "1.3.6.1") +
+      attribute("L2DomainID", "int", "12") +
+      attribute("MgmtCommunicationAddress", "str", "192.0.2.1") +
+      attribute("MgmtActualAddress", "str", "10.0.0.1") +
+      attribute("MgmtAddressOADId", "int", "7") + attribute("SysContact", "str", "a&amp;b") +
+      attribute("SysLocation", "str", "hall") + attribute("SnmpState", "int", "3") +
+      "<Capabilities>\n<Capability name=\"isLanSwitch\" />\n<Capability name=\"isIPv4Router\" "
+      "/>\n</Capabilities>\n";
   EXPECT_EQ(node.toXML(), head + "</ZNNode>\n");
   const ZNVlanInfo vlan("v", "entity", "core-1", {});
   node.setVlanInfoList({vlan});
@@ -286,21 +283,15 @@ TEST_F(InterfaceRenderingTest, GroupsThatCanNotBeReadLeaveTheBracket) {
 }
 
 TEST_F(InterfaceRenderingTest, TheXmlOfAnInterfaceHasTheEntityAndItsProperties) {
-  const std::string head = "<ZNInterface>\n" + entity().toXML() +
-                           "<Attr name=\"VPI\" type=\"int\" value=\"4\" /> \n"
-                           "<Attr name=\"VCI\" type=\"int\" value=\"5\" /> \n"
-                           "<Attr name=\"BoardNo\" type=\"str\" value=\"1\" /> \n"
-                           "<Attr name=\"PortNo\" type=\"str\" value=\"3\" /> \n"
-                           "<Attr name=\"AuxPortNo\" type=\"str\" value=\"9\" /> \n"
-                           "<Attr name=\"IfIndex\" type=\"int\" value=\"7\" /> \n"
-                           "<Attr name=\"IfName\" type=\"str\" value=\"Gi1/3\" /> \n"
-                           "<Attr name=\"IfAlias\" type=\"str\" value=\"up&lt;link\" /> \n"
-                           "<Attr name=\"IfType\" type=\"int\" value=\"6\" /> \n"
-                           "<Attr name=\"PhyAddr\" type=\"str\" value=\"00:11\" /> \n"
-                           "<Attr name=\"L2DOMId\" type=\"int\" value=\"8\" /> \n"
-                           "<Attr name=\"IfOperStatus\" type=\"int\" value=\"7\" /> \n"
-                           "<Attr name=\"IfAdminStatus\" type=\"int\" value=\"3\" /> \n"
-                           "<Attr name=\"IfSpeed\" type=\"int\" value=\"100\" /> \n";
+  const std::string head =
+      "<ZNInterface>\n" + entity().toXML() + attribute("VPI", "int", "4") +
+      attribute("VCI", "int", "5") + attribute("BoardNo", "str", "1") +
+      attribute("PortNo", "str", "3") + attribute("AuxPortNo", "str", "9") +
+      attribute("IfIndex", "int", "7") + attribute("IfName", "str", "Gi1/3") +
+      attribute("IfAlias", "str", "up&lt;link") + attribute("IfType", "int", "6") +
+      attribute("PhyAddr", "str", "00:11") + attribute("L2DOMId", "int", "8") +
+      attribute("IfOperStatus", "int", "7") + attribute("IfAdminStatus", "int", "3") +
+      attribute("IfSpeed", "int", "100");
   EXPECT_EQ(interface().toXML(), head + "</ZNInterface>\n");
   EXPECT_EQ(interface(InterfaceCapability::MPLS).toXML(),
             head +
