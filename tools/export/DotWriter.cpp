@@ -24,18 +24,17 @@ constexpr const char* kWhite = "#FFFFFF";
 struct StatusLook {
   const char* status;
   const char* fill;
-  const char* text;
   int border;
 };
 
 /// A state that is not here looks like the last one. What is not normal is written into the node
-/// too, and the worse it is the thicker is the line around it.
+/// too, and the worse it is the thicker is the line around it. Black is readable on each of the
+/// colours, which white is not.
 constexpr StatusLook kStatusLooks[] = {
-    {"normal", kGreen, "white", 1},        {"warning", kYellow, "black", 1},
-    {"marginal", kYellow, "black", 2},     {"major", kOrange, "black", 3},
-    {"critical", kVermillion, "white", 4}, {"testing", kSkyBlue, "black", 1},
-    {"unmanaged", kWhite, "black", 1},     {"restricted", kWhite, "black", 1},
-    {"disabled", kWhite, "black", 1},      {"unknown", kGrey, "black", 1}};
+    {"normal", kGreen, 1},    {"warning", kYellow, 1},      {"marginal", kYellow, 2},
+    {"major", kOrange, 3},    {"critical", kVermillion, 4}, {"testing", kSkyBlue, 1},
+    {"unmanaged", kWhite, 1}, {"restricted", kWhite, 1},    {"disabled", kWhite, 1},
+    {"no-status", kGrey, 1},  {"unknown", kGrey, 1}};
 
 const StatusLook& lookOf(const std::string& status) {
   for (const StatusLook& one : kStatusLooks) {
@@ -43,6 +42,9 @@ const StatusLook& lookOf(const std::string& status) {
   }
   return *std::rbegin(kStatusLooks);
 }
+
+constexpr const char* kSubnetShape = "box";
+constexpr const char* kVlanShape = "tab";
 
 const char* shapeOf(NodeKind kind) {
   switch (kind) {
@@ -149,8 +151,7 @@ class Writer {
     const bool isOnPath = pathNodes_.contains(index);
     out_ << "  n" << index + 1 << " [label=\"" << dotText(node.name) << second << "\", id=\""
          << dotText(node.id) << "\", shape=" << shapeOf(kindOf(network_.traits[index]))
-         << ", fillcolor=\"" << look.fill << "\", fontcolor=" << look.text
-         << ", penwidth=" << (isOnPath ? 5 : look.border);
+         << ", fillcolor=\"" << look.fill << "\", penwidth=" << (isOnPath ? 5 : look.border);
     if (isOnPath) out_ << ", color=\"" << kBlue << "\"";
     out_ << ", tooltip=\"" << dotText(node.description.empty() ? node.name : node.description)
          << "\"];\n";
@@ -184,8 +185,9 @@ class Writer {
   void writeGroup(const std::string& id, const std::string& label, const char* shape,
                   const std::set<Index>& nodes) {
     if (nodes.empty()) return;
+    groupShapes_.insert(shape);
     out_ << "  " << id << " [label=\"" << label << "\", shape=" << shape
-         << ", style=\"filled,dashed,rounded\", fillcolor=\"#EEF6FB\", fontcolor=black];\n";
+         << ", style=\"filled,dashed,rounded\", fillcolor=\"#EEF6FB\"];\n";
     for (const Index node : nodes) {
       out_ << "  n" << node + 1 << " -- " << id << " [style=dotted, color=\"" << kSkyBlue
            << "\"];\n";
@@ -202,8 +204,8 @@ class Writer {
       }
     }
     for (const auto& [subnet, members] : nodes) {
-      writeGroup("s" + std::to_string(subnet + 1), dotText(model_.subnets[subnet].name), "box",
-                 members);
+      writeGroup("s" + std::to_string(subnet + 1), dotText(model_.subnets[subnet].name),
+                 kSubnetShape, members);
     }
   }
 
@@ -218,13 +220,13 @@ class Writer {
       const VlanModel& vlan = model_.vlans[index];
       const std::string number = "VLAN " + std::to_string(vlan.number);
       writeGroup("v" + std::to_string(index + 1),
-                 vlan.name == number ? number : number + "\\n" + dotText(vlan.name), "tab",
+                 vlan.name == number ? number : number + "\\n" + dotText(vlan.name), kVlanShape,
                  members);
     }
   }
 
-  /// The kinds and states that the graph shows: a table, since not every layout keeps together what
-  /// belongs together.
+  /// What the graph shows, kinds and states first: a table, since not every layout keeps together
+  /// what belongs together.
   void writeLegend() {
     std::set<NodeKind> kinds;
     std::set<std::string> states;
@@ -240,10 +242,14 @@ class Writer {
     }
     for (const StatusLook& look : kStatusLooks) {
       if (!states.contains(look.status)) continue;
-      out_ << "<TD BGCOLOR=\"" << look.fill << "\"><FONT COLOR=\"" << look.text << "\">"
-           << look.status << "</FONT></TD>";
+      out_ << "<TD BGCOLOR=\"" << look.fill << "\">" << look.status << "</TD>";
     }
     if (states.contains("")) out_ << "<TD BGCOLOR=\"" << kGrey << "\">no state known</TD>";
+    if (groupShapes_.contains(kSubnetShape)) out_ << "<TD>dashed box: subnet</TD>";
+    if (groupShapes_.contains(kVlanShape)) out_ << "<TD>dashed tab: VLAN</TD>";
+    if (!style_.path.empty()) {
+      out_ << "<TD><FONT COLOR=\"" << kBlue << "\">thick blue line: path</FONT></TD>";
+    }
     out_ << "</TR></TABLE>>];\n";
   }
 
@@ -256,6 +262,8 @@ class Writer {
   std::set<std::pair<EndPoint, EndPoint>> pathLinks_;
   bool isPathAlone_ = false;
   std::vector<std::size_t> levels_;
+  /// Of the groups that were drawn.
+  std::set<std::string> groupShapes_;
 };
 
 }  // namespace

@@ -45,7 +45,7 @@ TEST(DotWriterTest, ShapesTellTheKindAndColoursAndWordsTheState) {
   network.model.nodes[1].status = {.overall = 1};
   const std::string text = textOf(network);
   EXPECT_THAT(text, HasSubstr("n1 [label=\"one\\ncritical\", id=\"one\", shape=ellipse, "
-                              "fillcolor=\"#D55E00\", fontcolor=white, penwidth=4"));
+                              "fillcolor=\"#D55E00\", penwidth=4"));
   EXPECT_THAT(text, HasSubstr("n2 [label=\"two\", id=\"two\", shape=note, fillcolor=\"#009E73\""));
 }
 
@@ -89,9 +89,14 @@ TEST(DotWriterTest, SubnetsVlansAndALegendComeOnRequest) {
                           Not(HasSubstr("legend"))));
   const std::string text =
       textOf(network, {.hasSubnets = true, .hasVlans = true, .hasLegend = true, .note = "Limited"});
-  EXPECT_THAT(text, AllOf(HasSubstr("v1 [label=\"VLAN 7\\noffice\""), HasSubstr("n1 -- v1"),
-                          HasSubstr("s1 [label=\"10.0.0.0/24\""), HasSubstr("n2 -- s1"),
-                          HasSubstr("sheet: host"), HasSubstr("label=\"Limited\"")));
+  EXPECT_THAT(text,
+              AllOf(HasSubstr("v1 [label=\"VLAN 7\\noffice\""), HasSubstr("n1 -- v1"),
+                    HasSubstr("s1 [label=\"10.0.0.0/24\""), HasSubstr("n2 -- s1"),
+                    HasSubstr("<TD>sheet: host</TD>"), HasSubstr("<TD>dashed box: subnet</TD>"),
+                    HasSubstr("<TD>dashed tab: VLAN</TD>"), Not(HasSubstr("path</FONT>")),
+                    HasSubstr("label=\"Limited\"")));
+  EXPECT_THAT(textOf(network, {.hasLegend = true, .path = {{0, 0}, {1, 0}}}),
+              AllOf(HasSubstr(">thick blue line: path</FONT></TD>"), Not(HasSubstr("dashed"))));
 }
 
 TEST(DotWriterTest, HostileNamesStayWithinTheirQuotes) {
