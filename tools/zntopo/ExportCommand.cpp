@@ -1,9 +1,6 @@
-#include <sstream>
-
 #include "tools/export/ExportFormat.h"
-#include "tools/export/OutputFile.h"
-#include "tools/zntopo/AnswerBuffer.h"
 #include "tools/zntopo/NetworkPart.h"
+#include "tools/zntopo/OutputOptions.h"
 #include "tools/zntopo/Progress.h"
 #include "tools/zntopo/TextTable.h"
 
@@ -13,9 +10,7 @@ namespace {
 
 struct ExportOptions {
   PartOptions part;
-  std::string format = exportFormats().front().name;
-  std::string output;
-  bool mayReplace = false;
+  OutputOptions output{.format = exportFormats().front().name};
 };
 
 /// More than any neighbourhood that can be asked for.
@@ -33,21 +28,6 @@ StoredNetwork read(Session& session, const ExportOptions& options, Answer& answe
   Progress progress("Reading");
   return readStore(session.api(), session.connection(), scope,
                    [&](double part) { progress.show(part); });
-}
-
-void write(const Context& context, const ExportOptions& options,
-           const std::function<void(std::ostream&)>& writer, Answer& answer) {
-  if (!options.output.empty()) return writeFile(options.output, options.mayReplace, writer);
-  if (context.isJson) {
-    std::ostringstream document;
-    writer(document);
-    answer.json["document"] = document.str();
-    return;
-  }
-  AnswerBuffer buffer(context.answers);
-  std::ostream stream(&buffer);
-  writer(stream);
-  if (!stream.flush()) throw Failure(ZN_API_INTERNAL_ERROR, "Not all of it could be written.");
 }
 
 std::size_t interfacesOf(const NetworkModel& model) {
@@ -68,38 +48,31 @@ void tell(const StoredNetwork& network, const NetworkReport& report, const Expor
                    "\"";
   }
   if (!answer.note.empty()) answer.json["note"] = answer.note;
-  if (options.output.empty()) return;
-  answer.json["output"] = options.output;
-  answer.text = "Wrote " + options.output + ": " + counted(model.nodes.size(), "node") + ", " +
+  if (options.output.file.empty()) return;
+  answer.text = "Wrote " + options.output.file + ": " + counted(model.nodes.size(), "node") + ", " +
                 counted(interfacesOf(model), "interface") + ", " +
                 counted(model.links.size(), "link") + "\n";
 }
 
 void exportNetwork(const Context& context, const ExportOptions& options, Answer& answer) {
-  const ExportFormat& format = exportFormat(options.format);
-  if (!options.output.empty()) requireWritable(options.output, options.mayReplace);
+  const ExportFormat& format = exportFormat(options.output.format);
+  requireWritable(options.output);
   Session session(context);
   const StoredNetwork network = read(session, options, answer);
   NetworkReport report;
-  write(
-      context, options, [&](std::ostream& out) { format.write(network, out, report); }, answer);
+  writeDocument(
+      context, options.output, [&](std::ostream& out) { format.write(network, out, report); },
+      answer);
   tell(network, report, options, answer);
 }
 
 void addOptions(CLI::App& command, ExportOptions& options) {
   std::vector<std::string> names;
   for (const ExportFormat& format : exportFormats()) names.emplace_back(format.name);
-  command.add_option("--format", options.format, "What to write")
-      ->type_name("FORMAT")
-      ->check(CLI::IsMember(names))
-      ->capture_default_str();
   addPartOptions(command, options.part,
                  "Only the layer-2 path from here, as \"zntopo path\" finds it");
   command.get_option("--node")->excludes(command.get_option("--from"));
-  auto* const output =
-      command.add_option("--output", options.output, "A new file (otherwise standard output)")
-          ->type_name("FILE");
-  command.add_flag("--force", options.mayReplace, "Replace the file if it is there")->needs(output);
+  addOutputOptions(command, options.output, names, "What to write")->capture_default_str();
 }
 
 }  // namespace

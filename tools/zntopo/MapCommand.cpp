@@ -4,10 +4,10 @@
 #include <sstream>
 
 #include "tools/export/DotWriter.h"
-#include "tools/export/OutputFile.h"
 #include "tools/network/PlainText.h"
 #include "tools/zntopo/Graphviz.h"
 #include "tools/zntopo/NetworkPart.h"
+#include "tools/zntopo/OutputOptions.h"
 #include "tools/zntopo/Progress.h"
 #include "tools/zntopo/TextTable.h"
 
@@ -22,9 +22,7 @@ struct MapOptions {
   bool hasNoLegend = false;
   int maxNodes = 150;
   std::string layout;
-  std::string format;
-  std::string output;
-  bool mayReplace = false;
+  OutputOptions output;
 };
 
 constexpr const char* kFormats[] = {"svg", "png", "dot"};
@@ -38,15 +36,15 @@ struct Chosen {
   std::string limit;
 };
 
-std::string formatOf(const MapOptions& options) {
+std::string formatOf(const OutputOptions& options) {
   if (!options.format.empty()) return options.format;
-  std::string extension = std::filesystem::path(options.output).extension();
+  std::string extension = std::filesystem::path(options.file).extension();
   extension.erase(0, std::min<std::size_t>(1, extension.size()));
   for (const char* format : kFormats) {
     if (CLI::detail::to_lower(extension) == format) return format;
   }
-  if (options.output.empty()) return "svg";
-  throw Failure(ZN_API_ILLEGAL_INPUT, "The ending of \"" + printable(options.output) +
+  if (options.file.empty()) return "svg";
+  throw Failure(ZN_API_ILLEGAL_INPUT, "The ending of \"" + printable(options.file) +
                                           "\" tells no format: name it .svg, .png or .dot, or use "
                                           "--format.");
 }
@@ -173,36 +171,25 @@ void addToNote(Answer& answer, const std::string& text) {
   if (!text.empty()) answer.note += (answer.note.empty() ? "" : "\n") + text;
 }
 
-void write(const Context& context, const MapOptions& options, const std::string& picture,
-           const std::string& format, Answer& answer) {
-  if (!options.output.empty()) {
-    writeFile(options.output, options.mayReplace, [&](std::ostream& out) { out << picture; });
-    answer.json["output"] = options.output;
-  } else if (!context.isJson) {
-    if (!context.answers.write(picture)) {
-      throw Failure(ZN_API_INTERNAL_ERROR, "Not all of it could be written.");
-    }
-  } else if (format == "png") {
-    throw Failure(ZN_API_ILLEGAL_INPUT, "A PNG is no text: with --json name a file with --output.");
-  } else {
-    answer.json["document"] = picture;
-  }
-}
-
 void map(const Context& context, const MapOptions& options, Answer& answer) {
-  const std::string format = formatOf(options);
-  if (!options.output.empty()) requireWritable(options.output, options.mayReplace);
+  const std::string format = formatOf(options.output);
+  const bool isMember = context.isJson && options.output.file.empty();
+  if (isMember && format == "png") {
+    throw Failure(ZN_API_ILLEGAL_INPUT, "A PNG is no text: with --json name a file with --output.");
+  }
+  requireWritable(options.output);
   Session session(context);
   const Drawing drawing = makeGraph(session, options, answer);
   const std::string picture = format == "dot" ? drawing.graph : drawGraph(drawing.graph, format);
-  write(context, options, picture, format, answer);
+  writeDocument(
+      context, options.output, [&](std::ostream& out) { out << picture; }, answer);
   answer.json["nodes"] = drawing.nodes;
   answer.json["links"] = drawing.links;
   answer.json["limited"] = !drawing.limit.empty();
   addToNote(answer, drawing.limit);
   if (!answer.note.empty()) answer.json["note"] = answer.note;
-  if (options.output.empty()) return;
-  answer.text = "Drew " + options.output + ": " + counted(drawing.nodes, "node") + ", " +
+  if (options.output.file.empty()) return;
+  answer.text = "Drew " + options.output.file + ": " + counted(drawing.nodes, "node") + ", " +
                 counted(drawing.links, "link") + "\n";
 }
 
@@ -227,15 +214,8 @@ void addOptions(CLI::App& command, MapOptions& options) {
   addLimit(command, "--max-nodes", options.maxNodes,
            "Show so many nodes; a limited picture says so");
   addStyle(command, options);
-  command
-      .add_option("--format", options.format,
-                  "What to write (otherwise the ending of the file tells, or it is SVG)")
-      ->type_name("FORMAT")
-      ->check(CLI::IsMember({"svg", "png", "dot"}));
-  auto* const output =
-      command.add_option("--output", options.output, "A new file (otherwise standard output)")
-          ->type_name("FILE");
-  command.add_flag("--force", options.mayReplace, "Replace the file if it is there")->needs(output);
+  addOutputOptions(command, options.output, {std::begin(kFormats), std::end(kFormats)},
+                   "What to write (otherwise the ending of the file tells, or it is SVG)");
 }
 
 }  // namespace
