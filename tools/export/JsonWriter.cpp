@@ -9,7 +9,7 @@ namespace {
 
 Json known(const std::string& text) { return text.empty() ? Json() : Json(text); }
 Json known(const std::optional<int>& number) { return number ? Json(*number) : Json(); }
-Json known(const std::optional<int>& number, std::span<const NumberName> names) {
+Json known(const std::optional<int>& number, std::span<const NumberName<>> names) {
   if (!number) return {};
   const auto name = nameOf(names, *number);
   return name ? Json(*name) : Json(*number);

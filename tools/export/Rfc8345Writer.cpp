@@ -158,7 +158,7 @@ class Writer {
     writeEntity(own, from);
     writeFields(own, from, fields::kNode);
     writeProperties(own, from.properties);
-    for (const NumberName& feature : names::kFeature) {
+    for (const NumberName<>& feature : names::kFeature) {
       if ((from.features & static_cast<unsigned>(feature.number)) != 0) {
         own["feature"].push_back(feature.name);
       }

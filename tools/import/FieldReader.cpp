@@ -93,7 +93,7 @@ std::string readText(const JsonPlace& place, const std::string& name, std::size_
 }
 
 std::optional<int> readNumber(const JsonPlace& place, const std::string& name,
-                              std::span<const NumberName> names, int low, int high,
+                              std::span<const NumberName<>> names, int low, int high,
                               NetworkReport& report) {
   const bool isName = !names.empty() && place.value().is_string();
   const auto number = isName ? numberOf(names, place.text()) : place.number();

@@ -20,7 +20,7 @@ std::string readText(const JsonPlace& place, const std::string& name, std::size_
                      NetworkReport& report);
 /// A number, or its name.
 std::optional<int> readNumber(const JsonPlace& place, const std::string& name,
-                              std::span<const NumberName> names, int low, int high,
+                              std::span<const NumberName<>> names, int low, int high,
                               NetworkReport& report);
 
 /// Reads the members of a JSON object that a table names into an object. What the JSON object

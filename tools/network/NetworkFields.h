@@ -4,9 +4,9 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <string_view>
 #include <variant>
 
+#include "tools/network/FieldWords.h"
 #include "tools/network/NetworkModel.h"
 
 /// @file
@@ -14,28 +14,6 @@
 /// them: one table an object, for whoever reads or writes them by name.
 
 namespace zntopo::tools {
-
-/// A number and its name.
-struct NumberName {
-  int number;
-  const char* name;
-};
-
-/// What a number is called; nothing if it has no name.
-constexpr std::optional<std::string_view> nameOf(std::span<const NumberName> names, int number) {
-  for (const NumberName& one : names) {
-    if (one.number == number) return one.name;
-  }
-  return std::nullopt;
-}
-
-/// The number of a name; nothing if it is none of them.
-constexpr std::optional<int> numberOf(std::span<const NumberName> names, std::string_view name) {
-  for (const NumberName& one : names) {
-    if (name == one.name) return one.number;
-  }
-  return std::nullopt;
-}
 
 /// A member of an object and its name.
 template <typename Object>
@@ -46,62 +24,11 @@ struct Field {
   /// Of texts, in bytes; 0 for no limit.
   std::size_t width = 0;
   /// Of numbers that have names; any other number is still a value.
-  std::span<const NumberName> names = {};
+  std::span<const NumberName<>> names = {};
   /// Of numbers.
   int low = std::numeric_limits<int>::min();
   int high = std::numeric_limits<int>::max();
 };
-
-namespace names {
-
-inline constexpr NumberName kStatus[] = {{0, "no-status"}, {1, "normal"},     {2, "unknown"},
-                                         {3, "warning"},   {4, "marginal"},   {5, "major"},
-                                         {6, "critical"},  {10, "unmanaged"}, {11, "restricted"},
-                                         {12, "testing"},  {13, "disabled"}};
-inline constexpr NumberName kSnmpState[] = {{0, "responding"},
-                                            {1, "not-responding"},
-                                            {2, "unreachable"},
-                                            {3, "agent-down"},
-                                            {4, "disabled"}};
-inline constexpr NumberName kAdminState[] = {{1, "up"}, {2, "down"}, {3, "testing"}};
-inline constexpr NumberName kOperState[] = {
-    {1, "up"},      {2, "down"},        {3, "testing"},         {4, "unknown"},
-    {5, "dormant"}, {6, "not-present"}, {7, "lower-layer-down"}};
-inline constexpr NumberName kNetToMedia[] = {{1, "reachable"}, {2, "stale"},   {3, "delay"},
-                                             {4, "probe"},     {5, "invalid"}, {6, "unknown"}};
-inline constexpr NumberName kPreference[] = {
-    {1, "preferred"}, {2, "deprecated"}, {3, "inaccessible"}, {4, "unknown"}};
-inline constexpr NumberName kOrigin[] = {{1, "stateless"}, {2, "stateful"}, {3, "unknown"}};
-inline constexpr NumberName kHsrpState[] = {{1, "initial"}, {2, "learn"},       {3, "listen"},
-                                            {4, "speak"},   {5, "standby"},     {6, "active"},
-                                            {7, "misc"},    {8, "unavailable"}, {9, "no-response"}};
-inline constexpr NumberName kObjectType[] = {{1, "node"},
-                                             {2, "interface"},
-                                             {4, "vlan"},
-                                             {7, "subnet"},
-                                             {10, "mesh"},
-                                             {11, "hsrp-group"},
-                                             {12, "interface-container"},
-                                             {25, "address"}};
-inline constexpr NumberName kAuditAction[] = {
-    {1, "object-deletion"},      {2, "object-creation"},    {3, "association-creation"},
-    {4, "association-deletion"}, {5, "association-change"}, {6, "attribute-change"}};
-inline constexpr NumberName kAuditDetail[] = {{0, "not-applicable"},
-                                              {1, "layer-2-connection"},
-                                              {2, "vlan-containment"},
-                                              {3, "container-containment"},
-                                              {4, "node-interface-containment"},
-                                              {5, "interface-address-association"},
-                                              {6, "subnet-address-association"},
-                                              {101, "hsrp-address-change"},
-                                              {102, "hsrp-address-add-or-delete"}};
-/// The bits of NodeFeature.
-inline constexpr NumberName kFeature[] = {{SpeaksOspf, "ospf"},    {SpeaksBgp, "bgp"},
-                                          {SpeaksCdp, "cdp"},      {SpeaksStp, "stp"},
-                                          {SpeaksSnmp, "snmp"},    {IsMultiHomed, "multi-homed"},
-                                          {IsWireless, "wireless"}};
-
-}  // namespace names
 
 namespace fields {
 

@@ -1,5 +1,6 @@
 #include <map>
 
+#include "tools/network/FieldWords.h"
 #include "tools/network/StoreStatement.h"
 #include "tools/zntopo/Commands.h"
 #include "tools/zntopo/IsoTime.h"
@@ -14,38 +15,11 @@ namespace {
 using Action = ZNAuditAction;
 using Trail = ZNAuditTrail;
 
-// The words of the files of RFC 8345.
-
-constexpr NumberName<Action::Type> kTypes[] = {
-    {"object-deletion", Action::ObjectDeletion},
-    {"object-creation", Action::ObjectCreation},
-    {"association-creation", Action::AssociationCreation},
-    {"association-deletion", Action::AssociationDeletion},
-    {"association-change", Action::AssociationChange},
-    {"attribute-change", Action::AttributeChange},
-};
-
-constexpr NumberName<Trail::ObjectType> kObjects[] = {
-    {"node", Trail::Node},     {"interface", Trail::IF},    {"vlan", Trail::Vlan},
-    {"subnet", Trail::Subnet}, {"hsrp-group", Trail::HSRP}, {"address", Trail::Address},
-};
-
-constexpr NumberName<Action::Detail> kDetails[] = {
-    {"layer-2-connection", Action::L2Connection},
-    {"vlan-containment", Action::VlanContainment},
-    {"container-containment", Action::IfcContainment},
-    {"node-interface-containment", Action::NodeIFContainment},
-    {"interface-address-association", Action::IFAddressAssociation},
-    {"subnet-address-association", Action::SubnetAddressAssociation},
-    {"hsrp-address-change", Action::HSRPAddressChange},
-    {"hsrp-address-add-or-delete", Action::HSRPAddressAddOrDelete},
-};
-
 struct AuditOptions {
   std::string from;
   std::string to;
-  std::optional<Action::Type> type;
-  std::optional<Trail::ObjectType> object;
+  std::optional<int> type;
+  std::optional<int> object;
 };
 
 /// One action, with what it was done to.
@@ -56,16 +30,9 @@ struct Entry {
   std::string name;
 };
 
-/// The word for a number, or the number itself where there is no word.
-template <typename Number, std::size_t size>
-Json wordOf(const NumberName<Number> (&names)[size], Number number) {
-  const Json word = nameOf(names, number);
-  return word.is_null() ? Json(static_cast<int>(number)) : word;
-}
-
 Json detail(const Entry& entry) {
   if (entry.action.getDetail() == Action::NotApplicable) return nullptr;
-  return wordOf(kDetails, entry.action.getDetail());
+  return nameOrNumber(names::kAuditDetail, entry.action.getDetail());
 }
 
 constexpr Field<Entry> kEntryFields[] = {
@@ -76,10 +43,13 @@ constexpr Field<Entry> kEntryFields[] = {
      .value = [](const Entry& entry) { return Json(entry.action.getActionTimeUTC()); }},
     {.key = "type",
      .head = "TYPE",
-     .value = [](const Entry& entry) { return wordOf(kTypes, entry.action.getType()); }},
+     .value =
+         [](const Entry& entry) {
+           return nameOrNumber(names::kAuditAction, entry.action.getType());
+         }},
     {.key = "object",
      .head = "OBJECT",
-     .value = [](const Entry& entry) { return wordOf(kObjects, entry.kind); }},
+     .value = [](const Entry& entry) { return nameOrNumber(names::kObjectType, entry.kind); }},
     {.key = "name", .head = "NAME", .value = knownMember<&Entry::name>},
     {.key = "id", .head = "ID", .value = member<&Entry::id>},
     {.key = "detail", .head = "DETAIL", .value = detail, .isRare = true},
@@ -111,8 +81,9 @@ void addOptions(CLI::App& command, AuditOptions& options) {
       .add_option("--to", options.to, "Only what was done at this time or before; a day to its end")
       ->type_name("TIME")
       ->check(isTime(DayEnd::Last));
-  addNamedOption(command, "--type", options.type, kTypes, "TYPE", "Only what is of this type");
-  addNamedOption(command, "--object", options.object, kObjects, "OBJECT",
+  addNamedOption(command, "--type", options.type, names::kAuditAction, "TYPE",
+                 "Only what is of this type");
+  addNamedOption(command, "--object", options.object, names::kObjectType, "OBJECT",
                  "Only what was done to objects of this kind");
 }
 
@@ -144,9 +115,9 @@ void audit(const Context& context, const AuditOptions& options, Answer& answer) 
   }
   Session session(context, Session::Load::NodesAlone);
   ZNTopoAPIStatus status;
-  const auto trails =
-      session.api().getAuditTrail(from, to, options.type.value_or(Action::TypeDontCare),
-                                  options.object.value_or(Trail::ObjectTypeDontCare), status);
+  const auto trails = session.api().getAuditTrail(
+      from, to, static_cast<Action::Type>(options.type.value_or(Action::TypeDontCare)),
+      static_cast<Trail::ObjectType>(options.object.value_or(Trail::ObjectTypeDontCare)), status);
   check(status);
   const std::map<std::string, std::string> names = namesOf(session);
   std::vector<Entry> entries;

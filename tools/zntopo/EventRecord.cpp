@@ -36,7 +36,7 @@ Json statusText(const ObjectStatus* status) {
 void tell(const TopologyStatusNotification& event, EventObjects& objects, EventRecord& record) {
   record.kind = "status";
   record.object = objects.object(event.getSrcEntityType(), event.getSrcID());
-  const Json type = nameOf(kStatusTypes, static_cast<int>(event.getv6StatusType()));
+  const Json type = nameOrNull(kStatusTypes, static_cast<int>(event.getv6StatusType()));
   record.state = type.is_null() ? kNodeStatus.key : type.get<std::string>();
   record.was = statusText(event.getPrevStatus());
   record.is = statusText(event.getStatus());
@@ -74,7 +74,7 @@ void tell(const TopologyStateNotification& event, EventObjects& objects, EventRe
   record.discoStartTime = event.getDiscoStartTime();
   record.discoEndTime = event.getDiscoEndTime();
   record.prevDiscoEndTime = event.getPrevDiscoEndTime();
-  record.discovery = nameOf(kDiscoveries, static_cast<int>(event.getDiscoFlag()));
+  record.discovery = nameOrNull(kDiscoveries, static_cast<int>(event.getDiscoFlag()));
 }
 
 /// Tells of an event if it is of a class; false if not. Its type does not say what it is: a

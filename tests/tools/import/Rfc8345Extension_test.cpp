@@ -538,7 +538,7 @@ void expectLeaves(const std::string& module, const Field<Object> (&fields)[count
     if (field.names.empty()) continue;
     // All names of one number stand one behind the other.
     std::string pattern;
-    for (const NumberName& one : field.names) {
+    for (const NumberName<>& one : field.names) {
       pattern += "enum " + std::string(one.name) + " \\{ value " + std::to_string(one.number) +
                  "; \\}\\s*";
     }
@@ -567,7 +567,7 @@ TEST(NetworkFieldsTest, TheYangModuleHasEveryFieldAndItsNames) {
   for (const char* name : fields::kVariableValue) {
     EXPECT_THAT(module, HasSubstr("leaf " + std::string(name) + " {"));
   }
-  for (const NumberName& feature : names::kFeature) {
+  for (const NumberName<>& feature : names::kFeature) {
     EXPECT_THAT(module, HasSubstr("enum " + std::string(feature.name) + ";"));
   }
 }

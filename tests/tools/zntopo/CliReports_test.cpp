@@ -118,6 +118,20 @@ TEST_P(CliReportsTest, AWindowAndKindsLimitTheTrail) {
   }
 }
 
+TEST_P(CliReportsTest, MeshesAndContainersHaveTheWordsThatFilesHaveForThem) {
+  executeOn(store(), "delete from nwtopoaudittrail");
+  for (const auto& [word, kind] : {std::pair("mesh", 10), std::pair("interface-container", 12)}) {
+    executeOn(store(),
+              "insert into nwtopoaudittrail (ActionTimeUTC, ActionType, ObjID, ActionDetail, "
+              "ObjectType, ActionInfo) values (5, 2, '" +
+                  std::string(word) + "', 0, " + std::to_string(kind) + ", null)");
+    const Json found = actions({"--object", word});
+    ASSERT_THAT(found, SizeIs(1));
+    EXPECT_EQ(found[0]["object"], word);
+    EXPECT_EQ(found[0]["id"], word);
+  }
+}
+
 TEST_P(CliReportsTest, NumbersWithoutAWordAreTold) {
   executeOn(store(),
             "insert into nwtopoaudittrail (ActionTimeUTC, ActionType, ObjID, ActionDetail, "
@@ -138,7 +152,7 @@ TEST_P(CliReportsTest, WhatIsNoTimeAndNoWordIsAWrongCall) {
       {{"audit", "--to", "2026-02-30"}, "\"2026-02-30\" is no time"},
       {{"audit", "--from", "1970-01-01"}, "\"1970-01-01\" is before all times"},
       {{"audit", "--type", "explosion"}, "explosion"},
-      {{"audit", "--object", "mesh"}, "mesh"},
+      {{"audit", "--object", "tunnel"}, "tunnel"},
       {{"dump"}, "NODE"},
   };
   for (const auto& [call, complaint] : calls) {

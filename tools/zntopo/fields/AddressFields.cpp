@@ -12,9 +12,11 @@ namespace {
 
 Json id(const AddressDetails& all) { return known(all.object->getAddressID().toString()); }
 
-Json type(const AddressDetails& all) { return nameOf(kAddressTypes, all.object->getAddressType()); }
+Json type(const AddressDetails& all) {
+  return nameOrNull(kAddressTypes, all.object->getAddressType());
+}
 
-Json scope(const AddressDetails& all) { return nameOf(kScopeNames, scopeOf(all.object)); }
+Json scope(const AddressDetails& all) { return nameOrNull(kScopeNames, scopeOf(all.object)); }
 
 Json prefix(const AddressDetails& all) {
   const auto prefix = IpPrefix::parse(textWithLength(all.object));

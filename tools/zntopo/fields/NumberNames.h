@@ -1,25 +1,22 @@
 #pragma once
 
-#include <cstddef>
-
+#include "tools/network/NumberName.h"
 #include "tools/zntopo/Answer.h"
 
 namespace zntopo::tools {
 
-/// A name, as users read and type it, of what the library has a number for.
-template <typename Number>
-struct NumberName {
-  const char* name;
-  Number number;
-};
-
 /// The name of a number; null if it has none.
-template <typename Number, std::size_t size>
-Json nameOf(const NumberName<Number> (&names)[size], Number number) {
-  for (const NumberName<Number>& one : names) {
-    if (one.number == number) return one.name;
-  }
-  return nullptr;
+template <typename Names, typename Number>
+Json nameOrNull(const Names& names, Number number) {
+  const auto name = nameOf(names, number);
+  return name ? Json(*name) : Json();
+}
+
+/// The name of a number; the number itself if it has none.
+template <typename Names, typename Number>
+Json nameOrNumber(const Names& names, Number number) {
+  const auto name = nameOf(names, number);
+  return name ? Json(*name) : Json(static_cast<int>(number));
 }
 
 }  // namespace zntopo::tools

@@ -17,12 +17,7 @@ constexpr struct {
 
 }  // namespace
 
-Json StateKind::value(int number) const {
-  for (const NumberName<int>& one : names) {
-    if (one.number == number) return one.name;
-  }
-  return number;
-}
+Json StateKind::value(int number) const { return nameOrNumber(names, number); }
 
 const StateKind* stateOfAttribute(TopologyAttributeType attribute) {
   for (const auto& [known, kind] : kAttributes) {

@@ -16,7 +16,7 @@ std::string otherPrefix(const SubnetDetails& subnet) {
   return valueText(text == subnet.object->getName() ? Json() : known(text));
 }
 
-Json scope(const SubnetDetails& subnet) { return nameOf(kScopeNames, scopeOf(subnet.address)); }
+Json scope(const SubnetDetails& subnet) { return nameOrNull(kScopeNames, scopeOf(subnet.address)); }
 
 Json nodes(const SubnetDetails& subnet) {
   std::set<std::string> ids;
