@@ -118,15 +118,18 @@ def against_floors(results, places):
 
 
 def growth(results, places):
+    """The ratios at each size, of what was measured at more than one."""
     sizes = sorted({place.nodes for place in places})
     ratios = collections.OrderedDict()
     for place in places:
         for question, library, others in results.answers(place):
-            if "floor" in others:
-                key = (question, place.shape, place.engine)
-                ratios.setdefault(key, {})[place.nodes] = times(library / others["floor"])
-    rows = [[*key, *(by_size.get(size, "") for size in sizes)] for key, by_size in ratios.items()]
-    return table(["operation", "network", "engine"] + [f"{size:,} nodes" for size in sizes], rows)
+            for who, value in others.items():
+                key = (question, who, place.shape, place.engine)
+                ratios.setdefault(key, {})[place.nodes] = times(library / value)
+    rows = [[*key, *(by_size.get(size, "") for size in sizes)]
+            for key, by_size in ratios.items() if len(by_size) > 1]
+    return table(["operation", "beside it", "network", "engine"] +
+                 [f"{size:,} nodes" for size in sizes], rows)
 
 
 def against_others(results, places):

@@ -141,6 +141,8 @@ TEST_P(CutReadTest, WhereverTheReadingFailsTheQueryEndsAndTheNextOneWorks) {
       const Answered answered = askCold(question);
       if (answered.status != question.healthy) ++failures;
       const std::string where = std::string(question.name) + " cut at " + std::to_string(cut);
+      EXPECT_TRUE(mayTell(question, answered.status)) << where << ": " << answered;
+      EXPECT_LE(answered.count, healthy_.answer(i).count) << where;
       expectNobodyHolds(where);
       const int before = ZNDBTestAccess::connectionCount();
       disk_->repair();

@@ -107,17 +107,6 @@ TEST_P(OutageTest, ObjectsReadBeforeItAskAgainWhenTheStoreIsBack) {
   }
 }
 
-/// What a question may tell when the store goes at any moment. A fetch that fails is not told
-/// from the end of the rows, so what was to be found may be missing, too.
-bool mayTell(const Question& question, ZNTopoStatus status) {
-  static const std::set<ZNTopoStatus> always = {
-      ZN_API_DB_NOT_READY,    ZN_API_INVALID_ID, ZN_API_OBJ_NOT_EXIST,
-      ZN_API_UNKNOWN_IP,      ZN_API_NO_PATH,    ZN_API_PATH_PROCESSING_ERROR,
-      ZN_API_EMPTY_OBJID_LIST};
-  return status == question.healthy || isStoreFailure(status) || always.count(status) > 0 ||
-         (question.hidesConnection && status == ZN_API_INTERNAL_ERROR);
-}
-
 /// Threads that ask until they are told to end.
 class Askers {
  public:

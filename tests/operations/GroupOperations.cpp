@@ -78,6 +78,13 @@ constexpr Operation kOperations[] = {
        });
      },
      kOne, Growth::None, kTwoCold, kTwoAlways, kTwoAlways},
+    {"getSubnetByQRMObjID",
+     [](const Desk& desk) {
+       return one([&](ZNTopoAPIStatus& status) {
+         return desk.api.getSubnetByQRMObjID(ObjID(3001), status);
+       });
+     },
+     kOne, Growth::None, kTwoCold, kTwoAlways, kTwoAlways},
     {"getSubnetsByObjIDList", [](const Desk& desk) { return askSubnets(desk, false); }, kLeaves,
      Growth::None, kTwoCold, kTwoAlways, kTwoAlways},
     {"getSubnetsByObjIDList of all subnets",

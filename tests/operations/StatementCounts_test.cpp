@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <map>
+#include <set>
 #include <sstream>
 
 #include "tests/operations/OperationFixture.h"
@@ -175,6 +176,38 @@ TEST(StatementGrowthTest, TheExceptionsAreTheOnesThatRowsNameAndThatTheDocumenta
   for (const Exception& exception : exceptions()) {
     EXPECT_NE(page.find(exception.operation), std::string::npos)
         << "docs/statements.md does not name " << exception.operation << ": " << exception.reason;
+  }
+}
+
+/// The operations of ZNTopoAPI that programs can call, by the list of what the library exports.
+std::set<std::string> exportedOperations() {
+  std::set<std::string> names;
+  std::ifstream file(inSourceTree("cmake/exported-symbols.txt"));
+  const std::string facade = "zntopo::ZNTopoAPI::";
+  for (std::string line; std::getline(file, line);) {
+    if (!line.starts_with(facade)) continue;
+    const std::string name = line.substr(facade.size(), line.find_first_of("([", facade.size()) - facade.size());
+    if (!name.starts_with('~') && name != "ZNTopoAPI") names.insert(name);
+  }
+  return names;
+}
+
+TEST(OperationTableTest, EveryExportedOperationHasARowButThoseThatAskNoStore) {
+  const std::set<std::string> withoutStore = {
+      "ParseDefaultFile",     "ParseXmlFile",         "ParseXmlString",
+      "clearCache",           "getDefaultFileFilterName", "getNodeByMmgtAddr",
+      "getTopoAPIVersion",    "getTopoConfiguration", "getTopoSchemaVersion",
+      "isCacheValid",         "refreshTopology",      "release",
+      "setCacheSize",         "setTopoConfiguration"};
+  std::set<std::string> rows;
+  for (const Operation& operation : allOperations()) {
+    const std::string name = operation.name;
+    rows.insert(name.substr(0, name.find(' ')));
+  }
+  const std::set<std::string> exported = exportedOperations();
+  EXPECT_GT(exported.size(), 60u);
+  for (const std::string& name : exported) {
+    EXPECT_NE(rows.contains(name), withoutStore.contains(name)) << name;
   }
 }
 

@@ -18,7 +18,6 @@ constexpr int kThreads = 8;
 constexpr int kRounds = 3;
 constexpr Size kSize{"shared", 12, 3, true};
 
-/// True if an answer is what the operation gives whatever others do to the cache.
 /// The lines of a form without the values that setters change meanwhile, sorted.
 std::vector<std::string> steadyLines(const Answer& answer) {
   static const std::regex named("(OverallStatus|SnmpState|StatusChangeTime)\\b.*");
@@ -43,6 +42,7 @@ bool isPartOfForm(const Answer& answer, const Answer& whole) {
          std::includes(all.begin(), all.end(), some.begin(), some.end());
 }
 
+/// True if an answer is what the operation gives whatever others do to the cache.
 bool isFitting(const Operation& operation, const Answer& answer, const Answer& whole) {
   if (answer == whole) return true;
   switch (operation.whole) {

@@ -1,7 +1,6 @@
 // What lies around given nodes: their layer-2 connections, and the subnets within so many hops.
 
 #include <map>
-#include <set>
 
 #include "zntopo/api/ZNTopoAPI_Impl.h"
 #include "zntopo/core/MCLog.h"

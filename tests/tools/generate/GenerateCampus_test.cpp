@@ -97,6 +97,16 @@ TEST_P(GenerateTest, TheSameSeedGivesTheSameRows) {
   EXPECT_TRUE(dump() == first);
 }
 
+TEST_P(GenerateTest, ProgressGrowsWhileItIsWritten) {
+  std::vector<double> parts;
+  generateCampus(*connection_, smallPlan(), [&](double part) { parts.push_back(part); });
+  EXPECT_GT(parts.size(), 10u);
+  EXPECT_TRUE(std::is_sorted(parts.begin(), parts.end()));
+  EXPECT_GE(parts.front(), 0);
+  EXPECT_GT(parts.back(), 0.8) << "the last nodes are followed by the indices";
+  EXPECT_LE(parts.back(), 1);
+}
+
 TEST_P(GenerateTest, AnotherSeedGivesOtherRows) {
   const CampusCounts first = generate(smallPlan(1));
   const std::string rows = dump();

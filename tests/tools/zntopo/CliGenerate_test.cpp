@@ -45,6 +45,13 @@ TEST_P(CliGenerateTest, ADryRunShowsTheSameAndWritesNothing) {
               StartsWith("Would write 5 nodes, 20 interfaces, "));
 }
 
+TEST_P(CliGenerateTest, ATerminalShowsABarThatIsWipedAtTheEnd) {
+  const CliResult result = zntopoRunOnTerminal({"generate", "--nodes", "40", "--sites", "2"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_THAT(result.err, testing::ContainsRegex("\r\033\\[KWriting \\[#+[.]+\\] [1-9][0-9]%"));
+  EXPECT_THAT(result.err, testing::EndsWith("\r\033[K"));
+}
+
 TEST_P(CliGenerateTest, AStoreWithTopologyIsRefusedWithWhatToDo) {
   ASSERT_EQ(zntopoRun({"generate", "--ring", "4"}).status, 0);
   const std::string before = dump();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <optional>
 #include <string>
 
 #include "zntopo/api/detail/RowValues.h"

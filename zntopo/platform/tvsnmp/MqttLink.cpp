@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <iterator>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "zntopo/platform/tvsnmp/detail/EventPdu.h"

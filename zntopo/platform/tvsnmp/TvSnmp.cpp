@@ -6,7 +6,6 @@
 #include <charconv>
 #include <cstdlib>
 #include <cstring>
-#include <optional>
 #include <random>
 #include <string>
 #include <utility>

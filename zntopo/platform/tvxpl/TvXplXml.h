@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 
 #include "zntopo/platform/tvxpl/TvXplIo.h"
 #include "zntopo/platform/tvxpl/TvXplMsg.h"
