@@ -90,8 +90,7 @@ class NetworkWriter {
 
   /// With an address of its own, which nobody but filters asks for.
   void addSubnet(int number) {
-    store_.addEntity(subnetID(number), "subnet", 7,
-                     {{"QRMObjId", std::to_string(3000 + number)}});
+    store_.addEntity(subnetID(number), "subnet", 7, {{"QRMObjId", std::to_string(3000 + number)}});
     store_.insert("address", {{"AddressId", uuid(9800 + number, 'f')},
                               {"AddressType", 2},
                               {"ObjId", subnetID(number)},

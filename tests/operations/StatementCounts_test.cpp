@@ -186,19 +186,28 @@ std::set<std::string> exportedOperations() {
   const std::string facade = "zntopo::ZNTopoAPI::";
   for (std::string line; std::getline(file, line);) {
     if (!line.starts_with(facade)) continue;
-    const std::string name = line.substr(facade.size(), line.find_first_of("([", facade.size()) - facade.size());
+    const std::string name =
+        line.substr(facade.size(), line.find_first_of("([", facade.size()) - facade.size());
     if (!name.starts_with('~') && name != "ZNTopoAPI") names.insert(name);
   }
   return names;
 }
 
 TEST(OperationTableTest, EveryExportedOperationHasARowButThoseThatAskNoStore) {
-  const std::set<std::string> withoutStore = {
-      "ParseDefaultFile",     "ParseXmlFile",         "ParseXmlString",
-      "clearCache",           "getDefaultFileFilterName", "getNodeByMmgtAddr",
-      "getTopoAPIVersion",    "getTopoConfiguration", "getTopoSchemaVersion",
-      "isCacheValid",         "refreshTopology",      "release",
-      "setCacheSize",         "setTopoConfiguration"};
+  const std::set<std::string> withoutStore = {"ParseDefaultFile",
+                                              "ParseXmlFile",
+                                              "ParseXmlString",
+                                              "clearCache",
+                                              "getDefaultFileFilterName",
+                                              "getNodeByMmgtAddr",
+                                              "getTopoAPIVersion",
+                                              "getTopoConfiguration",
+                                              "getTopoSchemaVersion",
+                                              "isCacheValid",
+                                              "refreshTopology",
+                                              "release",
+                                              "setCacheSize",
+                                              "setTopoConfiguration"};
   std::set<std::string> rows;
   for (const Operation& operation : allOperations()) {
     const std::string name = operation.name;

@@ -1,6 +1,5 @@
 #pragma once
 
-
 #include "zntopo/platform/tvxpl/TvXplIo.h"
 #include "zntopo/platform/tvxpl/TvXplMsg.h"
 
