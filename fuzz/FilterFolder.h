@@ -7,6 +7,7 @@
 #include <string>
 
 #include "fuzz/Fuzz.h"
+#include "zntopo/filter/FilterNamespace.h"
 
 namespace zntopo::fuzz {
 
@@ -32,8 +33,10 @@ class FilterFolder {
   FilterFolder(const FilterFolder&) = delete;
   FilterFolder& operator=(const FilterFolder&) = delete;
 
-  void write(const std::string& name, const std::string& text) const {
-    std::ofstream(folder_ / name) << text;
+  /// A list of hosts, which documents may name.
+  void writeHosts(const std::string& name) const {
+    std::ofstream(folder_ / name) << "<hosts xmlns='" << kTopologyFilterNamespace
+                                  << "'><host>core-1</host><host>core-2</host></hosts>";
   }
 
  private:

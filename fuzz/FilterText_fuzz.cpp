@@ -1,19 +1,13 @@
 // Outside bytes as the text of a pattern, an exact text and an address, in the language of filters
 // that is installed. Each becomes a literal with that very text, or a concatenation of some, in a
 // condition that is else the one of a harmless text, and SQLite takes the statement.
-#include <sqlite3.h>
-
-#include <fstream>
-#include <iterator>
-#include <memory>
-
+#include "fuzz/EmptyStore.h"
 #include "fuzz/FilterFolder.h"
 #include "zntopo/core/ZNTopoStatus.h"
 #include "zntopo/filter/FilterNamespace.h"
 #include "zntopo/filter/TopoFiltHandler.h"
 #include "zntopo/filter/TopoFiltSql.h"
 #include "zntopo/filter/XMLUtil.h"
-#include "zntopo/platform/tvdbil/TvDbil.h"
 #include "zntopo/platform/tvxpl/Utf8.h"
 
 namespace {
@@ -167,39 +161,6 @@ void compare(const std::string& condition, const std::string& value, const std::
   ZNTOPO_REQUIRE(begin > 0 && reader.isAtEnd());
 }
 
-/// An empty store. The library opens none in memory, so it is a file that need not stay.
-class Store {
- public:
-  Store() {
-    std::ifstream file(ZNTOPO_SOURCE_DIR "/data/schema/sqlite.sql");
-    const std::string script{std::istreambuf_iterator<char>(file), {}};
-    char folder[] = "/tmp/zntopo-fuzz-XXXXXX";
-    ZNTOPO_REQUIRE(mkdtemp(folder));
-    const std::string path = std::string(folder) + "/store.db";
-    sqlite3* database = nullptr;
-    ZNTOPO_REQUIRE(sqlite3_open(path.c_str(), &database) == SQLITE_OK);
-    ZNTOPO_REQUIRE(sqlite3_exec(database, script.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
-    sqlite3_close(database);
-    TvXplMsg::MessageList_t messages;
-    const TvDbil::DbSource_t source(messages, path);
-    connection_ = std::make_unique<TvDbil::DbConnection_t>(messages, &source);
-    ZNTOPO_REQUIRE(connection_->IsValid());
-    take("select NODE.objid from nwnode NODE, address ADDR where 1 = 0");
-    std::filesystem::remove_all(folder);
-  }
-
-  /// Prepares and executes a statement.
-  void take(const std::string& sql) {
-    TvXplMsg::MessageList_t messages;
-    TvDbil::DbStatement_t statement(messages, connection_.get());
-    ZNTOPO_REQUIRE(statement.BindSql(messages, sql.c_str()) == TvDbil::DBIL_SUCCESS);
-    ZNTOPO_REQUIRE(statement.Exec(messages) == TvDbil::DBIL_SUCCESS);
-  }
-
- private:
-  std::unique_ptr<TvDbil::DbConnection_t> connection_;
-};
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -209,7 +170,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static std::string error;
   static const XMLUtil keeper(isStarted, error);
   ZNTOPO_REQUIRE(isStarted);
-  static Store store;
+  static fuzz::EmptyStore store;
   static const Filters plain("ab");
   static const Filters wild("a*b");
 

@@ -329,6 +329,29 @@ std::vector<std::string> badConfiguration(const Scratch& scratch) {
   return {"TV_ETC_PATH=" + scratch.folder().string()};
 }
 
+TEST_P(CliFiltersTest, TheFolderOfTheConfigurationMayHaveAnyName) {
+  const Scratch scratch;
+  const std::string file = scratch.path("filters.xml");
+  std::ofstream(file) << document(
+      "<nodeAssertion name=\"watched\"><operator oper=\"NOOP\"><attribute>"
+      "<HostIDFile>watched.xml</HostIDFile></attribute></operator></nodeAssertion>");
+  for (const char* name : {"with a blank", "50%", "%20", "a#b"}) {
+    SCOPED_TRACE(name);
+    const std::string folder = scratch.path(name);
+    const std::string place = folder + "/conf/qrmrz/topology/filter";
+    std::filesystem::create_directories(place);
+    std::filesystem::copy(inSourceTree("data/filter"), place);
+    std::ofstream(place + "/watched.xml")
+        << "<hosts xmlns=\"" << kSpace << "\"><host>core-1</host></hosts>";
+    const std::vector<std::string> environment = {"TV_ETC_PATH=" + folder};
+    const CliResult run =
+        zntopoRun({"filter", "run", "watched", "--file", file, "--json"}, environment);
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_THAT(run.out, HasSubstr("core-1"));
+    EXPECT_THAT(zntopoRun({"filter", "list"}, environment).out, HasSubstr("Routers"));
+  }
+}
+
 TEST_P(CliFiltersTest, CheckTellsEachFilterThatTheEngineRefusesAtItsPlace) {
   const Scratch scratch;
   const auto environment = badConfiguration(scratch);
