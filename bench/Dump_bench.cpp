@@ -65,7 +65,9 @@ bool xml(ZNTopoAPI& api) {
 
 /// With an empty cache, as the tool begins.
 bool dumpInto(const OutputFile& file, Dump dump) {
-  ZNTopoAPI::setTopoConfiguration(ZNTopoConfig());
+  ZNTopoConfig config;
+  config.setIfcCacheSize(0);  // a clearing leaves the containers
+  ZNTopoAPI::setTopoConfiguration(config);
   ZNTopoAPI api;
   const Redirected redirected(file);
   return dump(api);

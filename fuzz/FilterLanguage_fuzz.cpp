@@ -1,5 +1,6 @@
-// Outside bytes as a document in the language of filters that is installed. Whatever such a document
-// says, each filter that comes of it is one statement that SQLite takes.
+// Outside bytes as a document in the language of filters that is installed. Whatever such a
+// document says, each filter that comes of it is one statement that SQLite takes, within what it
+// can take.
 #include <algorithm>
 
 #include "fuzz/EmptyStore.h"

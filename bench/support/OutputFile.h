@@ -1,8 +1,12 @@
 #pragma once
 
+#include <stdlib.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 
 namespace zntopo::bench {
@@ -10,22 +14,36 @@ namespace zntopo::bench {
 /// A file that each pass writes anew, and that goes with this object.
 class OutputFile {
  public:
-  OutputFile() = default;
-  ~OutputFile() { std::remove(kName); }
+  OutputFile() {
+    std::string name = "zntopo_bench-XXXXXX";
+    const int descriptor = mkstemp(name.data());
+    if (descriptor < 0) throw std::runtime_error("the current folder can't be written to");
+    close(descriptor);
+    name_ = name;
+  }
+  ~OutputFile() { std::remove(name_.c_str()); }
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
 
-  /// The file, empty.
-  std::ofstream open() const { return std::ofstream(kName, std::ios::binary | std::ios::trunc); }
-  void write(const std::string& text) const { open() << text; }
+  /// The file, empty. What can't be written to it throws.
+  std::ofstream open() const {
+    std::ofstream stream(name_, std::ios::binary | std::ios::trunc);
+    stream.exceptions(std::ios::failbit | std::ios::badbit);
+    return stream;
+  }
+  void write(const std::string& text) const {
+    std::ofstream stream = open();
+    stream << text;
+    stream.close();
+  }
 
   std::string content() const {
-    std::ifstream file(kName, std::ios::binary);
+    std::ifstream file(name_, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
  private:
-  static constexpr const char* kName = "zntopo_bench.out";
+  std::string name_;
 };
 
 /// Larger networks are not written: their texts, held in memory for the floor, are of gigabytes.

@@ -53,6 +53,19 @@ TEST_F(ShortMemoryTest, WhereverMemoryRunsOutTheAnswerIsNullWithAFailure) {
   EXPECT_GT(others, 20U);
 }
 
+TEST_F(ShortMemoryTest, ANativeForWhichNoMemoryIsLeftFails) {
+  LocalRef<> answer;
+  {
+    const FailingAllocation failing(0, FailingAllocation::Fails::AllFromThen);
+    answer = {jni, runNative(jni, "getVlans", status, [&](JavaEnv& inner) -> LocalRef<> {
+                setStatus(inner, status, {});
+                throw std::bad_alloc();
+              })};
+  }
+  EXPECT_FALSE(answer);
+  EXPECT_EQ(shown(status), "26 ");
+}
+
 TEST_F(ShortMemoryTest, CountsThatDoNotFitIntoMemoryLeaveNothing) {
   const std::map<std::string, int> map{{"1", 24}, {"2", 3}};
   for (const unsigned long kept : {0UL, 1UL}) {

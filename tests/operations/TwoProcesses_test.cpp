@@ -176,18 +176,20 @@ class Setter {
   ~Setter() {
     close(orders_[1]);
     close(answers_[0]);
+    if (isStuck_) kill(pid_, SIGKILL);
     waitpid(pid_, nullptr, 0);
   }
   Setter(const Setter&) = delete;
   Setter& operator=(const Setter&) = delete;
 
   /// The status of the next step; -1 if there is none within a minute.
-  int step() const {
+  int step() {
     const char order = 'x';
     int status = -1;
     pollfd answer = {answers_[0], POLLIN, 0};
     constexpr int minute = 60'000;
-    if (write(orders_[1], &order, 1) != 1 || poll(&answer, 1, minute) != 1) return -1;
+    isStuck_ = write(orders_[1], &order, 1) != 1 || poll(&answer, 1, minute) != 1;
+    if (isStuck_) return -1;
     return read(answers_[0], &status, sizeof status) == sizeof status ? status : -1;
   }
 
@@ -205,6 +207,7 @@ class Setter {
     _exit(0);
   }
 
+  bool isStuck_ = false;
   int orders_[2] = {-1, -1};
   int answers_[2] = {-1, -1};
   pid_t pid_ = -1;

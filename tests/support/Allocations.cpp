@@ -7,10 +7,12 @@
 namespace {
 
 thread_local unsigned long count = 0;
-thread_local unsigned long failing = 0;  // the number of the allocation that fails
+thread_local unsigned long failing = 0;      // the first allocation that fails,
+thread_local unsigned long lastFailing = 0;  // and the last one
 
 void* allocate(std::size_t size) {
-  return ++count == failing ? nullptr : std::malloc(size != 0 ? size : 1);
+  ++count;
+  return failing <= count && count <= lastFailing ? nullptr : std::malloc(size != 0 ? size : 1);
 }
 
 }  // namespace
@@ -32,10 +34,12 @@ namespace zntopo::test {
 
 unsigned long allocations() { return count; }
 
-FailingAllocation::FailingAllocation(unsigned long others) : number_(count + others + 1) {
+FailingAllocation::FailingAllocation(unsigned long others, Fails fails)
+    : number_(count + others + 1) {
   failing = number_;
+  lastFailing = fails == Fails::One ? number_ : ~0UL;
 }
-FailingAllocation::~FailingAllocation() { failing = 0; }
+FailingAllocation::~FailingAllocation() { lastFailing = 0; }
 bool FailingAllocation::hasFailed() const { return count >= number_; }
 
 }  // namespace zntopo::test

@@ -6,11 +6,12 @@ namespace zntopo::test {
 /// Allocations.cpp counts, for that replaces these functions.
 unsigned long allocations();
 
-/// While it lives, the allocation fails that this thread makes after so many others: that one, and
-/// none after it.
+/// While it lives, the allocation fails that this thread makes after so many others: that one
+/// alone, or all from then on.
 class FailingAllocation {
  public:
-  explicit FailingAllocation(unsigned long others);
+  enum class Fails { One, AllFromThen };
+  explicit FailingAllocation(unsigned long others, Fails fails = Fails::One);
   FailingAllocation(const FailingAllocation&) = delete;
   FailingAllocation& operator=(const FailingAllocation&) = delete;
   ~FailingAllocation();

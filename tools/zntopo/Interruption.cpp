@@ -88,7 +88,11 @@ void Interruption::awaitStop() const {
   if (ready != 0) return;
   // A store does not answer, or a reader does not take the rest of a line.
   if (!isLineBegun_) std::_Exit(EXIT_SUCCESS);
-  dprintf(STDERR_FILENO, "zntopo: the last line is not whole: its reader takes nothing\n");
+  // Standard error may lead to the same reader.
+  pollfd told = {STDERR_FILENO, POLLOUT, 0};
+  if (poll(&told, 1, 0) == 1) {
+    dprintf(STDERR_FILENO, "zntopo: the last line is not whole: its reader takes nothing\n");
+  }
   std::_Exit(EXIT_FAILURE);
 }
 

@@ -17,6 +17,20 @@ void setStatus(JavaEnv& env, jobject statusArg, const ZNTopoAPIStatus& status) {
                         env.text(status.getAuxMsg()));
 }
 
+namespace {
+
+/// Without a text, which would have to be made.
+void tellEndShortly(JNIEnv* jni, jobject statusArg) noexcept {
+  try {
+    JavaEnv env(jni);
+    setStatus(env, statusArg, {ZN_API_INTERNAL_ERROR, ""});
+  } catch (const std::exception&) {
+    // There is no memory for that, either.
+  }
+}
+
+}  // namespace
+
 void tellEnd(JNIEnv* jni, const char* native, jobject statusArg,
              const std::exception& end) noexcept {
   try {
@@ -25,7 +39,7 @@ void tellEnd(JNIEnv* jni, const char* native, jobject statusArg,
     setStatus(env, statusArg,
               {ZN_API_INTERNAL_ERROR, std::string(native) + "() ended early: " + end.what()});
   } catch (const std::exception&) {
-    // There is no memory for that, either.
+    tellEndShortly(jni, statusArg);
   }
 }
 

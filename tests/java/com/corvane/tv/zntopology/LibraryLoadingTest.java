@@ -6,7 +6,10 @@ import static org.junit.jupiter.api.Assertions.assertNotNull;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import java.io.File;
 import java.io.IOException;
+import java.net.URI;
+import java.net.URISyntaxException;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Path;
 import java.util.jar.Attributes;
@@ -44,9 +47,9 @@ class LibraryLoadingTest {
   }
 
   @Test
-  void theJarSaysWhatItIs() throws IOException {
-    String jar = TopoStatusCode.class.getProtectionDomain().getCodeSource().getLocation().getPath();
-    try (JarFile file = new JarFile(jar)) {
+  void theJarSaysWhatItIs() throws IOException, URISyntaxException {
+    URI jar = TopoStatusCode.class.getProtectionDomain().getCodeSource().getLocation().toURI();
+    try (JarFile file = new JarFile(new File(jar))) {
       Attributes values = file.getManifest().getMainAttributes();
       assertEquals("ZNTopo", values.getValue("Implementation-Title"));
       assertTrue(values.getValue("Implementation-Version").matches("\\d+\\.\\d+\\.\\d+"));
