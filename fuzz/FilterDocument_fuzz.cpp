@@ -10,7 +10,7 @@ using namespace zntopo;
 /// The files of the tests, and one that "HostIDFile" elements may name.
 struct Configuration : fuzz::FilterFolder {
   Configuration() : FilterFolder(ZNTOPO_SOURCE_DIR "/tests/filter/config") {
-    writeHosts("hosts.xml");
+    writeHosts("hosts.xml", "<host>core-1</host><host>core-2</host>");
   }
 };
 

@@ -34,9 +34,9 @@ class FilterFolder {
   FilterFolder& operator=(const FilterFolder&) = delete;
 
   /// A list of hosts, which documents may name.
-  void writeHosts(const std::string& name) const {
-    std::ofstream(folder_ / name) << "<hosts xmlns='" << kTopologyFilterNamespace
-                                  << "'><host>core-1</host><host>core-2</host></hosts>";
+  void writeHosts(const std::string& name, const std::string& hosts) const {
+    std::ofstream(folder_ / name) << "<hosts xmlns='" << kTopologyFilterNamespace << "'>" << hosts
+                                  << "</hosts>";
   }
 
  private:

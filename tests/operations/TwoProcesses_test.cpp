@@ -213,7 +213,7 @@ class Setter {
   pid_t pid_ = -1;
 };
 
-void expectEachStep(const Setter& setter, TopologyNotificationClient& client) {
+void expectEachStep(Setter& setter, TopologyNotificationClient& client) {
   for (const Step& step : kSteps) {
     EXPECT_EQ(step.inCache(), step.before) << step.event;
     ASSERT_EQ(setter.step(), ZN_API_SUCCESS) << step.event;
@@ -239,7 +239,7 @@ TEST_P(TwoProcessesTest, TheOneSeesInItsCacheWhatTheOtherSetBeforeItSeesTheEvent
     const EventBroker broker;
     setEnv("TV_EVENT_BROKER", broker.name());
     // Before this process has threads and connections.
-    const Setter setter;
+    Setter setter;
     const auto held = node();
     ASSERT_FALSE(held.isNull() || interface().isNull() || address().isNull());
     ASSERT_FALSE(group().isNull() || association().isNull());

@@ -342,7 +342,7 @@ TEST_P(CliFiltersTest, TheFolderOfTheConfigurationMayHaveAnyName) {
     std::filesystem::create_directories(place);
     std::filesystem::copy(inSourceTree("data/filter"), place);
     std::ofstream(place + "/watched.xml")
-        << "<hosts xmlns=\"" << kSpace << "\"><host>core-1</host></hosts>";
+        << "<hosts xmlns=\"" << kSpace << "\"><name>core-1</name></hosts>";
     const std::vector<std::string> environment = {"TV_ETC_PATH=" + folder};
     const CliResult run =
         zntopoRun({"filter", "run", "watched", "--file", file, "--json"}, environment);
