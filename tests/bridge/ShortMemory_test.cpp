@@ -35,6 +35,8 @@ TEST_F(ShortMemoryTest, ANativeThatCantGoOnIsNullAndItsStatusTells) {
 
 TEST_F(ShortMemoryTest, WhereverMemoryRunsOutTheAnswerIsNullWithAFailure) {
   const ZNRefPtr<ZNNode> node = madeNode("n1", {record("i1", "n1", "i2", "n2")}, 3);
+  // The log is made once, and does without a line if it can't be.
+  MCLog::log(MC_CRITICAL, "memory runs out");
   unsigned long others = 0;
   for (bool hasFailed = true; hasFailed; ++others) {
     LocalRef<> answer;
@@ -63,7 +65,7 @@ TEST_F(ShortMemoryTest, ANativeForWhichNoMemoryIsLeftFails) {
               })};
   }
   EXPECT_FALSE(answer);
-  EXPECT_EQ(shown(status), "26 ");
+  EXPECT_THAT(shown(status), testing::StartsWith("26 "));
 }
 
 TEST_F(ShortMemoryTest, CountsThatDoNotFitIntoMemoryLeaveNothing) {

@@ -19,14 +19,19 @@ void setStatus(JavaEnv& env, jobject statusArg, const ZNTopoAPIStatus& status) {
 
 namespace {
 
-/// Without a text, which would have to be made.
+/// With no text, and with the JVM alone: nothing here takes memory of this library.
 void tellEndShortly(JNIEnv* jni, jobject statusArg) noexcept {
-  try {
-    JavaEnv env(jni);
-    setStatus(env, statusArg, {ZN_API_INTERNAL_ERROR, ""});
-  } catch (const std::exception&) {
-    // There is no memory for that, either.
+  if (statusArg == nullptr || jni->ExceptionCheck() != JNI_FALSE) return;
+  jclass const type = jni->GetObjectClass(statusArg);
+  const JavaMethod& method = kJavaMethods[M_setStatus];
+  jmethodID const setter = jni->GetMethodID(type, method.name, method.descriptor);
+  if (setter == nullptr) {
+    jni->ExceptionClear();  // of another class
+  } else if (jstring const text = jni->NewStringUTF("")) {
+    jni->CallVoidMethod(statusArg, setter, static_cast<jint>(ZN_API_INTERNAL_ERROR), text);
+    jni->DeleteLocalRef(text);
   }
+  jni->DeleteLocalRef(type);
 }
 
 }  // namespace
