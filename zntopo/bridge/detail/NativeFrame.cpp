@@ -29,6 +29,7 @@ void tellEndShortly(JNIEnv* jni, jobject statusArg) noexcept {
     jni->ExceptionClear();  // of another class
   } else if (jstring const text = jni->NewStringUTF("")) {
     jni->CallVoidMethod(statusArg, setter, static_cast<jint>(ZN_API_INTERNAL_ERROR), text);
+    static_cast<void>(jni->ExceptionCheck());  // the JVM wants it asked; what was thrown stays
     jni->DeleteLocalRef(text);
   }
   jni->DeleteLocalRef(type);
