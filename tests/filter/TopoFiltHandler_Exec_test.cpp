@@ -218,7 +218,7 @@ TEST_P(ExecFilterTest, WithoutAConnectionAnInternalErrorStandsForTheHoldersStatu
   filters_.define("f", " NODE.entityname = 'core' ", "Node");
   setenv("TV_TOPO_STORE", "/nonexistent/zntopo/topology.db", 1);
   ZNDBTestAccess::forget();
-  const CapturedLog log;
+  const CapturedLog log(MC_CRITICAL);  // nothing less is heard
   EXPECT_THAT(run("f"), IsEmpty());
   EXPECT_EQ(status_.getStatus(), ZN_API_INTERNAL_ERROR);
   EXPECT_TRUE(status_.getAuxMsg().ends_with("  Failed to get a connection.\n"));
